@@ -1,0 +1,40 @@
+# Settings that every target of the project shares.
+
+function(vellum_warnings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+                                           -Wnull-dereference -Wimplicit-fallthrough)
+  if(VELLUM_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  target_compile_definitions(${target} PRIVATE QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+  if(VELLUM_SANITIZE)
+    target_compile_options(${target} PUBLIC -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize=vptr)
+    target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# vellum_library(<folder> [TARGET <name>] LINKS <targets...>): the static library of all sources in one folder of the
+# project. It is named as the folder unless the build system keeps that word for itself.
+function(vellum_library folder)
+  cmake_parse_arguments(ARG "" "TARGET" "LINKS" ${ARGN})
+  set(library ${folder})
+  if(ARG_TARGET)
+    set(library ${ARG_TARGET})
+  endif()
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/${folder}/*.h
+       ${PROJECT_SOURCE_DIR}/${folder}/*.qrc)
+  if(NOT sources MATCHES "\\.cpp")
+    add_library(${library} INTERFACE) # a floor that nothing stands on yet
+    target_include_directories(${library} INTERFACE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${library} INTERFACE ${ARG_LINKS})
+    return()
+  endif()
+  add_library(${library} STATIC ${sources})
+  # Without this a header that joins the folder is not seen by moc until some older header changes.
+  set(headers ${sources})
+  list(FILTER headers INCLUDE REGEX "\\.h$")
+  set_target_properties(${library} PROPERTIES AUTOGEN_TARGET_DEPENDS "${headers}")
+  target_include_directories(${library} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${library} PUBLIC ${ARG_LINKS})
+  vellum_warnings(${library})
+endfunction()
