@@ -1,0 +1,11 @@
+// Where the program keeps what must outlive it but is nobody's document.
+#pragma once
+
+#include <QByteArray>
+
+namespace vellum {
+
+// $XDG_STATE_HOME/vellumcraft, by default under ~/.local/state. Makes nothing.
+[[nodiscard]] QByteArray StateFolder();
+
+}  // namespace vellum
