@@ -1,0 +1,58 @@
+// The settings store: strings addressed by application key, section and key, in one file that only its owner can read.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+
+namespace vellum {
+
+// All three parts of an address compare without case; stored spelling is that of the first write.
+//
+// A file that can't be understood is kept aside as settings.json.damaged, with a warning, and the store starts empty.
+//
+// Several running instances may share the file: a write takes the file's lock, takes over what others have written
+// since, and replaces the file as a whole, so a killed process leaves either the old or the new one. Reads come from
+// memory; changes by others are taken over when the file changes on disk.
+class SettingsStore : public QObject {
+    Q_OBJECT
+public:
+    explicit SettingsStore(QString path, QObject* parent = nullptr);
+    ~SettingsStore() override;
+
+    // $XDG_CONFIG_HOME/vellumcraft/settings.json
+    [[nodiscard]] static QString DefaultPath();
+
+    // The stored value, or `fallback` when there is none. Writes nothing.
+    [[nodiscard]] QString Read(QStringView application, QStringView section, QStringView key,
+                               const QString& fallback = {}) const;
+    [[nodiscard]] bool Contains(QStringView application, QStringView section, QStringView key) const;
+
+    // False when the file can't be written; the value then lives until the process ends, and every later write tries
+    // again to store it. A value that is stored already costs no write. Within a batch the answer is always true.
+    bool Write(QStringView application, QStringView section, QStringView key, const QString& value);
+
+    // Removes a whole application key. False when there is none or the file can't be written.
+    bool DeleteApplication(QStringView application);
+    bool DeleteSection(QStringView application, QStringView section);
+
+    // While one stands, writes gather in memory, where reads see them; the last one to go writes the file once.
+    class Batch {
+    public:
+        explicit Batch(SettingsStore& store);
+        ~Batch();
+        Batch(const Batch&) = delete;
+        Batch& operator=(const Batch&) = delete;
+
+    private:
+        SettingsStore& store_;
+    };
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d_;
+};
+
+}  // namespace vellum
