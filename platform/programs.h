@@ -1,0 +1,41 @@
+// Starting other programs, and the desktop's default handlers.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace vellum {
+
+// Splits a command at blanks outside double quotes, appends `argument` when it is not empty, and starts the program
+// detached in `workingDirectory` (else the current one). A command that is the path of a program, blanks and all, is
+// taken whole. False when there is no such program or it can't be started.
+bool RunCommand(const QString& command, const QString& argument = {}, const QString& workingDirectory = {});
+
+// Opens a file or address with the program the desktop has for it; a relative path is taken from `workingDirectory`.
+// False when the file is missing or the desktop has no program. Waits half a second at most to learn that.
+bool OpenWithDefault(const QString& pathOrAddress, const QString& workingDirectory = {});
+
+// The full path of a program on the search path, by the name of its counterpart ("calc.exe") or its own; empty if none.
+[[nodiscard]] QString FindProgram(const QString& name);
+
+// "Edit with Vellumcraft" for HTML files: the text of a desktop entry that runs `program`.
+[[nodiscard]] QString EditVerbDesktopEntry(const QString& program);
+
+// Writes that entry into the person's applications folder and lets the desktop know. The program that opens HTML files
+// by default stays what it is. False when it can't be written.
+bool AddEditVerb(const QString& program);
+
+// Directory joined with a name; the drive root gets no second separator, and no directory gives the bare name.
+[[nodiscard]] QString JoinPath(const QString& directory, const QString& name);
+
+// The program's own directory for the author's work: "Vellumcraft" in the documents folder, made when missing; the
+// person's home when it can't be made.
+[[nodiscard]] QString OwnDirectory();
+
+// A read-only data file or folder of the program (for instance "Dtd/svg.dtd"): beside the binary, in the installed
+// share folder, or in the source tree of a build. Empty when it is nowhere.
+[[nodiscard]] QString DataPath(const QString& relative);
+// The same for a binary in `programDirectory`.
+[[nodiscard]] QString DataPathFrom(const QString& programDirectory, const QString& relative);
+
+}  // namespace vellum
