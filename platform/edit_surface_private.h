@@ -1,0 +1,76 @@
+// What the units of the edit surface share. Positions are the toolkit's: a line end counts as one character there.
+#pragma once
+
+#include "platform/edit_surface.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextLayout>
+
+namespace vellum {
+
+// Lines of this many characters and more cost too much to be laid out and painted as others are.
+inline constexpr int overlongLine = 10000;
+
+inline constexpr int noWrapMargin = 1000000;  // twips; from here on nothing wraps
+
+struct EditSurface::Private {
+    explicit Private(EditSurface& surface) : q(surface) {}
+
+    EditSurface& q;
+    FormatStore formats;
+    int formatVersion = 1;                // blocks whose user state differs have layouts with outdated formats
+    std::optional<CharFormat> insertion;  // what the next typed characters take, until the caret moves
+    std::optional<CharFormat> arriving;   // what the text being inserted takes
+    quint64 revision = 0;
+    quint64 savedRevision = 0;
+    TextFormat fileFormat;
+    bool loading = false;    // the document is being filled; its reports don't count
+    bool composing = false;  // an input method shows or hides what isn't text yet
+    bool replacing = false;  // Replace reports the change itself
+    bool unreported = false;
+    int knownAnchor = 0;
+    int knownCaret = 0;
+    QString fontFamily;
+    QString pointSize;
+    ColorNumber foreColor = 0;
+    ColorNumber backColor = 0xFFFFFF;
+    int rightMargin = noWrapMargin;
+
+    [[nodiscard]] int OffsetOf(int position) const;
+    [[nodiscard]] int PositionOf(int offset) const;
+    [[nodiscard]] TextPlace PlaceOf(int position) const;
+    // `length` characters from `position`, with "\n" at line ends.
+    [[nodiscard]] QString Characters(int position, int length) const;
+
+    // The one way of text into the document and out of it, but for what the toolkit does on its own. The caret goes
+    // behind the new text.
+    void Replace(int position, int length, const QString& text, const CharFormat& format);
+    void ReplaceSelection(const QString& text);
+    [[nodiscard]] CharFormat InsertionFormat() const;
+    [[nodiscard]] CharFormat FormatBefore(TextPlace place) const;  // of the character before it; the base at the start
+
+    void OnContentsChange(int position, int removed, int added);
+    void OnContentsChanged();
+    void OnCaretMoved();
+    void ReportChange();
+
+    void ChangeFormat(const FormatChange& change);  // of the selection or the next characters
+    void ChangeFormat(int from, int to, const FormatChange& change);
+    void MarkOutdated(int firstLine, int lastLine);
+    void MarkAllOutdated();
+    // Gives a block's layout the formats of its line when it has others.
+    void HandFormats(QTextBlock block);
+    // The same for the overlong lines among some, at once: so they aren't laid out twice, here and when painted.
+    void HandOverlongFormats(int firstLine, int lastLine);
+    [[nodiscard]] QList<QTextLayout::FormatRange> RangesOf(const QTextBlock& block) const;
+    void HandVisibleFormats(int bottom);
+
+    void ApplyColors();
+    void ApplyRightMargin();
+
+    [[nodiscard]] bool HandleDeletion(QKeyEvent* event);
+    [[nodiscard]] bool HandleTyping(QKeyEvent* event);
+};
+
+}  // namespace vellum
