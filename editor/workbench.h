@@ -1,0 +1,79 @@
+// What all code may see of the main window: the active document, the shared values, the one way of text into a
+// document, the hint line. MDIform1 is one; a test makes another.
+#pragma once
+
+#include "platform/prompts.h"
+#include "platform/settings_store.h"
+#include "platform/units.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+class QWidget;
+
+namespace vellum {
+
+class Document;
+
+// Values that every window reads and writes.
+struct SharedValues {
+    double TablesColor = 8388736;
+    double FramesColor = 192;
+    double LinksColor = 8388608;
+    double CommentsColor = 8421504;
+    double OtherColor = 32768;
+    std::int32_t AspColor = 6776628;
+    std::int16_t NewDocCount = 1;  // blank documents made in this session
+    bool StopClosing = false;      // a document's close was cancelled
+    QString EditorFontSize = QStringLiteral("8.5");
+    QString EditorFontName = QStringLiteral("Courier New");
+    std::int32_t ColorSpanStart = 0;
+    std::int32_t ColorSpanLength = 0;  // 0 asks for a full pass
+    bool UsePreview = true;            // the session's document kind, fixed at start
+    std::int16_t RefreshRate = 7;      // seconds, 1 to 30
+    std::int16_t AutoEmptySlash = 1;
+    std::int16_t AutoQuote = 0;
+    std::int16_t AutoCase = 1;
+};
+
+class Workbench : public SharedValues {
+public:
+    Workbench() = default;
+    virtual ~Workbench() = default;
+    Workbench(const Workbench&) = delete;
+    Workbench& operator=(const Workbench&) = delete;
+
+    [[nodiscard]] virtual Document* ActiveDocument() const = 0;  // null when no document is open
+    [[nodiscard]] virtual SettingsStore& Settings() = 0;
+    [[nodiscard]] virtual Prompts& Ask() = 0;
+    [[nodiscard]] virtual QWidget* Window() = 0;  // the parent of dialogs
+
+    // Open documents as decimal text; "0" switches off the commands that need one.
+    [[nodiscard]] virtual QString OpenDocCount() const = 0;
+    virtual void SetOpenDocCount(const QString& count) = 0;
+
+    // Panels of the status bar count from 1; the third is the hint line.
+    virtual void SetPanel(int panel, const QString& text) = 0;
+    void SetHint(const QString& text) { SetPanel(3, text); }
+
+    [[nodiscard]] virtual QStringList FontNames() const = 0;
+    [[nodiscard]] virtual QString WebsiteDirectory() const = 0;  // the directory that File2 shows
+    virtual void RefreshWebsite() = 0;                           // File2 reads its directory again
+
+    virtual void Smartcolor() = 0;
+    virtual void PortableColor(QString& markup) = 0;
+    virtual void Addstuff(const QString& open, const QString& close) = 0;
+    virtual void HideAttr() = 0;
+    virtual void AddRecentFile(const QString& path) = 0;
+    virtual void SetWrapChecked(bool checked) = 0;  // the check mark of the Word Wrap item
+    // Makes a window of the session's kind and shows it. The caption is still "New", the count untouched.
+    virtual Document* CreateDocument() = 0;
+    virtual void LoadPage(QString& html) = 0;
+};
+
+// True for documents that get no colours and no markup assists, told by the caption's last letters alone.
+[[nodiscard]] bool IsScriptCaption(const QString& caption);
+
+}  // namespace vellum

@@ -1,0 +1,109 @@
+#include "editor/document.h"
+
+#include "editor/workbench.h"
+#include "tests/support/scripted_prompts.h"
+
+#include <QFrame>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vellum {
+namespace {
+
+class TestWorkbench : public Workbench {
+public:
+    [[nodiscard]] Document* ActiveDocument() const override { return nullptr; }
+    [[nodiscard]] SettingsStore& Settings() override { return settings_; }
+    [[nodiscard]] Prompts& Ask() override { return prompts_; }
+    [[nodiscard]] QWidget* Window() override { return nullptr; }
+    [[nodiscard]] QString OpenDocCount() const override { return "1"; }
+    void SetOpenDocCount(const QString& /*count*/) override {}
+    void SetPanel(int /*panel*/, const QString& /*text*/) override {}
+    [[nodiscard]] QStringList FontNames() const override { return {}; }
+    [[nodiscard]] QString WebsiteDirectory() const override { return {}; }
+    void RefreshWebsite() override {}
+    void Smartcolor() override {}
+    void PortableColor(QString& /*markup*/) override {}
+    void Addstuff(const QString& /*open*/, const QString& /*close*/) override {}
+    void HideAttr() override {}
+    void AddRecentFile(const QString& /*path*/) override {}
+    void SetWrapChecked(bool /*checked*/) override {}
+    Document* CreateDocument() override { return nullptr; }
+    void LoadPage(QString& /*html*/) override {}
+
+private:
+    QTemporaryDir folder_;
+    SettingsStore settings_{folder_.filePath("settings.json")};
+    test::ScriptedPrompts prompts_;
+};
+
+class PlainDocument : public Document {
+public:
+    using Document::Document;
+    void ResizeMe() override {}
+};
+
+class DocumentTest : public testing::Test {
+protected:
+    TestWorkbench workbench;
+    PlainDocument document{workbench};
+};
+
+TEST_F(DocumentTest, HoldsTheSurfaceAndTheHiddenPopup) {
+    EXPECT_EQ(document.findChild<EditSurface*>("Text1"), document.Text1);
+    EXPECT_EQ(document.findChild<QFrame*>("picAttr"), document.picAttr);
+    EXPECT_EQ(document.picAttr->findChild<QListWidget*>("cmbTags"), document.cmbTags);
+    EXPECT_EQ(document.picAttr->findChild<QListWidget*>("cmbattr"), document.cmbattr);
+    document.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&document));
+    EXPECT_FALSE(document.picAttr->isVisible());
+    EXPECT_EQ(document.picAttr->x(), 133);  // 2000 twips
+    document.picAttr->show();
+    EXPECT_FALSE(document.cmbTags->isVisible());
+    EXPECT_FALSE(document.cmbattr->isVisible());
+}
+
+TEST_F(DocumentTest, StartsSavedAndUnnamed) {
+    EXPECT_TRUE(document.Saver());
+    EXPECT_FALSE(document.usingKeys);
+    EXPECT_FALSE(document.WordWrapOn);
+    EXPECT_EQ(document.Caption(), "New");
+    EXPECT_EQ(document.windowTitle(), "New");
+    EXPECT_TRUE(document.NeverSaved());
+}
+
+TEST_F(DocumentTest, ACaptionIsShownAsTyped) {
+    QSignalSpy changed(&document, &Document::CaptionChanged);
+    document.SetCaption("/x/a[*].htm");
+    EXPECT_EQ(document.Caption(), "/x/a[*].htm");
+    EXPECT_EQ(document.windowTitle(), "/x/a[*][*].htm");  // the toolkit's spelling of the three characters
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed.at(0).at(0).toString(), "/x/a[*].htm");
+    EXPECT_FALSE(document.NeverSaved());
+    document.SetCaption("Newsletter.htm");
+    EXPECT_TRUE(document.NeverSaved());
+}
+
+TEST_F(DocumentTest, TypingEndsTheSavedState) {
+    QSignalSpy changed(&document, &Document::SaverChanged);
+    document.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&document));
+    QTest::keyClicks(document.Text1, "ab");
+    EXPECT_FALSE(document.Saver());
+    EXPECT_EQ(changed.count(), 1);
+    document.SetSaver(true);
+    EXPECT_TRUE(document.Saver());
+    QTest::keyClick(document.Text1, Qt::Key_Backspace);
+    EXPECT_FALSE(document.Saver());
+    document.SetSaver(true);
+    QTest::keyClick(document.Text1, Qt::Key_Left);
+    document.Text1->SetFormat(0, 1, {0xFF, true});
+    EXPECT_TRUE(document.Saver());  // neither the caret nor colours are text
+}
+
+}  // namespace
+}  // namespace vellum
