@@ -1,0 +1,101 @@
+// The live preview: writes a document's text to its caching file and sends the document's browser there.
+#pragma once
+
+#include "preview/caching_writer.h"
+
+#include <QFutureWatcher>
+#include <QObject>
+
+#include <optional>
+
+class QTimer;
+
+namespace vellum {
+
+class BrowserSurface;
+class Document;
+class Workbench;
+
+// What a document window that has a preview gives the pipeline.
+class PreviewHost {
+public:
+    PreviewHost() = default;
+    virtual ~PreviewHost() = default;
+    PreviewHost(const PreviewHost&) = delete;
+    PreviewHost& operator=(const PreviewHost&) = delete;
+
+    [[nodiscard]] virtual BrowserSurface& Browser() = 0;
+    [[nodiscard]] virtual QTimer& RefreshTimer() = 0;  // runs while there is something to refresh
+    [[nodiscard]] virtual bool AutoPreviewOn() const = 0;
+    [[nodiscard]] virtual Document& OwnDocument() = 0;
+};
+
+// One a document. Each change of the text starts the refresh timer unless it runs; the owner connects the timer's tick
+// to Refresh and starts it for the first time. Encoding and writing happen on a worker thread, and the document's Saver
+// and file are never touched. When a page has come, the keyboard returns from the page to the text, if that window is
+// the active one.
+class PreviewPipeline : public QObject {
+    Q_OBJECT
+public:
+    // The pipeline is a child object of the host's document, and may be a member of it as well.
+    PreviewPipeline(Workbench& workbench, PreviewHost& host);
+
+    // A tick of the refresh timer. The timer stops when the file stands and the text is still the same; a file that
+    // can't be written leaves it running, without a word.
+    void Refresh();
+
+    // Tab 1: the same at once, whatever the AutoPreview box says. A failure tells "Trouble with IE".
+    void PreviewNow();
+
+    // Tab 2: the window of several resolutions, when there is a text to show in it.
+    void MultiPreview();
+
+    // Tab 3: the visual editor, on a copy of the text whose path goes to `cachePath`. Refuses documents with framesets.
+    void VisualEdit(QString& cachePath);
+
+    // What is being written will not be shown: another page has been sent to the browser.
+    void ForgetPending();
+
+    [[nodiscard]] bool IsWriting() const { return writing_.has_value(); }
+
+private:
+    struct Order {
+        quint64 revision = 0;  // of the text that is written
+        bool byTab = false;
+        bool forgotten = false;
+    };
+
+    [[nodiscard]] QString DocumentPath() const;  // the caching file
+    [[nodiscard]] int ScrollOffset() const;
+    void Write(CachingJob job, Order order);
+    void Written();
+    void TellTrouble();
+    void ReturnFocus();
+
+    Workbench& workbench_;
+    PreviewHost& host_;
+    QFutureWatcher<bool> watcher_;
+    QString path_;  // of the file that is being written
+    std::optional<Order> writing_;
+    bool again_ = false;  // tab 1 was asked for while a file was being written
+};
+
+// Shows a page that the program made: writes it to "caching.htm" in the website directory and sends the active
+// document's browser there, whose refresh timer stops. Opens a document when there is none. In a session without
+// previews the page goes to the first external browser.
+void LoadPage(Workbench& workbench, const QString& html);
+
+// The same for the window of `host`, be it the active one or not, in a session with previews. The browser is visible
+// afterwards unless the page can be put nowhere.
+void ShowPageIn(Workbench& workbench, PreviewHost& host, const QString& html);
+
+// Shows the active document in the external browser `index`, 0 to 2, or in the system's when none is set.
+void OpenInExternalBrowser(Workbench& workbench, int index);
+
+// `path`, a caching file, or another name beside it when an open document is that file.
+[[nodiscard]] QString PathBesideOpenDocuments(Workbench& workbench, const QString& path);
+
+// True, with a message, when the active document has a frameset, which the visual editor can't load.
+bool RefuseFrameset(Workbench& workbench);
+
+}  // namespace vellum
