@@ -1,0 +1,154 @@
+#include "tools/new_wizards.h"
+
+#include "platform/icons.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QToolButton>
+
+#include <array>
+
+namespace vellum {
+namespace {
+
+constexpr int columns = 3;
+
+// In the order of the labels.
+constexpr std::array icons{"blank-document", "quickstart", "resume",      "frames",     "slide-show",
+                           "structural",     "contents",   "application", "style-sheet"};
+
+}  // namespace
+
+const QStringList& NewWizardLabels() {
+    static const QStringList labels{
+        "Blank Document",  "Quickstart Wizard", "Resume Wizard",    "Frame Builder",        "Slide Show Wizard",
+        "Structural Tags", "Table of Contents", "HTML Application", "External Style Sheet",
+    };
+    return labels;
+}
+
+NewWizards::NewWizards(QWidget* parent) : QDialog(parent) {
+    setObjectName("NewWizards");
+    setWindowTitle("New...");
+    auto* grid = new QGridLayout(this);
+    grid->setHorizontalSpacing(24);
+    for (int index = 0; index < NewWizardLabels().size(); ++index) AddChoice(index, grid);
+    auto* cancel = new QPushButton("&Cancel", this);
+    cancel->setObjectName("cmdCancel");
+    cancel->setAutoDefault(
+        false);  // Enter belongs to the picture that has the focus, so Cancel must not look as if it did
+    cancel->installEventFilter(this);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    grid->addWidget(cancel, grid->rowCount(), columns - 1, Qt::AlignRight);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    Image1.front()->setFocus();
+}
+
+void NewWizards::AddChoice(int index, QGridLayout* grid) {
+    const QString& text = NewWizardLabels().at(index);
+    auto* picture = new QToolButton(this);
+    picture->setObjectName(QString("Image1(%1)").arg(index));
+    picture->setIcon(OwnIcon(icons.at(static_cast<std::size_t>(index))));
+    picture->setIconSize({48, 48});
+    picture->setAutoRaise(true);
+    picture->setFocusPolicy(Qt::StrongFocus);
+    picture->setAccessibleName(text);
+    picture->installEventFilter(this);
+    connect(picture, &QToolButton::clicked, this, [this, index] { Choose(index); });
+    Image1.push_back(picture);
+
+    auto* label = new QLabel(text, this);
+    label->setObjectName(QString("Label1(%1)").arg(index));
+    label->setAlignment(Qt::AlignHCenter);
+    label->setBuddy(picture);
+    label->setMargin(2);
+    label->installEventFilter(this);
+    Label1.push_back(label);
+
+    const int row = index / columns * 2;
+    grid->addWidget(picture, row, index % columns, Qt::AlignHCenter);
+    grid->addWidget(label, row + 1, index % columns, Qt::AlignHCenter | Qt::AlignTop);
+    grid->setRowMinimumHeight(row + 1, label->sizeHint().height() + 12);
+}
+
+void NewWizards::Choose(int index) {
+    choice_ = index;
+    accept();
+    emit Chosen(index);
+}
+
+// The arrows move within the grid and stop at its edges; Enter chooses, as Space does by itself.
+bool NewWizards::HandleKey(int index, int key) {
+    int next = index;
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            Choose(index);
+            return true;
+        case Qt::Key_Left:
+            next = index % columns > 0 ? index - 1 : index;
+            break;
+        case Qt::Key_Right:
+            next = index % columns < columns - 1 ? index + 1 : index;
+            break;
+        case Qt::Key_Up:
+            next = index - columns;
+            break;
+        case Qt::Key_Down:
+            next = index + columns;
+            break;
+        default:
+            return false;
+    }
+    if (next >= 0 && next < static_cast<int>(Image1.size())) {
+        Image1.at(static_cast<std::size_t>(next))->setFocus(Qt::TabFocusReason);
+    }
+    return true;
+}
+
+// The label of the focused picture is shown as selected, since a flat button shows its focus under few styles only.
+void NewWizards::MarkFocus(std::size_t index, bool focused) {
+    QLabel* label = Label1.at(index);
+    label->setAutoFillBackground(focused);
+    label->setBackgroundRole(focused ? QPalette::Highlight : QPalette::NoRole);
+    label->setForegroundRole(focused ? QPalette::HighlightedText : QPalette::NoRole);
+}
+
+bool NewWizards::HandlePictureEvent(std::size_t index, const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+            MarkFocus(index, event.type() == QEvent::FocusIn);
+            return false;
+        case QEvent::KeyPress:
+            return HandleKey(static_cast<int>(index), static_cast<const QKeyEvent&>(event).key());
+        default:
+            return false;
+    }
+}
+
+bool NewWizards::eventFilter(QObject* watched, QEvent* event) {
+    for (std::size_t i = 0; i < Image1.size(); ++i) {
+        if (watched == Image1[i]) return HandlePictureEvent(i, *event);
+        const bool clicked = watched == Label1[i] && event->type() == QEvent::MouseButtonRelease &&
+                             static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+        if (clicked) {
+            Choose(static_cast<int>(i));
+            return true;
+        }
+    }
+    if (watched->objectName() == u"cmdCancel" && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            reject();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace vellum
