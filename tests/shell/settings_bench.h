@@ -1,0 +1,107 @@
+// A main window of ten lines for the settings: a workbench with a store of its own, and a target that records.
+#pragma once
+
+#include "editor/document.h"
+#include "editor/workbench.h"
+#include "platform/settings_keys.h"
+#include "shell/settings_fields.h"
+#include "tests/support/scripted_prompts.h"
+
+#include <QTemporaryDir>
+
+#include <vector>
+
+namespace vellum::test {
+
+// What happened, in order. The keys that had been written by then stand with each event.
+struct SettingsEvent {
+    QString what;
+    QStringList written;
+};
+
+class SettingsBench : public Workbench, public SettingsTarget {
+public:
+    [[nodiscard]] Document* ActiveDocument() const override { return document; }
+    [[nodiscard]] SettingsStore& Settings() override { return store; }
+    [[nodiscard]] Prompts& Ask() override { return prompts; }
+    [[nodiscard]] QWidget* Window() override { return nullptr; }
+    [[nodiscard]] QString OpenDocCount() const override { return openDocCount; }
+    void SetOpenDocCount(const QString& count) override { openDocCount = count; }
+    void SetPanel(int /*panel*/, const QString& /*text*/) override {}
+    [[nodiscard]] QStringList FontNames() const override { return {"Arial", "Courier New", "Times"}; }
+    [[nodiscard]] QString WebsiteDirectory() const override { return {}; }
+    void RefreshWebsite() override {}
+    void Smartcolor() override { Record("Smartcolor"); }
+    void PortableColor(QString& /*markup*/) override {}
+    void Addstuff(const QString& /*open*/, const QString& /*close*/) override {}
+    void HideAttr() override {}
+    void AddRecentFile(const QString& /*path*/) override {}
+    void SetWrapChecked(bool /*checked*/) override {}
+    Document* CreateDocument() override { return nullptr; }
+    void LoadPage(QString& /*html*/) override {}
+
+    [[nodiscard]] QStringList ImageTypes() const override { return imageTypes; }
+    [[nodiscard]] QStringList DocumentTypes() const override { return documentTypes; }
+    void SetImageTypes(const QStringList& types) override {
+        imageTypes = types;
+        Record("SetImageTypes " + types.join(u' '));
+    }
+    void SetDocumentTypes(const QStringList& types) override {
+        documentTypes = types;
+        Record("SetDocumentTypes " + types.join(u' '));
+    }
+    void SetCustomCaption(int row, const QString& caption) override {
+        Record(QStringLiteral("SetCustomCaption %1 %2").arg(row).arg(caption));
+    }
+    void ApplyEditorFont(const QString& family, const QString& pointSize) override {
+        Record("ApplyEditorFont " + family + u' ' + pointSize);
+    }
+    void ApplyRefreshInterval(int milliseconds) override {
+        Record(QStringLiteral("ApplyRefreshInterval %1").arg(milliseconds));
+    }
+    void PaintActiveDocument(ColorNumber color) override {
+        Record(QStringLiteral("PaintActiveDocument %1").arg(color));
+    }
+    void AddTags() override { Record("AddTags"); }
+
+    [[nodiscard]] QStringList What() const {
+        QStringList list;
+        for (const SettingsEvent& event : events) list << event.what;
+        return list;
+    }
+
+    [[nodiscard]] QString Stored(const SettingKey& key) const {
+        return store.Read(key.application, key.section, key.key, QStringLiteral("(none)"));
+    }
+    [[nodiscard]] QString StoredEntry(const SettingKey& family, int index) const {
+        return store.Read(family.application, family.section, QString::number(index), QStringLiteral("(none)"));
+    }
+
+    QTemporaryDir folder;
+    SettingsStore store{folder.filePath("settings.json")};
+    ScriptedPrompts prompts;
+    QString openDocCount = "1";
+    Document* document = nullptr;
+    QStringList imageTypes{".bmp", ".jpg"};
+    QStringList documentTypes{".htm", ".txt"};
+    std::vector<SettingsEvent> events;
+
+private:
+    void Record(const QString& what) {
+        QStringList written;
+        for (const SettingKey* key : AllSettingKeys()) {
+            if (store.Contains(key->application, key->section, key->key)) {
+                written << key->section.toString() + u'/' + key->key.toString();
+            }
+        }
+        for (int row = 0; row < customButtonCount; ++row) {
+            for (const char* kind : {"0", "1"}) {
+                const QString name = kind + QString::number(row);
+                if (store.Contains(preferencesApplication, u"Custom", name)) written << "Custom/" + name;
+            }
+        }
+        events.push_back({what, written});
+    }
+};
+
+}  // namespace vellum::test
