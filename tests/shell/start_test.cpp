@@ -1,0 +1,205 @@
+#include "shell/start.h"
+
+#include "platform/settings_keys.h"
+#include "tests/support/scripted_prompts.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vellum::test {
+namespace {
+
+TEST(SplashStroke, GrowsFromTick5To20) {
+    EXPECT_EQ(SplashStrokeAt(4, 6900, 3900), std::nullopt);
+    EXPECT_EQ(SplashStrokeAt(5, 6900, 3900), (SplashStroke{3450, 1950, 800, 17}));
+    EXPECT_EQ(SplashStrokeAt(20, 6900, 3900), (SplashStroke{3450, 1950, 12800, 257}));
+    EXPECT_EQ(SplashStrokeAt(21, 6900, 3900), std::nullopt);
+}
+
+class StartTest : public testing::Test {
+protected:
+    QTemporaryDir home;
+    SettingsStore settings{home.filePath("settings.json")};
+    ScriptedPrompts prompts;
+};
+
+TEST_F(StartTest, TakesStoredFontNamesWhileTheCountIsTheSame) {
+    WriteSetting(settings, keys::fontsNumber, "2");
+    WriteSetting(settings, keys::fontsEntry, 0, "Stored A");
+    EXPECT_EQ(PreparedFontNames(settings, {"System A", "System B"}), (QStringList{"Stored A", ""}));
+    EXPECT_EQ(PreparedFontNames(settings, {"System A"}), QStringList{"System A"});
+}
+
+TEST_F(StartTest, AsksAboutTheBrowserOnceAfterTheSplashHasGone) {
+    prompts.answers = {Answer::No};
+    Start start(settings, prompts);
+    const QSignalSpy ready(&start, &Start::Ready);
+    start.Load();
+    EXPECT_TRUE(start.isVisible());
+    EXPECT_TRUE(start.timAnimation->isActive());
+    EXPECT_FALSE(start.Timer2->isActive());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 10000));
+    EXPECT_FALSE(start.isVisible());
+    EXPECT_EQ(prompts.questions, QStringList{"Important|Is Internet Explorer 5.0 or higher installed on your system?"});
+    EXPECT_EQ(ReadSetting(settings, keys::useIE), "No");
+    EXPECT_FALSE(ready.at(0).at(0).toBool());
+    EXPECT_FALSE(start.FontNames().isEmpty());
+
+    Start second(settings, prompts);
+    const QSignalSpy readyAgain(&second, &Start::Ready);
+    second.Load();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return second.Timer2->isActive(); }, 5000));
+    QTest::mouseClick(&second, Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return readyAgain.count() == 1; }, 5000));
+    EXPECT_EQ(prompts.questions.size(), 1);
+}
+
+// Notes what is to be seen of the splash and of the session at the moment of the question.
+class WatchingPrompts : public ScriptedPrompts {
+public:
+    Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) override {
+        splashWasVisible << start->isVisible();
+        readyCounts << static_cast<int>(ready->count());
+        return ScriptedPrompts::AskYesNo(parent, text, title);
+    }
+
+    const Start* start = nullptr;
+    const QSignalSpy* ready = nullptr;
+    QList<bool> splashWasVisible;
+    QList<int> readyCounts;
+};
+
+TEST_F(StartTest, TheQuestionStandsBetweenTheSplashAndTheMainWindow) {
+    WatchingPrompts watching;
+    watching.answers = {Answer::Yes};
+    Start start(settings, watching);
+    const QSignalSpy ready(&start, &Start::Ready);
+    watching.start = &start;
+    watching.ready = &ready;
+    start.Load();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 10000));
+    EXPECT_EQ(watching.splashWasVisible, QList<bool>{false});
+    EXPECT_EQ(watching.readyCounts, QList<int>{0});
+    EXPECT_EQ(ReadSetting(settings, keys::useIE), "Yes");
+    EXPECT_TRUE(ready.at(0).at(0).toBool());
+}
+
+TEST_F(StartTest, AClickBeforeThePreparationOnlyPausesTheAnimation) {
+    WriteSetting(settings, keys::useIE, "Yes");
+    Start start(settings, prompts);
+    const QSignalSpy ready(&start, &Start::Ready);
+    const QSignalSpy ticks(start.timAnimation, &QTimer::timeout);
+    EXPECT_EQ(start.timAnimation->interval(), 50);
+    EXPECT_EQ(start.Timer1->interval(), 500);
+    start.Timer1->setInterval(1500);  // leaves time for a few ticks before the click on a busy machine too
+    start.Load();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.count() >= 3; }, 5000));
+    QTest::mouseClick(&start, Qt::LeftButton);
+    EXPECT_FALSE(start.timAnimation->isActive());
+    EXPECT_FALSE(start.Timer2->isActive());
+    const auto ticksBefore = ticks.count();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return start.timAnimation->isActive(); }, 5000));
+    EXPECT_EQ(ticks.count(), ticksBefore) << "the animation stood still";
+    EXPECT_TRUE(start.Timer2->isActive());
+    EXPECT_EQ(ready.count(), 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 10000));
+    EXPECT_TRUE(ready.at(0).at(0).toBool());
+    EXPECT_EQ(ticks.count(), 36) << "ticks 0 to 35, none lost in the pause";
+}
+
+TEST_F(StartTest, AClickOnTheTitleAfterThePreparationEndsTheSplashAtTheNextLook) {
+    WriteSetting(settings, keys::useIE, "Yes");
+    Start start(settings, prompts);
+    const QSignalSpy ready(&start, &Start::Ready);
+    start.Load();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return start.Timer2->isActive(); }, 5000));
+    EXPECT_EQ(start.Timer2->interval(), 100);
+    QTest::mouseClick(&start, Qt::LeftButton, {}, start.lblmessage->geometry().center());
+    EXPECT_FALSE(start.timAnimation->isActive());
+    const QSignalSpy looks(start.Timer2, &QTimer::timeout);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 5000));
+    EXPECT_LE(looks.count(), 1);
+}
+
+TEST_F(StartTest, DrawsTheBlackCrossOverTheTitle) {
+    WriteSetting(settings, keys::useIE, "Yes");
+    Start start(settings, prompts);
+    start.Load();
+    EXPECT_FALSE(start.lblX->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return start.lblX->isVisible(); }, 5000));
+    EXPECT_FALSE(start.lblmessage->isVisible());
+    EXPECT_FALSE(start.Label1->isVisible());
+    EXPECT_TRUE(start.Label2->isVisible());
+    start.lblX->hide();
+    start.lblX2->hide();
+    EXPECT_EQ(start.grab().toImage().pixelColor(start.rect().center()), QColor(Qt::black));
+}
+
+// Starts with the desktop's data in a folder of the test's own.
+class EditVerbTest : public StartTest {
+protected:
+    ~EditVerbTest() override { qputenv("XDG_DATA_HOME", before_); }
+
+    void Prepare(const QString& dataFolder) {
+        qputenv("XDG_DATA_HOME", QFile::encodeName(dataFolder));
+        WriteSetting(settings, keys::useIE, "Yes");
+        Start start(settings, prompts);
+        start.Load();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return start.Timer2->isActive(); }, 5000));
+    }
+
+    [[nodiscard]] QStringList Entries() const {
+        return QDir(data.filePath("applications")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    QTemporaryDir data;
+
+private:
+    const QByteArray before_ = qgetenv("XDG_DATA_HOME");
+};
+
+TEST_F(EditVerbTest, IsAddedByTheFirstStart) {
+    EXPECT_EQ(ReadSetting(settings, keys::regAdded), "False");
+    Prepare(data.path());
+    EXPECT_EQ(ReadSetting(settings, keys::regAdded), "True");
+    EXPECT_EQ(Entries().filter(".desktop").size(), 1);
+}
+
+TEST_F(EditVerbTest, IsNotAddedAgain) {
+    WriteSetting(settings, keys::regAdded, "True");
+    Prepare(data.path());
+    EXPECT_TRUE(Entries().isEmpty());
+    EXPECT_EQ(ReadSetting(settings, keys::regAdded), "True");
+}
+
+TEST_F(EditVerbTest, IsTriedAgainByTheNextStartWhenItCantBeWritten) {
+    QFile file(home.filePath("file"));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    Prepare(file.fileName() + "/data");
+    EXPECT_EQ(ReadSetting(settings, keys::regAdded), "False");
+    EXPECT_TRUE(prompts.messages.isEmpty());
+    Prepare(data.path());
+    EXPECT_EQ(ReadSetting(settings, keys::regAdded), "True");
+    EXPECT_EQ(Entries().filter(".desktop").size(), 1);
+}
+
+TEST_F(StartTest, AnyOtherStoredAnswerLoadsNothing) {
+    WriteSetting(settings, keys::useIE, "Maybe");
+    Start start(settings, prompts);
+    const QSignalSpy ready(&start, &Start::Ready);
+    start.Load();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return start.Timer2->isActive(); }, 5000));
+    QTest::mouseClick(&start, Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !start.isVisible(); }, 5000));
+    EXPECT_EQ(ready.count(), 0);
+    EXPECT_TRUE(prompts.questions.isEmpty());
+}
+
+}  // namespace
+}  // namespace vellum::test
