@@ -1,0 +1,50 @@
+// What both kinds of document windows share: the load, the close request, the wrap flag, the file.
+#pragma once
+
+#include "editor/document.h"
+
+class QLabel;
+
+namespace vellum {
+
+class Workbench;
+
+class DocumentWindow : public Document {
+    Q_OBJECT
+public:
+    explicit DocumentWindow(Workbench& workbench, QWidget* parent = nullptr);
+
+    // Loads the file into Text1 as it is. False when it can't be read; the text is then untouched.
+    bool LoadFile(const QString& path);
+    // Writes Text1 to the file. False when it can't be written; nothing of the window changes.
+    bool SaveFile(const QString& path);
+
+    // Lays the window out and puts the selection's start back.
+    void ResizeMe() final;
+
+signals:
+    // The window is closing for good. `saved` is false when the author wanted the text saved and it was not.
+    void Closing(bool saved);
+
+protected:
+    // The steps of the load that both kinds run, in two halves around those of the kinds.
+    void LoadWrap();
+    void LoadFont();
+
+    virtual void LayOut() = 0;
+
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    QLabel* const lblFormat_;  // how the file spells its text; stands in the strip below the editor
+
+private:
+    // True when the window may close, with the open-document count settled.
+    bool MayClose(bool& saved);
+    bool SaveOnClose(bool& counted, bool& saved);
+    void ShowFormat();
+};
+
+}  // namespace vellum
