@@ -1,0 +1,48 @@
+// The document commands of the File menu.
+#pragma once
+
+#include "shell/recent_files.h"
+
+#include <QObject>
+
+namespace vellum {
+
+class Document;
+class Workbench;
+
+// The filter of Open and Save As.
+extern const QString documentFilter;
+
+class FileCommands : public QObject {
+    Q_OBJECT
+public:
+    explicit FileCommands(Workbench& workbench, QObject* parent = nullptr);
+
+    // A blank document, captioned "New" and its number.
+    Document* NewForm();
+
+    // Asks for files and opens each in a window of its own, in the order that the dialog returns.
+    void Open();
+    // Opens one file in a new window. Empty when it can't be read; the author has then been told.
+    Document* OpenFile(const QString& path);
+    // Opens the file of a recent slot, 0 the newest. A window is made even when the file is gone.
+    void OpenRecent(int index);
+
+    void Save();
+    void SaveAs();
+    void Print();
+
+    [[nodiscard]] RecentFileList& Recent() { return recent_; }
+    void AddRecentFile(const QString& path);
+
+signals:
+    void RecentFilesChanged();
+
+private:
+    void SaveTo(const QString& path, bool asNewName);
+
+    Workbench& workbench_;
+    RecentFileList recent_;
+};
+
+}  // namespace vellum
