@@ -1,0 +1,167 @@
+// The main window: owns every region and wires the parts to one another.
+#pragma once
+
+#include "editor/workbench.h"
+#include "shell/file_commands.h"
+#include "shell/frm_settings.h"
+#include "shell/layout.h"
+#include "shell/recovery_keeper.h"
+
+#include <QMainWindow>
+
+#include <functional>
+
+class QLineEdit;
+class QListWidget;
+class QMdiArea;
+class QMdiSubWindow;
+class QTreeWidget;
+
+namespace vellum {
+
+class DocumentWindow;
+class EditSurface;
+class MainToolbar;
+class RecoveryStore;
+class StatusBar;
+class TabStrip;
+class WebsitePanel;
+enum class ButtonArray;
+
+class MDIform1 : public QMainWindow, public Workbench, public SettingsTarget {
+    Q_OBJECT
+public:
+    MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& recovery, QStringList fontNames,
+             bool usePreview);
+    ~MDIform1() override;
+
+    // Restores the state, builds the tree, shows the window and makes the first document, from the file of the command
+    // line when there is one. `splashDone` runs just before the window shows.
+    void Load(const QString& commandLine, const std::function<void()>& splashDone);
+
+    // Asks about texts that a crash left behind, when there are any.
+    void OfferRecovery();
+
+    // Regions, from the top.
+    MainToolbar* const Picture1;
+    QWidget* const Picture14;  // colour bar
+    TabStrip* const clrbutton;
+    QWidget* const Picture15;  // custom bar
+    TabStrip* const TabStrip2;
+    TabStrip* const TabStrip1;  // tag bar
+    QMdiArea* const area;       // the document windows
+    WebsitePanel* const Picture11;
+    StatusBar* const StatusBar1;
+
+    // Hidden helpers.
+    QListWidget* const List4;        // image file types
+    QListWidget* const lstDocTypes;  // document file types
+    QListWidget* const List6;        // font names
+    EditSurface* const RichTextBox1;
+    QLineEdit* const Text5;  // the count of open documents
+
+    // Workbench
+    Document* ActiveDocument() const override;
+    SettingsStore& Settings() override { return settings_; }
+    Prompts& Ask() override { return prompts_; }
+    QWidget* Window() override { return this; }
+    QString OpenDocCount() const override;
+    void SetOpenDocCount(const QString& count) override;
+    void SetPanel(int panel, const QString& text) override;
+    QStringList FontNames() const override;
+    QString WebsiteDirectory() const override;
+    void RefreshWebsite() override;
+    void Smartcolor() override;
+    void PortableColor(QString& markup) override;
+    void Addstuff(const QString& open, const QString& close) override;
+    void HideAttr() override;
+    void AddRecentFile(const QString& path) override;
+    void SetWrapChecked(bool checked) override;
+    Document* CreateDocument() override;
+    void LoadPage(QString& html) override;
+
+    // SettingsTarget
+    QStringList ImageTypes() const override;
+    QStringList DocumentTypes() const override;
+    void SetImageTypes(const QStringList& types) override;
+    void SetDocumentTypes(const QStringList& types) override;
+    void SetCustomCaption(int row, const QString& caption) override;
+    void ApplyEditorFont(const QString& family, const QString& pointSize) override;
+    void ApplyRefreshInterval(int milliseconds) override;
+    void PaintActiveDocument(ColorNumber color) override;
+    void AddTags() override;
+
+    // Menu commands; `index` is that of a member of an item array, else 0.
+    void mnuNewItem(int index);
+    void mnuOpenItem(int index);
+    void mnuRecents(int index);
+    void mnuClose(int index);
+    void mnuCloseAll(int index);
+    void mnuSaveItem(int index);
+    void mnuSaveregItem(int index);
+    void mnuPrintItem(int index);
+    void mnuExitItem(int index);
+    void mnuCutItem(int index);
+    void mnuCopyItem(int index);
+    void mnuItemPaste(int index);
+    void mnuDeleteItem(int index);
+    void mnuSelectItem(int index);
+    void mnuWrapItem(int index);
+    void mnuViewItem(int index);
+    void mnuSettingsItem(int index);
+    void mnuVisualItem(int index);
+    void mnuWindowItem(int index);
+
+    virtual void startup();  // the tips, when the author wants them
+    void ColorBarSetup();    // paints the colour bar
+
+signals:
+    void Unloaded();  // the window has gone; the process may end
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildBars();
+    void BuildRegions();
+    void BuildMenus();
+    void WireRegions();
+    void RestoreWindow();
+    void RestoreValues();
+    void RestoreTypes();
+    void RestoreView();
+    void RestoreWebsite();
+    void RestoreRecentFiles();
+    void StoreFonts();
+    void WriteState();
+    void MakeFirstDocument(const QString& commandLine);
+    void ShowRecentFiles();
+    void RunToolbar(ButtonArray array, int index);
+    void RunCustomBar(int tab);
+    void OpenSettings();
+    void ApplyNoDocumentRule();
+    void ApplyLayout();
+    void PlaceLists();
+    void StepPane(int step);
+    void OpenFromPanel(const QString& path);
+    void DragPanel(int pointerY, DragPhase phase);
+    void SetPanelHeight(int twips);
+    void ShowActiveDocument();
+    void ShowDocumentFacts(const Document& document);
+    bool UnloadActiveDocument();
+    [[nodiscard]] QAction* Item(const QString& name) const;  // null when there is no such item
+    [[nodiscard]] QWidget* ViewPanel(int index) const;
+
+    SettingsStore& settings_;
+    Prompts& prompts_;
+    FileCommands files_;
+    RecoveryKeeper recovery_;
+    const QStringList fontNames_;
+    MainLayout layout_;
+    bool laidOut_ = false;
+};
+
+}  // namespace vellum

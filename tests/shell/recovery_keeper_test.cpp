@@ -1,0 +1,142 @@
+#include "tests/shell/main_window_fixture.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+
+namespace vellum::test {
+namespace {
+
+class RecoveryKeeperTest : public MainWindowFixture {
+protected:
+    // How many copies this session holds on disk.
+    [[nodiscard]] int Copies() {
+        recovery.Flush();
+        return static_cast<int>(CopyFiles().size());
+    }
+
+    [[nodiscard]] QStringList CopyFiles() const {
+        QStringList files;
+        const QDir root(home.filePath("recovery"));
+        for (const QString& session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            for (const QString& file : QDir(root.filePath(session)).entryList(QDir::Files)) {
+                if (file != "lock") files << session + "/" + file;
+            }
+        }
+        return files;
+    }
+
+    // What a program that died would have left.
+    void LeaveLost(const QString& caption, const QString& text) const {
+        RecoveryStore dying(home.filePath("recovery"));
+        dying.Keep(1, {caption, text, {}, 1000});
+        dying.LeaveBehind(1);
+    }
+};
+
+TEST_F(RecoveryKeeperTest, CopiesAChangedDocumentAndDropsTheCopyAtTheSave) {
+    Open();
+    EXPECT_EQ(Copies(), 0);
+    QTest::keyClicks(Active().Text1, "precious");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Copies() == 1; }, 5000));
+    prompts.saveNames.push_back(SitePath("x.htm"));
+    Trigger("mnuSaveregItem");
+    EXPECT_EQ(Copies(), 0);
+}
+
+TEST_F(RecoveryKeeperTest, KeepsNothingInTheSiteAndNothingOfAClosedDocument) {
+    Open();
+    QTest::keyClicks(Active().Text1, "precious");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Copies() == 1; }, 5000));
+    EXPECT_TRUE(QDir(site.path()).isEmpty(QDir::Files));
+    prompts.answers = {Answer::No};
+    Trigger("mnuClose");
+    EXPECT_EQ(Copies(), 0);
+}
+
+TEST_F(RecoveryKeeperTest, OffersLostTextsInOneQuestionAndOpensThem) {
+    LeaveLost("/site/page.htm", "lost one");
+    LeaveLost("New 3", "lost\ntwo");
+    Open();
+    prompts.answers = {Answer::Yes};
+    window->OfferRecovery();
+    ASSERT_EQ(prompts.questions.size(), 1);
+    EXPECT_TRUE(prompts.questions[0].contains("/site/page.htm"));
+    EXPECT_TRUE(prompts.questions[0].contains("New 3"));
+    EXPECT_EQ(window->OpenDocCount(), "3");
+    QStringList texts;
+    for (const QMdiSubWindow* child : window->area->subWindowList()) {
+        const auto* document = qobject_cast<Document*>(child->widget());
+        texts << document->Caption() + "=" + document->Text1->Text();
+        EXPECT_EQ(document->Saver(), document->Caption() == "New 1");
+    }
+    texts.sort();
+    EXPECT_EQ(texts, (QStringList{"/site/page.htm=lost one", "New 1=", "New 2=lost\r\ntwo"}));
+}
+
+TEST_F(RecoveryKeeperTest, WhatWasRecoveredIsKeptAgainBeforeTheOldCopiesGo) {
+    LeaveLost("/site/page.htm", "lost");
+    Open();
+    prompts.answers = {Answer::Yes};
+    window->OfferRecovery();
+    ASSERT_EQ(CopyFiles().size(), 1) << "this session's own copy has taken the old one's place";
+    EXPECT_EQ(Active().Caption(), "/site/page.htm");
+    prompts.answers = {Answer::No};
+    Trigger("mnuClose");
+    EXPECT_EQ(Copies(), 0);
+}
+
+TEST_F(RecoveryKeeperTest, AFileWhoseNameBeginsWithNewKeepsIt) {
+    LeaveLost("/site/Newsletter.htm", "lost");
+    Open();
+    prompts.answers = {Answer::Yes};
+    window->OfferRecovery();
+    EXPECT_EQ(Active().Caption(), "/site/Newsletter.htm");
+}
+
+TEST_F(RecoveryKeeperTest, NothingOfAClosedDocumentIsCopiedLater) {
+    Open();
+    FileCommands(*window).NewForm();
+    QTest::keyClicks(Active().Text1, "dropped");
+    prompts.answers = {Answer::No};
+    Trigger("mnuClose");
+    QElapsedTimer time;
+    time.start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return time.elapsed() > 1500; }, 5000));
+    EXPECT_EQ(Copies(), 0);
+}
+
+TEST_F(RecoveryKeeperTest, TheCopyIsThereWithinTwoSecondsOfTheLastKey) {
+    Open();
+    QTest::keyClicks(Active().Text1, "precious");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Copies() == 1; }, 2000));
+}
+
+TEST_F(RecoveryKeeperTest, NoDiscardsAndCancelLeavesTheTextsForTheNextStart) {
+    LeaveLost("/site/page.htm", "lost");
+    Open();
+    for (const auto& [answer, left] : {std::pair{Answer::Cancel, 1}, {Answer::No, 0}}) {
+        RecoveryStore store(home.filePath("recovery"));
+        prompts.questions.clear();
+        prompts.answers = {answer};
+        RecoveryKeeper(store).OfferLost(*window);
+        EXPECT_EQ(prompts.questions.size(), 1);
+        EXPECT_EQ(window->OpenDocCount(), "1");
+        EXPECT_EQ(CopyFiles().size(), left);
+    }
+    prompts.questions.clear();
+    window->OfferRecovery();
+    EXPECT_TRUE(prompts.questions.isEmpty());
+}
+
+TEST_F(RecoveryKeeperTest, ATextThatCouldNotBeSavedOnCloseIsOfferedLater) {
+    Open();
+    QTest::keyClicks(Active().Text1, "precious");
+    prompts.answers = {Answer::Yes};
+    prompts.saveNames.push_back(SitePath("no/such/folder/x.htm"));
+    Trigger("mnuClose");
+    EXPECT_EQ(prompts.messages.size(), 1);
+    EXPECT_EQ(Copies(), 1);
+}
+
+}  // namespace
+}  // namespace vellum::test
