@@ -1,0 +1,125 @@
+// The program as a person meets it: started on a page, typed in, previewed, saved, closed and started again.
+#include "platform/settings_keys.h"
+#include "tests/program/program_under_test.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vellum::test {
+namespace {
+
+constexpr auto page =
+    "<html>\r\n<head><title>First title</title></head>\r\n<body><p>First words</p></body>\r\n</html>\r\n";
+
+class ProgramTest : public testing::Test {
+protected:
+    void SetUp() override {
+        QDir(home.path()).mkpath("site");
+        path = home.filePath("site/page.htm");
+        QFile file(path);
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write(page);
+    }
+
+    [[nodiscard]] QByteArray Saved() const {
+        QFile file(path);
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    [[nodiscard]] QString Setting(const SettingKey& key) const {
+        return ReadSetting(SettingsStore(home.filePath(".config/vellumcraft/settings.json")), key);
+    }
+
+    // Through the last tab of the Settings dialog.
+    static void SetRefreshRate(ProgramUnderTest& program, const QString& rate) {
+        const auto isVisible = [&program](const QString& widget) {
+            return program.Ask("get", widget).value("visible").toBool();
+        };
+        program.Trigger("mnuSettingsItem");
+        ASSERT_TRUE(program.WaitFor([&] { return isVisible("frmSettings"); }));
+        for (int tab = 1; tab < 8; ++tab) program.Ask("key", "frmSettings", "Ctrl+Tab");
+        ASSERT_TRUE(program.WaitFor([&] { return isVisible("txtRate"); }));
+        program.Ask("key", "txtRate", "Ctrl+A");
+        program.Type("txtRate", rate);
+        ASSERT_TRUE(program.WaitFor([&] { return program.Get("txtRate", "text") == rate; }));
+        program.Click("cmdOK");
+        ASSERT_TRUE(program.WaitFor([&] { return !isVisible("frmSettings"); }));
+    }
+
+    [[nodiscard]] bool Contains(ProgramUnderTest& program, const QString& words) const {
+        return program.Ask("pageText", "WebBrowser1").value("value").toString().contains(words);
+    }
+
+    QTemporaryDir home;
+    QString path;
+};
+
+TEST_F(ProgramTest, APageIsEditedBesideItsPreviewSavedAndFoundAgain) {
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        ASSERT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == path; }));
+        ASSERT_TRUE(program.WaitFor([&] { return Contains(program, "Vellumcraft"); }))
+            << "the first view is the manual";
+        SetRefreshRate(program, "2");
+
+        program.Type("Text1", "<title>Second title</title><p>Second words</p>");
+        EXPECT_TRUE(program.WaitFor([&] { return program.Get("WebBrowser1", "title") == "Second title"; }));
+        EXPECT_TRUE(program.WaitFor([&] { return Contains(program, "Second words"); }));
+        EXPECT_TRUE(QFile::exists(home.filePath("site/caching.htm")));
+        EXPECT_EQ(Saved(), page) << "the preview leaves the document's file alone";
+
+        program.Trigger("mnuSaveregItem");
+        EXPECT_TRUE(program.WaitFor([&] { return Saved().startsWith("<title>Second title"); }));
+        program.Trigger("mnuViewItem(2)");
+        program.Trigger("mnuExitItem");
+        ASSERT_TRUE(program.WaitForEnd());
+    }
+    EXPECT_EQ(Setting(keys::useIE), "Yes");
+    EXPECT_EQ(Setting(keys::refreshRate), "2");
+    EXPECT_NE(Setting(keys::windowWidth), keys::windowWidth.fallback.toString()) << "the state has been written";
+    EXPECT_EQ(Setting(keys::picture15), "False");
+    EXPECT_TRUE(QDir(home.filePath(".local/state/vellumcraft/recovery")).isEmpty(QDir::Dirs | QDir::NoDotAndDotDot));
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({}));
+        EXPECT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == "New 1"; }));
+        EXPECT_FALSE(program.Ask("get", "Picture15").value("visible").toBool());
+        program.Trigger("mnuRecents(0)");
+        EXPECT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == path; }));
+        EXPECT_TRUE(program.Get("Text1", "plainText").startsWith("<title>Second title"));
+        program.Trigger("mnuExitItem");
+        EXPECT_TRUE(program.WaitForEnd());
+    }
+}
+
+TEST_F(ProgramTest, ATextThatWasNotSavedSurvivesAKill) {
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        program.Type("Text1", "precious words ");
+        const QDir root(home.filePath(".local/state/vellumcraft/recovery"));
+        ASSERT_TRUE(program.WaitFor([&] {
+            for (const QString& session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+                if (!QDir(root.filePath(session)).entryList({"*.copy"}, QDir::Files).isEmpty()) return true;
+            }
+            return false;
+        }));
+        program.Kill();
+    }
+    EXPECT_EQ(Saved(), page);
+    ProgramUnderTest program(home.path());
+    ASSERT_TRUE(program.StartToMainWindow({}));
+    ASSERT_TRUE(program.WaitFor([&] { return program.Ask("dialog").value("value").toString().contains(path); }));
+    program.Click("&Yes");
+    EXPECT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == path; }));
+    program.Trigger("mnuSaveregItem");
+    EXPECT_TRUE(program.WaitFor([&] { return Saved().startsWith("precious words "); }));
+}
+
+}  // namespace
+}  // namespace vellum::test
