@@ -1,0 +1,166 @@
+#include "bench/page.h"
+#include "platform/edit_surface.h"
+
+#include <QApplication>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTextBlock>
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace vellum::bench {
+namespace {
+
+constexpr qsizetype megabyte = 1'000'000;
+using Clock = std::chrono::steady_clock;
+
+double SecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+template <typename Widget>
+std::unique_ptr<Widget> ShownWidget() {
+    auto widget = std::make_unique<Widget>();
+    widget->resize(900, 700);
+    widget->show();
+    QApplication::processEvents();
+    return widget;
+}
+
+void LoadIntoEditSurface(benchmark::State& state) {
+    const QString page = MakePage(state.range(0) * megabyte);
+    for (auto _ : state) {
+        const auto surface = ShownWidget<EditSurface>();
+        const auto start = Clock::now();
+        surface->SetText(page);
+        surface->viewport()->repaint();
+        state.SetIterationTime(SecondsSince(start));
+    }
+}
+
+void LoadIntoPlainTextEdit(benchmark::State& state) {
+    const QString page = MakePage(state.range(0) * megabyte);
+    for (auto _ : state) {
+        const auto edit = ShownWidget<QPlainTextEdit>();
+        edit->setUndoRedoEnabled(false);
+        const auto start = Clock::now();
+        edit->setPlainText(page);
+        edit->viewport()->repaint();
+        state.SetIterationTime(SecondsSince(start));
+    }
+}
+
+void PaintWholePage(benchmark::State& state) {
+    const QString page = MakePage(state.range(0) * megabyte);
+    const std::vector<FormatSpan> spans = TagSpans(page);
+    const auto surface = ShownWidget<EditSurface>();
+    surface->SetText(page);
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        surface->SetAllFormats({}, spans);
+        surface->viewport()->repaint();
+        state.SetIterationTime(SecondsSince(start));
+    }
+    state.counters["stretches"] = static_cast<double>(spans.size());
+}
+
+// Sets the counters median_ms and p95_ms from single presses.
+void ReportPresses(benchmark::State& state, std::vector<double> seconds) {
+    std::ranges::sort(seconds);
+    state.counters["median_ms"] = 1000 * seconds[seconds.size() / 2];
+    state.counters["p95_ms"] = 1000 * seconds[seconds.size() * 95 / 100];
+}
+
+void PressKeys(benchmark::State& state, EditSurface& surface, Qt::Key key) {
+    surface.ensureCursorVisible();
+    surface.viewport()->repaint();
+    QApplication::processEvents();
+    std::vector<double> seconds;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        QTest::keyClick(&surface, key);
+        surface.viewport()->repaint();
+        seconds.push_back(SecondsSince(start));
+        state.SetIterationTime(seconds.back());
+    }
+    ReportPresses(state, std::move(seconds));
+}
+
+void PressInColoredPage(benchmark::State& state, Qt::Key key) {
+    const QString page = MakePage(state.range(0) * megabyte);
+    const auto surface = ShownWidget<EditSurface>();
+    surface->SetText(page);
+    surface->SetAllFormats({}, TagSpans(page));
+    surface->SetSelStart(surface->Length() / 2);
+    PressKeys(state, *surface, key);
+}
+
+void PressLetter(benchmark::State& state) {
+    PressInColoredPage(state, Qt::Key_X);
+}
+void PressEnter(benchmark::State& state) {
+    PressInColoredPage(state, Qt::Key_Return);
+}
+
+// The whole text on one line, as minifiers write it.
+QString OneLine(qsizetype size) {
+    QString page = MakePage(size);
+    return page.remove(u'\n');
+}
+
+void PressLetterInOneLine(benchmark::State& state) {
+    const auto surface = ShownWidget<EditSurface>();
+    const QString line = OneLine(state.range(0) * 1000);
+    surface->SetText(line);
+    surface->SetAllFormats({}, TagSpans(line));
+    surface->SetSelStart(surface->Length() / 2);
+    PressKeys(state, *surface, Qt::Key_X);
+}
+
+void OpenOneLine(benchmark::State& state) {
+    const QString line = OneLine(state.range(0) * 1000);
+    const std::vector<FormatSpan> spans = TagSpans(line);
+    for (auto _ : state) {
+        const auto surface = ShownWidget<EditSurface>();
+        const auto start = Clock::now();
+        surface->SetText(line);
+        surface->SetAllFormats({}, spans);
+        surface->viewport()->repaint();
+        state.SetIterationTime(SecondsSince(start));
+    }
+}
+
+void ScrollOneLine(benchmark::State& state) {
+    const auto surface = ShownWidget<EditSurface>();
+    const QString line = OneLine(state.range(0) * 1000);
+    surface->SetText(line);
+    surface->SetAllFormats({}, TagSpans(line));
+    surface->SetSelStart(surface->Length() / 2);
+    surface->viewport()->repaint();
+    std::vector<double> seconds;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        QTest::keyClick(surface.get(), Qt::Key_Right, Qt::ControlModifier);
+        surface->viewport()->repaint();
+        seconds.push_back(SecondsSince(start));
+        state.SetIterationTime(seconds.back());
+    }
+    ReportPresses(state, std::move(seconds));
+}
+
+BENCHMARK(LoadIntoPlainTextEdit)->Arg(10)->UseManualTime()->Iterations(8)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadIntoEditSurface)->Arg(10)->UseManualTime()->Iterations(8)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadIntoEditSurface)->Arg(50)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(PaintWholePage)->Arg(10)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(PressLetter)->Arg(1)->Arg(10)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+BENCHMARK(PressEnter)->Arg(1)->Arg(10)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenOneLine)->Arg(1000)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(PressLetterInOneLine)->Arg(10)->Arg(1000)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(ScrollOneLine)->Arg(1000)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vellum::bench

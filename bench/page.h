@@ -1,0 +1,18 @@
+// Pages of any size for the benchmarks, the same at every run.
+#pragma once
+
+#include "platform/format_store.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace vellum::bench {
+
+// XHTML in lines of some 40 to 80 characters with "\n" between them; at least `size` characters.
+[[nodiscard]] QString MakePage(qsizetype size);
+
+// A stretch for every tag of `page`, in offsets that count a line end as two.
+[[nodiscard]] std::vector<FormatSpan> TagSpans(const QString& page);
+
+}  // namespace vellum::bench

@@ -1,0 +1,52 @@
+#!/usr/bin/env python3
+"""Turns the benchmarks' JSON into a table, with the ratios that have a goal.
+
+Usage: table.py <bench.json>. Exits with 1 when a ratio misses its goal.
+"""
+
+import json
+import sys
+
+# Title, the two runs, what to compare, and the greatest ratio that is fine.
+RATIOS = [
+    ("Load 10 MB, against the plain widget", "LoadIntoEditSurface/10", "LoadIntoPlainTextEdit/10", "real_time", 1.3),
+    ("A letter in 10 MB, against 1 MB", "PressLetter/10", "PressLetter/1", "median_ms", 1.3),
+    ("Enter in 10 MB, against 1 MB", "PressEnter/10", "PressEnter/1", "median_ms", 1.3),
+]
+
+
+def short_name(name):
+    return "/".join(part for part in name.split("/") if not part.startswith(("iterations:", "manual_time")))
+
+
+def row(columns, widths):
+    cells = [columns[0].ljust(widths[0])] + [cell.rjust(width) for cell, width in zip(columns[1:], widths[1:])]
+    return "  ".join(cells).rstrip()
+
+
+def main():
+    with open(sys.argv[1], encoding="utf-8") as file:
+        runs = {short_name(run["name"]): run for run in json.load(file)["benchmarks"]}
+    rows = [["Benchmark", "mean", "median", "95 %"]]
+    for name, run in runs.items():
+        unit = run["time_unit"]
+        counters = [f"{run[key]:.3f} ms" if key in run else "" for key in ("median_ms", "p95_ms")]
+        rows.append([name, f"{run['real_time']:.3f} {unit}", *counters])
+        parts = [key for key in run if key.startswith("part_")]
+        rows += [[f"  of it {key[5:-3]}", f"{run[key]:.3f} ms", "", ""] for key in parts]
+    widths = [max(len(line[column]) for line in rows) for column in range(4)]
+    print("\n".join(row(line, widths) for line in rows))
+    missed = 0
+    print()
+    for title, left, right, key, goal in RATIOS:
+        if left not in runs or right not in runs:
+            continue
+        ratio = runs[left][key] / runs[right][key]
+        fine = ratio <= goal
+        missed += not fine
+        print(f"{title}: {ratio:.2f} (goal {goal}){'' if fine else '  MISSED'}")
+    return 1 if missed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
