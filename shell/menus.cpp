@@ -87,11 +87,14 @@ void BuildMenuBar(QMenuBar& bar, MDIform1& window) {
         if (entry.depth == 0) {
             menu = bar.addMenu(entry.caption);
             menu->menuAction()->setObjectName(entry.name);
-        } else if (opensSubmenu) {
+            continue;
+        }
+        if (!menu) continue;
+        if (opensSubmenu) {
             submenu = menu->addMenu(entry.caption);
             submenu->menuAction()->setObjectName(entry.name);
         } else {
-            AddItem(entry.depth == 2 ? *submenu : *menu, entry, window);
+            AddItem(entry.depth == 2 && submenu ? *submenu : *menu, entry, window);
         }
     }
 }
