@@ -4,6 +4,7 @@
 #include "tests/shell/main_window_fixture.h"
 
 #include <QLabel>
+#include <QSignalSpy>
 
 namespace vellum::test {
 namespace {
@@ -153,6 +154,34 @@ TEST_F(Form16Test, TheSettingsDialogReachesTheActiveWindowsTimerAlone) {
     window->ApplyRefreshInterval(3000);
     EXPECT_EQ(Form().Timer2->interval(), 3000);
     EXPECT_EQ(first.Timer2->interval(), 7000);
+}
+
+TEST_F(Form16Test, WithAutoPreviewOffNoFileIsWrittenAndTheTimerGoesOn) {
+    const Form16& form = OpenWithPreview(MakeFile("page.html", "<p>x</p>"));
+    QTest::mouseClick(form.Check1, Qt::LeftButton, {}, {8, form.Check1->height() / 2});
+    ASSERT_FALSE(form.Check1->isChecked());
+    form.Timer2->setInterval(10);
+    QTest::keyClicks(form.Text1, "y");
+    const QSignalSpy ticks(form.Timer2, &QTimer::timeout);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.count() > 3; }, 5000));
+    EXPECT_TRUE(form.Timer2->isActive());
+    EXPECT_FALSE(QFile::exists(SitePath("caching.html")));
+    QTest::mouseClick(form.Check1, Qt::LeftButton, {}, {8, form.Check1->height() / 2});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(SitePath("caching.html")); }, 5000));
+}
+
+TEST_F(Form16Test, TheKeyboardStaysWithTheTextWhenACommandIsClicked) {
+    Form16& form = OpenWithPreview(MakeFile("page.html", "<p>x</p>"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    form.Text1->setFocus();
+    ClickTab(*form.TabStrip1, 4);
+    EXPECT_TRUE(form.Text1->hasFocus());
+    QTest::mouseClick(form.Check1, Qt::LeftButton, {}, {8, form.Check1->height() / 2});
+    EXPECT_TRUE(form.Text1->hasFocus());
+    form.TabStrip1->setFocus();
+    form.TabStrip1->setCurrentIndex(0);
+    QTest::keyClick(form.TabStrip1, Qt::Key_Return);
+    EXPECT_TRUE(form.Text1->hasFocus());
 }
 
 TEST_F(Form16Test, WithoutAnEngineThePreviewTabSaysSo) {
