@@ -1,9 +1,29 @@
 #include "editor/workbench.h"
 
+#include "editor/document.h"
+#include "platform/number_rules.h"
+
 #include <algorithm>
 #include <array>
 
 namespace vellum {
+
+Document* Workbench::NewForm() {
+    Document* document = CreateDocument();
+    ++NewDocCount;
+    document->SetCaption("New " + NumberText(NewDocCount));
+    CountOpenedDocument();
+    Smartcolor();
+    return document;
+}
+
+void Workbench::CountOpenedDocument() {
+    SetOpenDocCount(NumberText(LeadingNumber(OpenDocCount()) + 1));
+}
+
+void Workbench::CountClosedDocument() {
+    SetOpenDocCount(NumberText(LeadingNumber(OpenDocCount()) - 1));
+}
 
 bool IsScriptCaption(const QString& caption) {
     constexpr int shortest = 4;

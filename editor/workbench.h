@@ -70,6 +70,10 @@ public:
     virtual void SetWrapChecked(bool checked) = 0;  // the check mark of the Word Wrap item
     // Makes a window of the session's kind and shows it. The caption is still "New", the count untouched.
     virtual Document* CreateDocument() = 0;
+    // A blank document with its number, counted among the open ones.
+    Document* NewForm();
+    void CountOpenedDocument();
+    void CountClosedDocument();
     virtual void LoadPage(QString& html) = 0;
 };
 

@@ -34,14 +34,6 @@ QString WritePage(Workbench& workbench, const QString& html) {
     return WriteCachingBytes(elsewhere, bytes) ? elsewhere : QString();
 }
 
-void OpenNewDocument(Workbench& workbench) {
-    Document* const document = workbench.CreateDocument();
-    workbench.SetOpenDocCount(QString::number(workbench.OpenDocCount().toInt() + 1));
-    ++workbench.NewDocCount;
-    document->SetCaption(QStringLiteral("New ") + QString::number(workbench.NewDocCount));
-    workbench.Smartcolor();
-}
-
 void ShowInPreview(PreviewHost& host, const QString& path) {
     if (auto* const pipeline = host.OwnDocument().findChild<PreviewPipeline*>(QString(), Qt::FindDirectChildrenOnly))
         pipeline->ForgetPending();
@@ -72,7 +64,7 @@ void LoadPage(Workbench& workbench, const QString& html) {
         if (!path.isEmpty()) ShowOutside(workbench, path);
         return;
     }
-    if (workbench.OpenDocCount() == QLatin1String("0")) OpenNewDocument(workbench);
+    if (workbench.OpenDocCount() == QLatin1String("0")) workbench.NewForm();
     if (auto* const host = dynamic_cast<PreviewHost*>(workbench.ActiveDocument())) ShowPageIn(workbench, *host, html);
 }
 

@@ -4,7 +4,6 @@
 #include "platform/number_rules.h"
 #include "platform/prompts.h"
 #include "platform/settings_keys.h"
-#include "shell/document_count.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -97,7 +96,7 @@ void DocumentWindow::closeEvent(QCloseEvent* event) {
 
 bool DocumentWindow::MayClose(bool& saved) {
     if (Saver() || (NeverSaved() && Text1->Length() == 0)) {
-        CountClosedDocument(workbench_);
+        workbench_.CountClosedDocument();
         return true;
     }
     const Answer answer = workbench_.Ask().AskYesNoCancel(workbench_.Window(), "Do you want to save your document",
@@ -110,7 +109,7 @@ bool DocumentWindow::MayClose(bool& saved) {
     if (answer == Answer::Yes && !SaveOnClose(counted, saved)) {
         workbench_.Ask().Message(workbench_.Window(), "Cannot save file.  It may be locked or read-only.");
     }
-    if (counted) CountClosedDocument(workbench_);
+    if (counted) workbench_.CountClosedDocument();
     return true;
 }
 

@@ -6,7 +6,6 @@
 #include "platform/printing.h"
 #include "platform/prompts.h"
 #include "platform/wait_pointer.h"
-#include "shell/document_count.h"
 #include "shell/document_window.h"
 
 namespace vellum {
@@ -26,15 +25,6 @@ const QString documentFilter = QStringLiteral(
     "Extensible Markup Language Files (*.xml)|*.xml|Text Files (*.txt)|*.txt|All Files (*.*)|*.*");
 
 FileCommands::FileCommands(Workbench& workbench, QObject* parent) : QObject(parent), workbench_(workbench) {}
-
-Document* FileCommands::NewForm() {
-    Document* document = workbench_.CreateDocument();
-    ++workbench_.NewDocCount;
-    document->SetCaption(document->Caption() + " " + NumberText(workbench_.NewDocCount));
-    CountOpenedDocument(workbench_);
-    workbench_.Smartcolor();
-    return document;
-}
 
 void FileCommands::Open() {
     const QString chosen =
@@ -56,7 +46,7 @@ Document* FileCommands::OpenFile(const QString& path) {
         }
         document->SetSaver(true);
     }
-    CountOpenedDocument(workbench_);
+    workbench_.CountOpenedDocument();
     if (loaded) return document;
     document->parentWidget()->close();
     workbench_.Ask().Message(workbench_.Window(), "File Unavailable.");
@@ -69,7 +59,7 @@ void FileCommands::OpenRecent(int index) {
     bool loaded = false;
     {
         const WaitPointer wait;
-        CountOpenedDocument(workbench_);
+        workbench_.CountOpenedDocument();
         loaded = WindowOf(document).LoadFile(path);
         if (loaded) {
             document->SetCaption(path);

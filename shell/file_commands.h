@@ -18,9 +18,6 @@ class FileCommands : public QObject {
 public:
     explicit FileCommands(Workbench& workbench, QObject* parent = nullptr);
 
-    // A blank document, captioned "New" and its number.
-    Document* NewForm();
-
     // Asks for files and opens each in a window of its own, in the order that the dialog returns.
     void Open();
     // Opens one file in a new window. Empty when it can't be read; the author has then been told.

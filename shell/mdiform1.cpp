@@ -6,7 +6,6 @@
 #include "platform/settings_keys.h"
 #include "platform/tab_strip.h"
 #include "preview/preview_pipeline.h"
-#include "shell/document_count.h"
 #include "shell/form16.h"
 #include "shell/form26.h"
 #include "shell/mdi_arrange.h"
@@ -109,7 +108,9 @@ void MDIform1::ApplyRefreshInterval(int milliseconds) {
 void MDIform1::PaintActiveDocument(ColorNumber color) {
     const Document* document = ActiveDocument();
     if (!document) return;
-    document->Text1->SetFormat(0, document->Text1->Length(), {color, false});
+    document->Text1->SetSelStart(0);
+    document->Text1->SetSelLength(document->Text1->Length());
+    document->Text1->SetSelColor(color);
     document->Text1->SetSelStart(0);
 }
 
@@ -139,6 +140,7 @@ Document* MDIform1::CreateDocument() {
         document->show();
     }
     area->setActiveSubWindow(child);
+    document->ResizeMe();  // its first layout may have measured the window that was active before
     document->setFocus();
     return document;
 }
@@ -254,7 +256,7 @@ void MDIform1::OpenSettings() {
 void MDIform1::mnuNewItem(int /*index*/) {
     NewWizards dialog(this);
     dialog.exec();
-    if (dialog.Choice()) files_.NewForm();
+    if (dialog.Choice()) NewForm();
 }
 
 void MDIform1::mnuOpenItem(int /*index*/) {

@@ -2,7 +2,6 @@
 
 #include "editor/workbench.h"
 #include "platform/number_rules.h"
-#include "shell/document_count.h"
 #include "shell/document_window.h"
 
 #include <QDateTime>
@@ -50,7 +49,7 @@ void OpenLost(Workbench& workbench, const RecoveredText& copy) {
     }
     workbench.Smartcolor();
     document->SetSaver(false);
-    CountOpenedDocument(workbench);
+    workbench.CountOpenedDocument();
 }
 
 }  // namespace

@@ -125,10 +125,9 @@ TEST_F(DocumentWindowTest, AnHtmFileHasNoPreviewInASessionWithoutOne) {
 
 TEST_F(DocumentWindowTest, CloseAllStopsAtACancel) {
     Open();
-    FileCommands files(*window);
-    files.NewForm();
+    window->NewForm();
     Type("second");
-    files.NewForm();
+    window->NewForm();
     prompts.answers.push_back(Answer::Cancel);
     Trigger("mnuCloseAll");
     EXPECT_EQ(window->OpenDocCount(), "2");
@@ -146,8 +145,7 @@ TEST_F(DocumentWindowTest, TheWrapItemFollowsTheActiveWindow) {
     EXPECT_TRUE(Active().WordWrapOn);
     EXPECT_LT(Active().Text1->RightMargin(), 1000000);
     QMdiSubWindow* first = window->area->currentSubWindow();
-    FileCommands files(*window);
-    files.NewForm();
+    window->NewForm();
     EXPECT_FALSE(item->isChecked());
     window->area->setActiveSubWindow(first);
     EXPECT_TRUE(item->isChecked());

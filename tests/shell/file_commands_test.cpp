@@ -165,11 +165,10 @@ TEST_F(FileCommandsTest, PrintWithoutAPrinterSaysSo) {
 
 TEST_F(FileCommandsTest, BlankDocumentsAreNumberedAndNumbersAreNotReused) {
     Open();
-    FileCommands files(*window);
-    EXPECT_EQ(files.NewForm()->Caption(), "New 2");
-    EXPECT_EQ(files.NewForm()->Caption(), "New 3");
+    EXPECT_EQ(window->NewForm()->Caption(), "New 2");
+    EXPECT_EQ(window->NewForm()->Caption(), "New 3");
     Trigger("mnuClose");
-    EXPECT_EQ(files.NewForm()->Caption(), "New 4");
+    EXPECT_EQ(window->NewForm()->Caption(), "New 4");
     EXPECT_EQ(window->OpenDocCount(), "3");
 }
 

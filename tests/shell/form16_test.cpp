@@ -31,7 +31,7 @@ protected:
 
 TEST_F(Form16Test, EveryDocumentOfASessionWithPreviewIsOne) {
     OpenWithPreview();
-    FileCommands(*window).NewForm();
+    window->NewForm();
     EXPECT_NE(qobject_cast<Form16*>(window->ActiveDocument()), nullptr);
 }
 
@@ -46,6 +46,16 @@ TEST_F(Form16Test, StartsHalfAndHalfSideBySide) {
     EXPECT_NEAR(Twips(form.WebBrowser1->x()), form.Slider1->value() + 190, 15);
     EXPECT_NEAR(Twips(form.Text1->height()), Twips(form.height()) - 705, 15);
     EXPECT_EQ(form.Slider1->toolTip(), "Resizes the Editing and Preview Panes.");
+}
+
+TEST_F(Form16Test, ANewWindowIsLaidOutByItsOwnSize) {
+    OpenWithPreview();
+    window->area->currentSubWindow()->showNormal();
+    window->area->currentSubWindow()->resize(300, 200);
+    window->NewForm();
+    const Form16& form = Form();
+    ASSERT_NE(form.width(), 300);
+    EXPECT_EQ(form.Slider1->maximum(), Twips(form.width()) - 80);
 }
 
 TEST_F(Form16Test, TakesTheStoredShareAndDirection) {
@@ -150,7 +160,7 @@ TEST_F(Form16Test, TabsHaveTheirTips) {
 
 TEST_F(Form16Test, TheSettingsDialogReachesTheActiveWindowsTimerAlone) {
     Form16& first = OpenWithPreview();
-    FileCommands(*window).NewForm();
+    window->NewForm();
     window->ApplyRefreshInterval(3000);
     EXPECT_EQ(Form().Timer2->interval(), 3000);
     EXPECT_EQ(first.Timer2->interval(), 7000);

@@ -202,6 +202,7 @@ TEST_F(MainWindowTest, ThePanelRefusesCachingFiles) {
 
 TEST_F(MainWindowTest, CustomizeOpensTheSettingsAndTheyReachTheWindow) {
     Open(false, MakeFile("page.htm", "some text"));
+    Active().Text1->SetFormat(0, 4, {std::nullopt, true});
     QTimer::singleShot(0, window.get(), [] {
         auto* dialog = qobject_cast<frmSettings*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
@@ -216,7 +217,8 @@ TEST_F(MainWindowTest, CustomizeOpensTheSettingsAndTheyReachTheWindow) {
     EXPECT_EQ(window->EditorFontSize, "14");
     EXPECT_EQ(Active().Text1->SelFontSize(), "14");
     EXPECT_EQ(window->TabStrip2->Caption(2), "Mine");
-    EXPECT_EQ(Active().Text1->FormatAt(3).color, ColorNumber{255});
+    EXPECT_EQ(Active().Text1->FormatAt(3), (CharFormat{ColorNumber{255}, true})) << "the weight stays";
+    EXPECT_EQ(Active().Text1->FormatAt(8), (CharFormat{ColorNumber{255}, false}));
     EXPECT_EQ(State(keys::fontSize), "14");
     EXPECT_EQ(State(keys::colorOnOff), "1");
     EXPECT_TRUE(Active().Saver()) << "colours are no change of the text";
@@ -263,8 +265,7 @@ TEST_F(MainWindowTest, ACancelKeepsTheDocumentsThatAreLeftAndWritesNoState) {
     WriteSetting(settings, keys::windowHeight, "9000");
     Open();
     QTest::keyClicks(Active().Text1, "first");
-    FileCommands files(*window);
-    files.NewForm();
+    window->NewForm();
     QTest::keyClicks(Active().Text1, "second");
     window->resize(1000, 700);
     prompts.answers = {Answer::No, Answer::Cancel};
@@ -291,7 +292,7 @@ TEST_F(MainWindowTest, WithNoDocumentTheCommandsThatNeedOneAreOff) {
     for (const int index : {0, 1, 7}) EXPECT_TRUE(window->Picture1->Button(ButtonArray::Command44, index)->isEnabled());
     EXPECT_FALSE(window->Picture14->isEnabled());
     EXPECT_FALSE(window->TabStrip1->isEnabled());
-    FileCommands(*window).NewForm();
+    window->NewForm();
     EXPECT_TRUE(window->findChild<QAction*>("mnuSaveItem")->isEnabled());
     EXPECT_TRUE(window->TabStrip2->isEnabled());
 }

@@ -95,7 +95,7 @@ TEST_F(RecoveryKeeperTest, AFileWhoseNameBeginsWithNewKeepsIt) {
 
 TEST_F(RecoveryKeeperTest, NothingOfAClosedDocumentIsCopiedLater) {
     Open();
-    FileCommands(*window).NewForm();
+    window->NewForm();
     QTest::keyClicks(Active().Text1, "dropped");
     prompts.answers = {Answer::No};
     Trigger("mnuClose");

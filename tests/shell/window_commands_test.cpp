@@ -21,8 +21,7 @@ protected:
         WriteSetting(settings, keys::windowWidth, "15000");
         WriteSetting(settings, keys::windowHeight, "12000");
         Open();
-        FileCommands files(*window);
-        for (int i = 1; i < count; ++i) files.NewForm();
+        for (int i = 1; i < count; ++i) window->NewForm();
         ASSERT_EQ(Children().size(), count);
     }
 
