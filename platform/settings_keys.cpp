@@ -128,6 +128,16 @@ bool WriteSetting(SettingsStore& store, const SettingKey& family, int index, con
     return store.Write(family.application, family.section, QString::number(index), value);
 }
 
+std::optional<QStringList> ReadListSetting(const SettingsStore& store, const SettingKey& count,
+                                           const SettingKey& family) {
+    constexpr int mostEntries = 32767;
+    const double entries = ReadNumberSetting(store, count);
+    if (entries == -1 || entries > mostEntries) return std::nullopt;
+    QStringList list;
+    for (int i = 0; i < entries; ++i) list << ReadSetting(store, family, i);
+    return list;
+}
+
 double ReadNumberSetting(const SettingsStore& store, const SettingKey& key) {
     return LeadingNumber(ReadSetting(store, key));
 }

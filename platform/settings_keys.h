@@ -4,6 +4,9 @@
 #include "platform/settings_store.h"
 #include "platform/units.h"
 
+#include <QStringList>
+
+#include <optional>
 #include <span>
 
 namespace vellum {
@@ -109,6 +112,11 @@ bool WriteSetting(SettingsStore& store, const SettingKey& key, const QString& va
 // The same for entry `index` (from 0) of a numbered family.
 [[nodiscard]] QString ReadSetting(const SettingsStore& store, const SettingKey& family, int index);
 bool WriteSetting(SettingsStore& store, const SettingKey& family, int index, const QString& value);
+
+// The entries of a numbered family by its count; nothing when there is no list: a count of -1, or one that is past all
+// sense (32767).
+[[nodiscard]] std::optional<QStringList> ReadListSetting(const SettingsStore& store, const SettingKey& count,
+                                                         const SettingKey& family);
 
 // The value as a number, by the leading-number rule.
 [[nodiscard]] double ReadNumberSetting(const SettingsStore& store, const SettingKey& key);

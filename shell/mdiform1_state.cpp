@@ -21,9 +21,6 @@
 namespace vellum {
 namespace {
 
-// More than any list has; a damaged count ends here.
-constexpr int mostEntries = 32767;
-
 constexpr int stateNormal = 0;
 constexpr int stateMinimised = 1;
 constexpr int stateMaximised = 2;
@@ -62,11 +59,7 @@ void Replace(QListWidget& list, const QStringList& entries) {
 }
 
 void RestoreList(const SettingsStore& store, const SettingKey& count, const SettingKey& entry, QListWidget& list) {
-    const double stored = ReadNumberSetting(store, count);
-    if (stored == -1) return;
-    QStringList entries;
-    for (int i = 0; i < std::min(stored, double(mostEntries)); ++i) entries << ReadSetting(store, entry, i);
-    Replace(list, entries);
+    if (const auto entries = ReadListSetting(store, count, entry)) Replace(list, *entries);
 }
 
 }  // namespace

@@ -30,14 +30,6 @@ int ReadIndex(const SettingsStore& store, const SettingKey& key, int last, int f
     return stored >= 0 && stored <= last ? static_cast<int>(stored) : fallback;
 }
 
-QStringList ReadList(const SettingsStore& store, const SettingKey& count, const SettingKey& entry) {
-    constexpr int mostEntries = 32767;
-    QStringList list;
-    const int entries = ReadIndex(store, count, mostEntries, 0);
-    for (int i = 0; i < entries; ++i) list << ReadSetting(store, entry, i);
-    return list;
-}
-
 void WriteCheck(SettingsStore& store, const SettingKey& key, bool checked) {
     WriteSetting(store, key, checked ? QStringLiteral("1") : QStringLiteral("0"));
 }
@@ -126,7 +118,7 @@ void LoadLists(SettingsFields& fields, const SettingsStore& store, const Setting
         fields.customCaptions[row] = ReadCustomCaption(store, row);
         fields.customTexts[row] = ReadCustomText(store, row);
     }
-    fields.customTags = ReadList(store, keys::customTagsCount, keys::customTagsEntry);
+    fields.customTags = ReadListSetting(store, keys::customTagsCount, keys::customTagsEntry).value_or(QStringList());
 }
 
 }  // namespace
