@@ -61,16 +61,6 @@ void Document::SetSaver(bool saver) {
     emit SaverChanged(saver_);
 }
 
-void Document::ProcessUndo() {}
-
-void Document::ProcessRedo() {}
-
-void Document::HandleUndo() {}
-
-void Document::HandleRedo() {}
-
-void Document::ResetRedo() {}
-
 void Document::PositionAttr() {}
 
 }  // namespace vellum

@@ -16,6 +16,7 @@ class QWidget;
 namespace vellum {
 
 class Document;
+class ReferenceTree;
 
 // Values that every window reads and writes.
 struct SharedValues {
@@ -62,10 +63,23 @@ public:
     [[nodiscard]] virtual QString WebsiteDirectory() const = 0;  // the directory that File2 shows
     virtual void RefreshWebsite() = 0;                           // File2 reads its directory again
 
-    virtual void Smartcolor() = 0;
-    virtual void PortableColor(QString& markup) = 0;
-    virtual void Addstuff(const QString& open, const QString& close) = 0;
-    virtual void HideAttr() = 0;
+    // What the panel TreeView1 shows.
+    [[nodiscard]] virtual const ReferenceTree& References() const = 0;
+
+    // Paints the markup of the active document: all of it, or the stretch that ColorSpanStart and ColorSpanLength tell.
+    virtual void Smartcolor();
+    // Puts markup in place of the active document's selection, in the colours of the place, as one step of undo.
+    // `markup` may come back with the indentation of the line.
+    virtual void PortableColor(QString& markup);
+    // The selection between `open` and `close` goes the same way; `open` alone when `close` is empty.
+    virtual void Addstuff(const QString& open, const QString& close);
+
+    // The popup of the active document. `tagPos` is the position of the tag's "<", from 1.
+    void ShowAttr(int tagPos);
+    void HideAttr();
+    [[nodiscard]] QString GetStrAtt(int tagPos) const;
+    void InsertAttr(const QString& item);
+
     virtual void AddRecentFile(const QString& path) = 0;
     virtual void SetWrapChecked(bool checked) = 0;  // the check mark of the Word Wrap item
     // Makes a window of the session's kind and shows it. The caption is still "New", the count untouched.

@@ -47,9 +47,14 @@ public:
     void SetSelBold(bool bold);
     // Colours and weights of a stretch without touching the selection. `offset` and `length` as everywhere.
     void SetFormat(int offset, int length, CharFormat format);
+    void SetColor(int offset, int length, ColorNumber color);
+    void SetBold(int offset, int length, bool bold);
+    // The one colour of a stretch; empty when it has several, or no character.
+    [[nodiscard]] std::optional<ColorNumber> ColorOf(int offset, int length) const;
     // The formats of the whole text at once: the fast way to paint it. Spans ascend and don't overlap; what lies in
-    // none takes `rest`.
-    void SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans);
+    // none takes `rest`. Their offsets count a line end as `lineEndLength` characters: 2 as everywhere, or 1 as in
+    // RawText().
+    void SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength = 2);
     // The format of the character behind `offset`; the base format at the end of the text.
     [[nodiscard]] CharFormat FormatAt(int offset) const;
     // All formats by line. A copy of it is cheap, and stays as it is when the text goes on changing.
@@ -68,6 +73,8 @@ public:
     // Searches forward from `start`, without regard to case unless told, selects the match and returns its offset; -1
     // and no change when there is none. `text` may hold line ends. A start between CR and LF passes that line end by.
     int Find(const QString& text, int start, Qt::CaseSensitivity cs = Qt::CaseInsensitive);
+    // The same without selecting anything.
+    [[nodiscard]] int IndexOf(const QString& text, int start, Qt::CaseSensitivity cs = Qt::CaseSensitive) const;
 
     // Extends the selection forward or backward up to the next character of `characters` (`until` true), or over all
     // characters of it (`until` false). The found character itself is not taken. Going back until CR, the selection

@@ -52,14 +52,23 @@ void EditSurface::SetSelBold(bool bold) {
 }
 
 void EditSurface::SetFormat(int offset, int length, CharFormat format) {
-    const int begin = std::clamp(offset, 0, Length());
-    const int count = std::clamp(length, 0, Length() - begin);
-    d_->ChangeFormat(d_->PositionOf(begin), d_->PositionOf(begin + count),
-                     {.color = format.color, .bold = format.bold});
+    d_->ChangeFormatOf(offset, length, {.color = format.color, .bold = format.bold});
 }
 
-void EditSurface::SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans) {
-    constexpr int lineEndLength = 2;
+void EditSurface::SetColor(int offset, int length, ColorNumber color) {
+    d_->ChangeFormatOf(offset, length, {.color = color, .bold = {}});
+}
+
+void EditSurface::SetBold(int offset, int length, bool bold) {
+    d_->ChangeFormatOf(offset, length, {.color = {}, .bold = bold});
+}
+
+std::optional<ColorNumber> EditSurface::ColorOf(int offset, int length) const {
+    return d_->formats.CommonColor(d_->PlaceOf(d_->PositionOf(offset)), d_->PlaceOf(d_->PositionOf(offset + length)),
+                                   d_->foreColor);
+}
+
+void EditSurface::SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength) {
     d_->formats.SetAll(rest, spans, lineEndLength);
     d_->MarkAllOutdated();
 }
@@ -79,6 +88,12 @@ void EditSurface::Private::ChangeFormat(const FormatChange& change) {
     } else {
         insertion = change.AppliedTo(InsertionFormat());
     }
+}
+
+void EditSurface::Private::ChangeFormatOf(int offset, int length, const FormatChange& change) {
+    const int begin = std::clamp(offset, 0, q.Length());
+    const int count = std::clamp(length, 0, q.Length() - begin);
+    ChangeFormat(PositionOf(begin), PositionOf(begin + count), change);
 }
 
 void EditSurface::Private::ChangeFormat(int from, int to, const FormatChange& change) {

@@ -40,6 +40,9 @@ struct EditSurface::Private {
     [[nodiscard]] int OffsetOf(int position) const;
     [[nodiscard]] int PositionOf(int offset) const;
     [[nodiscard]] TextPlace PlaceOf(int position) const;
+    // The positions of the next match at or behind an offset, not selected; empty when there is none.
+    [[nodiscard]] std::optional<std::pair<int, int>> Match(const QString& text, int start,
+                                                           Qt::CaseSensitivity cs) const;
     // `length` characters from `position`, with "\n" at line ends.
     [[nodiscard]] QString Characters(int position, int length) const;
 
@@ -57,6 +60,7 @@ struct EditSurface::Private {
 
     void ChangeFormat(const FormatChange& change);  // of the selection or the next characters
     void ChangeFormat(int from, int to, const FormatChange& change);
+    void ChangeFormatOf(int offset, int length, const FormatChange& change);
     void MarkOutdated(int firstLine, int lastLine);
     void MarkAllOutdated();
     // Gives a block's layout the formats of its line when it has others.

@@ -77,23 +77,35 @@ char16_t CharacterAt(const QString& line, int index, bool hasEnd) {
 
 }  // namespace
 
-int EditSurface::Find(const QString& text, int start, Qt::CaseSensitivity cs) {
-    if (text.isEmpty() || start > Length()) return -1;
-    const LineSearch search(*document(), text, cs);
-    const int position = d_->PositionOf(start);
-    QTextBlock block = document()->findBlock(position);
+std::optional<std::pair<int, int>> EditSurface::Private::Match(const QString& text, int start,
+                                                               Qt::CaseSensitivity cs) const {
+    if (text.isEmpty() || start > q.Length()) return std::nullopt;
+    const LineSearch search(*q.document(), text, cs);
+    const int position = PositionOf(start);
+    QTextBlock block = q.document()->findBlock(position);
     int column = position - block.position();
-    if (start > d_->OffsetOf(position)) {
+    if (start > OffsetOf(position)) {
         block = block.next();
         column = 0;
     }
     const int found = search.First(block, column);
-    if (found < 0) return -1;
+    if (found < 0) return std::nullopt;
+    return std::pair{found, found + search.Length()};
+}
+
+int EditSurface::IndexOf(const QString& text, int start, Qt::CaseSensitivity cs) const {
+    const auto match = d_->Match(text, start, cs);
+    return match ? d_->OffsetOf(match->first) : -1;
+}
+
+int EditSurface::Find(const QString& text, int start, Qt::CaseSensitivity cs) {
+    const auto match = d_->Match(text, start, cs);
+    if (!match) return -1;
     QTextCursor cursor = textCursor();
-    cursor.setPosition(found);
-    cursor.setPosition(found + search.Length(), QTextCursor::KeepAnchor);
+    cursor.setPosition(match->first);
+    cursor.setPosition(match->second, QTextCursor::KeepAnchor);
     setTextCursor(cursor);
-    return d_->OffsetOf(found);
+    return d_->OffsetOf(match->first);
 }
 
 void EditSurface::Span(const QString& characters, bool forward, bool until) {

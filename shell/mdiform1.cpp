@@ -86,11 +86,6 @@ void MDIform1::AddRecentFile(const QString& path) {
     files_.AddRecentFile(path);
 }
 
-// The markup engine comes with the editor's own tools; until then these leave the document as it is.
-void MDIform1::Smartcolor() {}
-void MDIform1::PortableColor(QString& /*markup*/) {}
-void MDIform1::Addstuff(const QString& /*open*/, const QString& /*close*/) {}
-void MDIform1::HideAttr() {}
 void MDIform1::AddTags() {}
 void MDIform1::startup() {}
 void MDIform1::ColorBarSetup() {}

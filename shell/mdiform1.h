@@ -1,6 +1,7 @@
 // The main window: owns every region and wires the parts to one another.
 #pragma once
 
+#include "editor/reference_tree.h"
 #include "editor/workbench.h"
 #include "shell/file_commands.h"
 #include "shell/frm_settings.h"
@@ -71,10 +72,7 @@ public:
     QStringList FontNames() const override;
     QString WebsiteDirectory() const override;
     void RefreshWebsite() override;
-    void Smartcolor() override;
-    void PortableColor(QString& markup) override;
-    void Addstuff(const QString& open, const QString& close) override;
-    void HideAttr() override;
+    const ReferenceTree& References() const override { return references_; }
     void AddRecentFile(const QString& path) override;
     void SetWrapChecked(bool checked) override;
     Document* CreateDocument() override;
@@ -160,6 +158,7 @@ private:
     FileCommands files_;
     RecoveryKeeper recovery_;
     const QStringList fontNames_;
+    ReferenceTree references_;
     MainLayout layout_;
     bool laidOut_ = false;
 };

@@ -1,12 +1,10 @@
 #include "editor/document.h"
 
-#include "editor/workbench.h"
-#include "tests/support/scripted_prompts.h"
+#include "tests/support/test_workbench.h"
 
 #include <QFrame>
 #include <QListWidget>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -14,43 +12,10 @@
 namespace vellum {
 namespace {
 
-class TestWorkbench : public Workbench {
-public:
-    [[nodiscard]] Document* ActiveDocument() const override { return nullptr; }
-    [[nodiscard]] SettingsStore& Settings() override { return settings_; }
-    [[nodiscard]] Prompts& Ask() override { return prompts_; }
-    [[nodiscard]] QWidget* Window() override { return nullptr; }
-    [[nodiscard]] QString OpenDocCount() const override { return "1"; }
-    void SetOpenDocCount(const QString& /*count*/) override {}
-    void SetPanel(int /*panel*/, const QString& /*text*/) override {}
-    [[nodiscard]] QStringList FontNames() const override { return {}; }
-    [[nodiscard]] QString WebsiteDirectory() const override { return {}; }
-    void RefreshWebsite() override {}
-    void Smartcolor() override {}
-    void PortableColor(QString& /*markup*/) override {}
-    void Addstuff(const QString& /*open*/, const QString& /*close*/) override {}
-    void HideAttr() override {}
-    void AddRecentFile(const QString& /*path*/) override {}
-    void SetWrapChecked(bool /*checked*/) override {}
-    Document* CreateDocument() override { return nullptr; }
-    void LoadPage(QString& /*html*/) override {}
-
-private:
-    QTemporaryDir folder_;
-    SettingsStore settings_{folder_.filePath("settings.json")};
-    test::ScriptedPrompts prompts_;
-};
-
-class PlainDocument : public Document {
-public:
-    using Document::Document;
-    void ResizeMe() override {}
-};
-
 class DocumentTest : public testing::Test {
 protected:
-    TestWorkbench workbench;
-    PlainDocument document{workbench};
+    test::TestWorkbench workbench;
+    test::PlainDocument document{workbench};
 };
 
 TEST_F(DocumentTest, HoldsTheSurfaceAndTheHiddenPopup) {

@@ -4,7 +4,7 @@
 #include "editor/workbench.h"
 #include "platform/browser_surface.h"
 #include "platform/settings_keys.h"
-#include "tests/support/scripted_prompts.h"
+#include "tests/support/test_workbench.h"
 #include "tests/support/wait_for.h"
 
 #include <QApplication>
@@ -67,53 +67,28 @@ public:
     PreviewPipeline pipeline;
 };
 
-class PlainDocument : public Document {
+class TestWorkbench : public test::TestWorkbench {
 public:
-    using Document::Document;
-    void ResizeMe() override {}
-};
-
-class TestWorkbench : public Workbench {
-public:
-    explicit TestWorkbench(const QString& directory)
-        : settings_(directory + "/settings.json"), website(directory + "/site") {
+    explicit TestWorkbench(const QString& directory) {
+        website = directory + "/site";
+        count = "0";
         QDir().mkpath(website);
     }
 
     Document* ActiveDocument() const override { return active.get(); }
-    SettingsStore& Settings() override { return settings_; }
-    Prompts& Ask() override { return prompts; }
     QWidget* Window() override { return active.get(); }
-    QString OpenDocCount() const override { return count; }
-    void SetOpenDocCount(const QString& newCount) override { count = newCount; }
-    void SetPanel(int /*panel*/, const QString& /*text*/) override {}
-    QStringList FontNames() const override { return {}; }
-    QString WebsiteDirectory() const override { return website; }
-    void RefreshWebsite() override {}
     void Smartcolor() override { ++colored; }
-    void PortableColor(QString& /*markup*/) override {}
-    void Addstuff(const QString& /*open*/, const QString& /*close*/) override {}
-    void HideAttr() override {}
-    void AddRecentFile(const QString& /*path*/) override {}
-    void SetWrapChecked(bool /*checked*/) override {}
     Document* CreateDocument() override {
         if (UsePreview) {
             active = std::make_unique<PreviewedDocument>(*this);
         } else {
-            active = std::make_unique<PlainDocument>(*this);
+            active = std::make_unique<test::PlainDocument>(*this);
         }
         active->show();
         return active.get();
     }
     void LoadPage(QString& html) override { vellum::LoadPage(*this, html); }
 
-private:
-    SettingsStore settings_;
-
-public:
-    test::ScriptedPrompts prompts;
-    QString website;
-    QString count = QStringLiteral("0");
     int colored = 0;
     std::unique_ptr<Document> active;
 };
@@ -335,7 +310,7 @@ TEST_F(PreviewPipelineTest, ADocumentIsNeverOverwrittenByItsOwnPreview) {
 
 TEST_F(PreviewPipelineTest, NorByThePreviewOfAnother) {
     WriteFile(Site("caching.htm"), "as saved");
-    PlainDocument other(bench_);
+    test::PlainDocument other(bench_);
     other.setParent(document_);  // the window that holds all documents
     other.SetCaption(Site("caching.htm"));
     document_->Text1->SetText("x");

@@ -5,7 +5,7 @@
 #include "editor/workbench.h"
 #include "platform/settings_keys.h"
 #include "shell/settings_fields.h"
-#include "tests/support/scripted_prompts.h"
+#include "tests/support/test_workbench.h"
 
 #include <QTemporaryDir>
 
@@ -19,26 +19,13 @@ struct SettingsEvent {
     QStringList written;
 };
 
-class SettingsBench : public Workbench, public SettingsTarget {
+class SettingsBench : public TestWorkbench, public SettingsTarget {
 public:
     [[nodiscard]] Document* ActiveDocument() const override { return document; }
     [[nodiscard]] SettingsStore& Settings() override { return store; }
-    [[nodiscard]] Prompts& Ask() override { return prompts; }
-    [[nodiscard]] QWidget* Window() override { return nullptr; }
     [[nodiscard]] QString OpenDocCount() const override { return openDocCount; }
-    void SetOpenDocCount(const QString& count) override { openDocCount = count; }
-    void SetPanel(int /*panel*/, const QString& /*text*/) override {}
     [[nodiscard]] QStringList FontNames() const override { return {"Arial", "Courier New", "Times"}; }
-    [[nodiscard]] QString WebsiteDirectory() const override { return {}; }
-    void RefreshWebsite() override {}
     void Smartcolor() override { Record("Smartcolor"); }
-    void PortableColor(QString& /*markup*/) override {}
-    void Addstuff(const QString& /*open*/, const QString& /*close*/) override {}
-    void HideAttr() override {}
-    void AddRecentFile(const QString& /*path*/) override {}
-    void SetWrapChecked(bool /*checked*/) override {}
-    Document* CreateDocument() override { return nullptr; }
-    void LoadPage(QString& /*html*/) override {}
 
     [[nodiscard]] QStringList ImageTypes() const override { return imageTypes; }
     [[nodiscard]] QStringList DocumentTypes() const override { return documentTypes; }
@@ -79,7 +66,6 @@ public:
 
     QTemporaryDir folder;
     SettingsStore store{folder.filePath("settings.json")};
-    ScriptedPrompts prompts;
     QString openDocCount = "1";
     Document* document = nullptr;
     QStringList imageTypes{".bmp", ".jpg"};

@@ -1,0 +1,7 @@
+#include "editor/workbench.h"
+
+namespace vellum {
+
+void Workbench::Smartcolor() {}
+
+}  // namespace vellum

@@ -1,0 +1,52 @@
+// A main window of ten lines: settings of its own, scripted prompts, one active document.
+#pragma once
+
+#include "editor/document.h"
+#include "editor/reference_tree.h"
+#include "editor/workbench.h"
+#include "tests/support/scripted_prompts.h"
+
+#include <QMap>
+#include <QTemporaryDir>
+
+namespace vellum::test {
+
+class TestWorkbench : public Workbench {
+public:
+    [[nodiscard]] Document* ActiveDocument() const override { return active; }
+    [[nodiscard]] SettingsStore& Settings() override { return settings_; }
+    [[nodiscard]] Prompts& Ask() override { return prompts; }
+    [[nodiscard]] QWidget* Window() override { return nullptr; }
+    [[nodiscard]] QString OpenDocCount() const override { return count; }
+    void SetOpenDocCount(const QString& text) override { count = text; }
+    void SetPanel(int panel, const QString& text) override { panels[panel] = text; }
+    [[nodiscard]] QStringList FontNames() const override { return {}; }
+    [[nodiscard]] QString WebsiteDirectory() const override { return website; }
+    void RefreshWebsite() override {}
+    [[nodiscard]] const ReferenceTree& References() const override { return references; }
+    void AddRecentFile(const QString& /*path*/) override {}
+    void SetWrapChecked(bool /*checked*/) override {}
+    Document* CreateDocument() override { return nullptr; }
+    void LoadPage(QString& /*html*/) override {}
+
+    Document* active = nullptr;
+    ScriptedPrompts prompts;
+    ReferenceTree references;
+    QMap<int, QString> panels;  // what each panel of the status bar shows
+    QString count = QStringLiteral("1");
+    QString website;
+
+private:
+    QTemporaryDir folder_;
+    SettingsStore settings_{folder_.filePath("settings.json")};
+};
+
+class PlainDocument : public Document {
+public:
+    using Document::Document;
+    void ResizeMe() override { ++laidOut; }
+
+    int laidOut = 0;
+};
+
+}  // namespace vellum::test
