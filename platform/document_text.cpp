@@ -60,17 +60,16 @@ void MarkStandIns(QTextDocument& document, int position, const DocumentText& ins
 }
 
 QString FromDocumentText(QString raw, QTextDocument& document, int position) {
+    // Without a branch the compiler takes many characters at once.
+    QChar* const characters = raw.data();
+    std::transform(characters, characters + raw.size(), characters,
+                   [](QChar character) { return character == QChar::ParagraphSeparator ? QChar(u'\n') : character; });
     QTextCursor cursor;
-    for (qsizetype index = 0; index < raw.size(); ++index) {
-        const QChar character = raw.at(index);
-        if (character == QChar::ParagraphSeparator) {
-            raw[index] = u'\n';
-        } else if (character == standIn) {
-            if (cursor.isNull()) cursor = QTextCursor(&document);
-            cursor.setPosition(position + static_cast<int>(index) + 1);  // a format is read behind its character
-            const int held = cursor.charFormat().intProperty(heldCharacter);
-            if (held != 0) raw[index] = QChar(static_cast<char16_t>(held));
-        }
+    for (qsizetype index = raw.indexOf(standIn); index >= 0; index = raw.indexOf(standIn, index + 1)) {
+        if (cursor.isNull()) cursor = QTextCursor(&document);
+        cursor.setPosition(position + static_cast<int>(index) + 1);  // a format is read behind its character
+        const int held = cursor.charFormat().intProperty(heldCharacter);
+        if (held != 0) raw[index] = QChar(static_cast<char16_t>(held));
     }
     return raw;
 }

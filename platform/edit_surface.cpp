@@ -59,6 +59,7 @@ QString EditSurface::Private::Characters(int position, int length) const {
 }
 
 QString EditSurface::RawText() const {
+    if (!d_->untouched.isNull()) return d_->untouched;
     return FromDocumentText(document()->toRawText(), *document(), 0);
 }
 
@@ -99,6 +100,7 @@ void EditSurface::SetText(const QString& text) {
     MarkStandIns(*document(), 0, plain);
     moveCursor(QTextCursor::Start);
     d_->loading = false;
+    d_->untouched = plain.held.empty() ? plain.text : QString();
 
     d_->formats.Reset(lengths);
     d_->insertion.reset();
@@ -190,6 +192,7 @@ void EditSurface::Private::OnContentsChange(int position, int removed, int added
         MarkOutdated(line, line);
         return;
     }
+    untouched.clear();
     const TextPlace from{line, position - first.position()};
     std::vector<int> pieces;
     QTextBlock last = first;

@@ -22,6 +22,7 @@ struct EditSurface::Private {
     int formatVersion = 1;                // blocks whose user state differs have layouts with outdated formats
     std::optional<CharFormat> insertion;  // what the next typed characters take, until the caret moves
     std::optional<CharFormat> arriving;   // what the text being inserted takes
+    QString untouched;                    // the text as it was set, until it is edited; else null
     quint64 revision = 0;
     quint64 savedRevision = 0;
     TextFormat fileFormat;
