@@ -12,7 +12,9 @@ namespace {
 constexpr std::size_t chunkLines = 256;
 constexpr std::size_t chunkLimit = 512;
 
-void Append(std::vector<Stretch>& list, int start, int length, const CharFormat& format, const CharFormat& base) {
+using StretchList = std::vector<Stretch>;
+
+void Append(StretchList& list, int start, int length, const CharFormat& format, const CharFormat& base) {
     if (length <= 0 || format == base) return;
     if (!list.empty() && list.back().start + list.back().length == start && list.back().format == format) {
         list.back().length += length;
@@ -44,8 +46,7 @@ bool VisitLine(std::span<const Stretch> list, int from, int to, const CharFormat
 }
 
 // Appends the runs between two columns of `list`, moved right by `shift`.
-void AppendRuns(std::vector<Stretch>& to, std::span<const Stretch> list, int from, int end, int shift,
-                const CharFormat& base) {
+void AppendRuns(StretchList& to, std::span<const Stretch> list, int from, int end, int shift, const CharFormat& base) {
     VisitLine(list, from, end, base, [&](int start, int length, const CharFormat& format) {
         Append(to, start + shift, length, format, base);
         return true;
@@ -109,11 +110,11 @@ FormatStore::Chunk& FormatStore::Owned(std::size_t slot) {
     return *chunk;
 }
 
-FormatStore::StretchList& FormatStore::OwnedStretches(int line) {
+void FormatStore::SetStretches(int line, std::span<const Stretch> stretches) {
     const std::size_t slot = SlotOf(line);
     Chunk& chunk = Owned(slot);
-    if (chunk.stretches.empty()) chunk.stretches.resize(chunk.lengths.size());
-    return chunk.stretches[static_cast<std::size_t>(line - slots_[slot].firstLine)];
+    if (chunk.stretches.empty()) chunk.stretches.Resize(chunk.lengths.size());
+    chunk.stretches.Set(static_cast<std::size_t>(line - slots_[slot].firstLine), stretches);
 }
 
 std::span<const Stretch> FormatStore::Stretches(int line) const {
@@ -127,63 +128,66 @@ void FormatStore::Replace(TextPlace from, TextPlace to, std::span<const int> ins
     const int tail = LineLength(to.line) - to.column;
     const int lines = static_cast<int>(inserted.size());
     std::vector<int> lengths(inserted.begin(), inserted.end());
-    std::vector<StretchList> stretches(inserted.size());
+    StretchRows rows;
 
-    AppendRuns(stretches.front(), Stretches(from.line), 0, from.column, 0, base_);
+    StretchList row;
+    AppendRuns(row, Stretches(from.line), 0, from.column, 0, base_);
     for (int index = 0; index < lines; ++index) {
+        const bool last = index + 1 == lines;
         const int column = index == 0 ? from.column : 0;
-        const int lineEnd = index + 1 < lines ? 1 : 0;
-        Append(stretches[static_cast<std::size_t>(index)], column, inserted[static_cast<std::size_t>(index)] + lineEnd,
-               format, base_);
+        Append(row, column, inserted[static_cast<std::size_t>(index)] + (last ? 0 : 1), format, base_);
+        if (last) break;
+        rows.Append(row);
+        row.clear();
     }
     lengths.front() += from.column;
-    AppendRuns(stretches.back(), Stretches(to.line), to.column, to.column + tail + 1, lengths.back() - to.column,
-               base_);
+    AppendRuns(row, Stretches(to.line), to.column, to.column + tail + 1, lengths.back() - to.column, base_);
     lengths.back() += tail;
 
     const std::size_t slot = SlotOf(from.line);
     if (from.line == to.line && lines == 1) {
         Owned(slot).lengths[static_cast<std::size_t>(from.line - slots_[slot].firstLine)] = lengths.front();
-        if (!stretches.front().empty() || !Stretches(from.line).empty()) {
-            OwnedStretches(from.line) = std::move(stretches.front());
-        }
+        if (!row.empty() || !Stretches(from.line).empty()) SetStretches(from.line, row);
         return;
     }
-    Splice(from.line, to.line - from.line + 1, std::move(lengths), std::move(stretches));
+    rows.Append(row);
+    Splice(from.line, to.line - from.line + 1, lengths, rows);
 }
 
-void FormatStore::Splice(int firstLine, int removed, std::vector<int> lengths, std::vector<StretchList> stretches) {
-    const int added = static_cast<int>(lengths.size());
+void FormatStore::Splice(int firstLine, int removed, std::span<const int> lengths, const StretchRows& stretches) {
+    const int difference = static_cast<int>(lengths.size()) - removed;
     const std::size_t first = SlotOf(firstLine);
     const std::size_t last = SlotOf(firstLine + removed - 1);
+    const int slotFirstLine = slots_[first].firstLine;
 
     // The lines around the change join the new ones, and all are cut into chunks again.
-    const auto take = [&](std::size_t slot, int begin, int end, std::size_t at) {
-        Chunk& chunk = Owned(slot);
-        if (chunk.stretches.empty()) chunk.stretches.resize(chunk.lengths.size());
-        const auto position = static_cast<std::ptrdiff_t>(at);
-        lengths.insert(lengths.begin() + position, chunk.lengths.begin() + begin, chunk.lengths.begin() + end);
-        stretches.insert(stretches.begin() + position, std::make_move_iterator(chunk.stretches.begin() + begin),
-                         std::make_move_iterator(chunk.stretches.begin() + end));
+    std::vector<int> allLengths;
+    StretchRows allStretches;
+    const auto take = [&](const Chunk& chunk, int begin, std::size_t end) {
+        const auto from = static_cast<std::size_t>(begin);
+        allLengths.insert(allLengths.end(), chunk.lengths.begin() + begin,
+                          chunk.lengths.begin() + static_cast<std::ptrdiff_t>(end));
+        if (chunk.stretches.empty()) {
+            allStretches.Resize(allLengths.size());
+        } else {
+            allStretches.Append(chunk.stretches, from, end);
+        }
     };
-    const int linesOfLast = static_cast<int>(slots_[last].chunk->lengths.size());
-    const int slotFirstLine = slots_[first].firstLine;
-    take(last, firstLine + removed - slots_[last].firstLine, linesOfLast, lengths.size());
-    take(first, 0, firstLine - slotFirstLine, 0);
+    take(*slots_[first].chunk, 0, static_cast<std::size_t>(firstLine - slotFirstLine));
+    allLengths.insert(allLengths.end(), lengths.begin(), lengths.end());
+    allStretches.Append(stretches, 0, lengths.size());
+    const Slot& lastSlot = slots_[last];
+    take(*lastSlot.chunk, firstLine + removed - lastSlot.firstLine, lastSlot.chunk->lengths.size());
 
     std::vector<Slot> renewed;
-    const std::size_t step = lengths.size() <= chunkLimit ? chunkLimit : chunkLines;
-    for (std::size_t begin = 0; begin < lengths.size(); begin += step) {
-        const auto from = static_cast<std::ptrdiff_t>(begin);
-        const auto to = static_cast<std::ptrdiff_t>(std::min(begin + step, lengths.size()));
+    const std::size_t step = allLengths.size() <= chunkLimit ? chunkLimit : chunkLines;
+    for (std::size_t begin = 0; begin < allLengths.size(); begin += step) {
+        const std::size_t end = std::min(begin + step, allLengths.size());
         auto chunk = std::make_shared<Chunk>();
-        chunk->lengths.assign(lengths.begin() + from, lengths.begin() + to);
-        const bool plain = std::all_of(stretches.begin() + from, stretches.begin() + to,
-                                       [](const StretchList& list) { return list.empty(); });
-        if (!plain) {
-            chunk->stretches.assign(std::make_move_iterator(stretches.begin() + from),
-                                    std::make_move_iterator(stretches.begin() + to));
-        }
+        chunk->lengths.assign(allLengths.begin() + static_cast<std::ptrdiff_t>(begin),
+                              allLengths.begin() + static_cast<std::ptrdiff_t>(end));
+        chunk->stretches.Append(allStretches, begin, end);
+        if (!chunk->stretches.HasStretches()) chunk->stretches = {};
         renewed.push_back({slotFirstLine + static_cast<int>(begin), std::move(chunk)});
     }
     const auto begin = slots_.begin() + static_cast<std::ptrdiff_t>(first);
@@ -191,7 +195,6 @@ void FormatStore::Splice(int firstLine, int removed, std::vector<int> lengths, s
     const auto rest =
         slots_.insert(behind, std::make_move_iterator(renewed.begin()), std::make_move_iterator(renewed.end())) +
         static_cast<std::ptrdiff_t>(renewed.size());
-    const int difference = added - removed;
     std::for_each(rest, slots_.end(), [&](Slot& slot) { slot.firstLine += difference; });
     lineCount_ += difference;
 }
@@ -212,7 +215,7 @@ void FormatStore::SetFormat(TextPlace from, TextPlace to, const FormatChange& ch
             return true;
         });
         AppendRuns(list, old, end, behind, 0, base_);
-        OwnedStretches(line) = std::move(list);
+        SetStretches(line, list);
     }
 }
 
@@ -234,28 +237,27 @@ void FormatStore::SetAll(const CharFormat& rest, std::span<const FormatSpan> spa
 }
 
 void FormatStore::AppendSpans(std::span<const FormatSpan> spans, int lineEndLength) {
-    std::size_t next = 0;
+    auto next = spans.begin();
     int lineStart = 0;
-    for (std::size_t slot = 0; slot < slots_.size() && next < spans.size(); ++slot) {
-        const std::size_t lines = slots_[slot].chunk->lengths.size();
-        for (std::size_t line = 0; line < lines && next < spans.size(); ++line) {
-            const int length = slots_[slot].chunk->lengths[line];
+    StretchRows rows;
+    StretchList row;
+    for (std::size_t slot = 0; slot < slots_.size() && next != spans.end(); ++slot) {
+        rows.Resize(0);
+        for (const int length : slots_[slot].chunk->lengths) {
             const int lineStop = lineStart + length + lineEndLength;
-            while (next < spans.size() && spans[next].offset < lineStop) {
-                const FormatSpan& span = spans[next];
-                const int stop = span.offset + span.length;
-                const int begin = std::min(std::max(span.offset - lineStart, 0), length);
+            row.clear();
+            while (next != spans.end() && next->offset < lineStop) {
+                const int stop = next->offset + next->length;
+                const int begin = std::clamp(next->offset - lineStart, 0, length);
                 const int end = stop >= lineStop ? length + 1 : std::min(stop - lineStart, length);
-                if (begin < end && span.format != base_) {
-                    Chunk& chunk = Owned(slot);
-                    if (chunk.stretches.empty()) chunk.stretches.resize(lines);
-                    Append(chunk.stretches[line], begin, end - begin, span.format, base_);
-                }
+                Append(row, begin, end - begin, next->format, base_);
                 if (stop > lineStop) break;
                 ++next;
             }
+            rows.Append(row);
             lineStart = lineStop;
         }
+        if (rows.HasStretches()) Owned(slot).stretches = rows;  // a copy is no longer than it has to be
     }
 }
 

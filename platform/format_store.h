@@ -1,6 +1,7 @@
 // Colours and weights of characters, kept by line beside the text and shifted by its edits.
 #pragma once
 
+#include "platform/stretch_rows.h"
 #include "platform/units.h"
 
 #include <compare>
@@ -10,22 +11,6 @@
 #include <vector>
 
 namespace vellum {
-
-struct CharFormat {
-    std::optional<ColorNumber> color;  // empty: the surface's own text colour
-    bool bold = false;
-
-    bool operator==(const CharFormat&) const = default;
-};
-
-// A run of equally formatted characters within one line; positions count from 0 in the line.
-struct Stretch {
-    int start = 0;
-    int length = 0;
-    CharFormat format;
-
-    bool operator==(const Stretch&) const = default;
-};
 
 // A place in the text; line and column count from 0. The column behind a line's last character is the line end's own.
 struct TextPlace {
@@ -92,10 +77,9 @@ public:
     [[nodiscard]] std::optional<bool> CommonBold(TextPlace from, TextPlace to) const;
 
 private:
-    using StretchList = std::vector<Stretch>;
     struct Chunk {
         std::vector<int> lengths;
-        std::vector<StretchList> stretches;  // one a line, or none at all while every line is in the base format
+        StretchRows stretches;  // a row a line, or none at all while every line is in the base format
     };
     struct Slot {
         int firstLine = 0;
@@ -104,8 +88,8 @@ private:
 
     [[nodiscard]] std::size_t SlotOf(int line) const;
     [[nodiscard]] Chunk& Owned(std::size_t slot);  // the chunk, no longer shared
-    [[nodiscard]] StretchList& OwnedStretches(int line);
-    void Splice(int firstLine, int removed, std::vector<int> lengths, std::vector<StretchList> stretches);
+    void SetStretches(int line, std::span<const Stretch> stretches);
+    void Splice(int firstLine, int removed, std::span<const int> lengths, const StretchRows& stretches);
     void AppendSpans(std::span<const FormatSpan> spans, int lineEndLength);
     template <typename Visitor>
     bool VisitRuns(TextPlace from, TextPlace to, const Visitor& visit) const;
