@@ -1,7 +1,121 @@
+#include "editor/document.h"
+#include "editor/markup_scan.h"
 #include "editor/workbench.h"
+#include "platform/number_rules.h"
+#include "platform/settings_keys.h"
+#include "platform/wait_pointer.h"
+
+#include <QScrollBar>
+
+#include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace vellum {
+namespace {
 
-void Workbench::Smartcolor() {}
+constexpr int passPanel = 4;
+constexpr ColorNumber largestColor = 0xFFFFFF;
+
+ColorNumber ColorOfValue(double value) {
+    return value >= 0 && value <= largestColor ? static_cast<ColorNumber>(value) : 0;
+}
+
+MarkupColors ColorsOf(const SharedValues& values, const SettingsStore& store) {
+    return {.tables = ColorOfValue(values.TablesColor),
+            .frames = ColorOfValue(values.FramesColor),
+            .links = ColorOfValue(values.LinksColor),
+            .comments = ColorOfValue(values.CommentsColor),
+            .other = ColorOfValue(values.OtherColor),
+            .asp = ColorOfValue(values.AspColor),
+            .off = TruthValue(ReadSetting(store, keys::colorOnOff)),
+            .aspBold = ReadNumberSetting(store, keys::aspBold) == 1};
+}
+
+// The caret alone, at `offset`. What the window shows stays when the caret does.
+void PutCaret(EditSurface& surface, int offset) {
+    const int before = surface.textCursor().position();
+    const int down = surface.verticalScrollBar()->value();
+    const int right = surface.horizontalScrollBar()->value();
+    surface.SetSelStart(offset);
+    if (surface.textCursor().position() != before) return;
+    surface.verticalScrollBar()->setValue(down);
+    surface.horizontalScrollBar()->setValue(right);
+}
+
+// Paints the stretch and answers where the caret goes. Costs what the stretch is long, whatever the text around it.
+int PaintStretch(EditSurface& surface, const QString& text, const MarkupSpan& span, const MarkupColors& colors) {
+    const auto find = [&surface](QStringView closing, int offset) {
+        return surface.IndexOf(closing.toString(), offset, Qt::CaseInsensitive);
+    };
+    const MarkupScan scan =
+        ScanStretch({.text = text, .span = span, .endOfText = surface.Length(), .find = find}, colors);
+    for (const PaintStep& step : scan.steps) {
+        const bool keepsColors = step.compare && !surface.ColorOf(step.offset, step.length);
+        if (step.color && !keepsColors) surface.SetColor(step.offset, step.length, *step.color);
+        if (step.bold) surface.SetBold(step.offset, step.length, true);
+    }
+    constexpr int pairOfTags = 2;  // an opening and a closing tag have the caret between them
+    return scan.tagCount == pairOfTags ? scan.selected : span.start + span.length;
+}
+
+bool HasMarkup(const EditSurface& surface, const QString& stretch) {
+    return stretch.contains(u'<') || surface.IndexOf(QStringLiteral("<"), 0) >= 0;
+}
+
+}  // namespace
+
+void Workbench::Smartcolor() {
+    Document* const document = ActiveDocument();
+    if (document == nullptr) return;
+    const ColorNumber backColor = ColorOfValue(ReadNumberSetting(Settings(), keys::backColor));
+    if (document->Text1->BackColor() != backColor) document->Text1->SetBackColor(backColor);
+    const bool painted = ColorSpanLength == 0 ? ColorWholeText(*document) : ColorSpan(*document);
+    if (!painted) return;
+    ColorSpanStart = 0;
+    ColorSpanLength = 0;
+    document->Text1->setFocus();
+}
+
+bool Workbench::ColorWholeText(Document& document) {
+    EditSurface& surface = *document.Text1;
+    const CharFormat plain{.color = ColorOfValue(ReadNumberSetting(Settings(), keys::foreColor)), .bold = false};
+    const int savedCaret = surface.SelStart();
+    SetPanel(passPanel, QStringLiteral("Color Coding"));
+    if (surface.ForeColor() != *plain.color) surface.SetForeColor(*plain.color);
+    const QString text = surface.RawText();
+    const bool hasMarkup = text.contains(u'<');
+    std::optional<WaitPointer> waiting;
+    std::vector<FormatSpan> formats;
+    if (hasMarkup) {
+        waiting.emplace();
+        if (!IsScriptCaption(document.Caption())) {
+            formats = MarkupFormats(text, ColorsOf(*this, Settings()), plain, LineEnds::Lf);
+        }
+    }
+    surface.SetAllFormats(plain, formats, 1);
+    PutCaret(surface, savedCaret);
+    SetPanel(passPanel, {});
+    return hasMarkup;
+}
+
+bool Workbench::ColorSpan(Document& document) {
+    EditSurface& surface = *document.Text1;
+    const int start = std::clamp(ColorSpanStart, 0, surface.Length());
+    const MarkupSpan span{.start = start, .length = std::clamp(ColorSpanLength, 0, surface.Length() - start)};
+    // A block may end one character behind the stretch.
+    const QString text = surface.Mid(span.start, span.length + 1);
+    if (!HasMarkup(surface, text)) {
+        SetPanel(passPanel, {});
+        PutCaret(surface, surface.SelStart());
+        return false;
+    }
+    const WaitPointer waiting;
+    const int caret = IsScriptCaption(document.Caption())
+                          ? span.start + span.length
+                          : PaintStretch(surface, text, span, ColorsOf(*this, Settings()));
+    PutCaret(surface, caret);
+    return true;
+}
 
 }  // namespace vellum

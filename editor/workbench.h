@@ -89,6 +89,11 @@ public:
     void CountOpenedDocument();
     void CountClosedDocument();
     virtual void LoadPage(QString& html) = 0;
+
+private:
+    // The two kinds of pass. False when the text holds no markup at all, which ends the pass early.
+    bool ColorWholeText(Document& document);
+    bool ColorSpan(Document& document);
 };
 
 // True for documents that get no colours and no markup assists, told by the caption's last letters alone.

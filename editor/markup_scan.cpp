@@ -1,0 +1,314 @@
+#include "editor/markup_scan.h"
+
+#include "editor/tag_class.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vellum {
+namespace {
+
+constexpr QStringView commentOpener = u"<!--";
+constexpr QStringView commentCloser = u"-->";
+constexpr int charactersPerTag = 32;  // on an ordinary page
+
+bool StartsAt(QStringView text, qsizetype offset, QStringView what) {
+    return text.sliced(offset).startsWith(what);
+}
+
+// The first match of a closing tag at or behind an offset, without regard to case; -1 when there is none.
+qsizetype FindClosing(QStringView text, QStringView closing, qsizetype offset) {
+    for (auto found = text.indexOf(u'<', offset); found >= 0; found = text.indexOf(u'<', found + 1)) {
+        if (text.sliced(found).startsWith(closing, Qt::CaseInsensitive)) return found;
+    }
+    return -1;
+}
+
+// The walk over a text. `Canvas` takes what is found in the order of painting:
+//   Tag(offset, length, color, compare)   a stretch that takes a colour
+//   Block(offset, length)                 a server-side block
+// `Closing` answers where a region ends: (closing tag, offset) to an offset, or to -1.
+template <typename Canvas, typename Closing>
+class Walk {
+public:
+    // Nothing that reaches `limit` is painted. `end` is where the text ends, which may be far behind `text`.
+    struct Bounds {
+        qsizetype first;
+        qsizetype limit;
+        qsizetype end;
+    };
+
+    Walk(QStringView text, Bounds bounds, LineEnds lineEnds, const MarkupColors& colors, Canvas& canvas,
+         const Closing& closing)
+        : text_(text),
+          bounds_(bounds),
+          lineFeedEnds_(lineEnds == LineEnds::Lf),
+          colors_(colors),
+          canvas_(canvas),
+          closing_(closing) {}
+
+    void Tags() {
+        nextOpener_ = -1;
+        for (qsizetype from = bounds_.first; true;) {
+            const qsizetype begin = Opener(from);
+            if (begin < 0 || begin >= bounds_.limit) return;
+            ++tagCount_;
+            const qsizetype last = LastOf(begin);
+            if (last < 0 || last >= bounds_.limit) return;
+            selected_ = begin;
+            from = colors_.off ? last : Paint(begin, last);
+        }
+    }
+
+    void Blocks() {
+        for (qsizetype from = bounds_.first; from < text_.size();) {
+            const qsizetype begin = BlockOpener(from);
+            if (begin < 0 || begin >= bounds_.limit) return;
+            const qsizetype closer = BlockCloser(begin + 1);
+            if (closer < 0 || closer >= bounds_.limit) return;
+            selected_ = begin;
+            canvas_.Block(begin, closer + 2 - begin);
+            from = closer + 1;
+        }
+    }
+
+    [[nodiscard]] int TagCount() const { return tagCount_; }
+    [[nodiscard]] qsizetype Selected() const { return selected_; }
+
+private:
+    // The first "<" at or behind an offset. Remembered, since the search for a tag's inner ones runs ahead.
+    qsizetype Opener(qsizetype from) {
+        if (nextOpener_ < from && !noMoreOpeners_) {
+            nextOpener_ = text_.indexOf(u'<', from);
+            noMoreOpeners_ = nextOpener_ < 0;
+        }
+        return noMoreOpeners_ ? -1 : nextOpener_;
+    }
+
+    // The ">" that ends what begins with the "<" at an offset; -1 when nothing does.
+    [[nodiscard]] qsizetype LastOf(qsizetype begin) const {
+        const char16_t second = begin + 1 < text_.size() ? text_.utf16()[begin + 1] : u'\0';
+        if (second == u'%') {
+            const qsizetype closer = BlockCloser(begin + 1);
+            return closer < 0 ? -1 : closer + 1;
+        }
+        if (second == u'!' && StartsAt(text_, begin, commentOpener)) {
+            const qsizetype closer = CommentCloser(begin + 1);
+            return closer < 0 ? -1 : closer + commentCloser.size() - 1;
+        }
+        qsizetype closer = text_.indexOf(u'>', begin + 1);
+        while (closer >= 0 && text_.utf16()[closer - 1] == u'%') closer = text_.indexOf(u'>', closer + 1);
+        return closer;
+    }
+
+    [[nodiscard]] qsizetype CommentCloser(qsizetype from) const {
+        qsizetype found = text_.indexOf(u'>', from + 2);
+        while (found >= 0 && !StartsAt(text_, found - 2, commentCloser)) found = text_.indexOf(u'>', found + 1);
+        return found < 0 ? -1 : found - 2;
+    }
+
+    [[nodiscard]] qsizetype BlockOpener(qsizetype from) const {
+        qsizetype found = text_.indexOf(u'%', from + 1);
+        while (found >= 0 && text_.utf16()[found - 1] != u'<') found = text_.indexOf(u'%', found + 1);
+        return found < 0 ? -1 : found - 1;
+    }
+
+    [[nodiscard]] qsizetype BlockCloser(qsizetype from) const {
+        qsizetype found = text_.indexOf(u'>', from + 1);
+        while (found >= 0 && text_.utf16()[found - 1] != u'%') found = text_.indexOf(u'>', found + 1);
+        return found < 0 ? -1 : found - 1;
+    }
+
+    // Paints one tag and answers where the search for the next one starts.
+    qsizetype Paint(qsizetype begin, qsizetype last) {
+        const QStringView tag = text_.sliced(begin, last + 1 - begin);
+        if (HoldsComment(begin, last)) {
+            canvas_.Tag(begin, tag.size(), colors_.comments, true);
+            return last;
+        }
+        switch (classes_.ClassOf(tag, lineFeedEnds_)) {
+            case TagClass::Plain:
+                canvas_.Tag(begin, tag.size(), colors_.other, true);
+                break;
+            case TagClass::Script:
+                return PaintRegion(begin, last, u"</script>");
+            case TagClass::Style:
+                return PaintRegion(begin, last, u"</style>");
+            case TagClass::Link:
+                canvas_.Tag(begin, tag.size(), colors_.links, true);
+                break;
+            case TagClass::Table:
+                canvas_.Tag(begin, tag.size(), colors_.tables, true);
+                break;
+            case TagClass::Frame:
+                canvas_.Tag(begin, tag.size(), colors_.frames, true);
+                break;
+            case TagClass::Server:
+                break;
+            case TagClass::Unlisted:
+                canvas_.Tag(begin, tag.size(), colors_.other, false);
+                break;
+        }
+        return last;
+    }
+
+    bool HoldsComment(qsizetype begin, qsizetype last) {
+        if (text_.utf16()[begin + 1] == u'!' && StartsAt(text_, begin, commentOpener)) return true;
+        const qsizetype inner = Opener(begin + 1);
+        return inner >= 0 && inner < last && text_.sliced(inner, last - inner).contains(commentOpener);
+    }
+
+    // The next search starts just before the closing tag, so that a "<" there begins a tag of its own.
+    qsizetype PaintRegion(qsizetype begin, qsizetype last, QStringView closing) {
+        canvas_.Tag(begin, last + 1 - begin, colors_.other, true);
+        const qsizetype body = last + 1;
+        const qsizetype found = closing_(closing, body);
+        const qsizetype bodyEnd = found < 0 ? bounds_.end : found;
+        if (bodyEnd > body) canvas_.Tag(body, bodyEnd - body, colors_.comments, true);
+        selected_ = body;
+        return bodyEnd - 1;
+    }
+
+    QStringView text_;
+    Bounds bounds_;
+    bool lineFeedEnds_;
+    const MarkupColors& colors_;
+    Canvas& canvas_;
+    const Closing& closing_;
+    TagClasses classes_;
+    qsizetype nextOpener_ = -1;
+    bool noMoreOpeners_ = false;
+    int tagCount_ = 0;
+    qsizetype selected_ = -1;
+};
+
+// Keeps every step, its offset moved by where the text stands.
+class StepCanvas {
+public:
+    StepCanvas(const MarkupColors& colors, int shift) : colors_(colors), shift_(shift) {}
+
+    void Tag(qsizetype offset, qsizetype length, ColorNumber color, bool compare) {
+        Add({.offset = static_cast<int>(offset),
+             .length = static_cast<int>(length),
+             .color = color,
+             .bold = false,
+             .compare = compare});
+    }
+
+    void Block(qsizetype offset, qsizetype length) {
+        if (colors_.off && !colors_.aspBold) return;
+        Add({.offset = static_cast<int>(offset),
+             .length = static_cast<int>(length),
+             .color = colors_.off ? std::nullopt : std::optional(colors_.asp),
+             .bold = colors_.aspBold,
+             .compare = false});
+    }
+
+    std::vector<PaintStep> Taken() { return std::move(steps_); }
+
+private:
+    void Add(PaintStep step) {
+        step.offset += shift_;
+        steps_.push_back(step);
+    }
+
+    const MarkupColors& colors_;
+    int shift_;
+    std::vector<PaintStep> steps_;
+};
+
+// Keeps what shows in the end. Text in one colour gives compared steps nothing to spare: a construct lies in plain
+// text, and the one that may begin within another, the "<" before a region's closing tag, is painted without comparing.
+class FormatCanvas {
+public:
+    FormatCanvas(const MarkupColors& colors, const CharFormat& rest, qsizetype textLength)
+        : block_{.color = colors.off ? rest.color : std::optional(colors.asp), .bold = colors.aspBold} {
+        if (!colors.off) tags_.reserve(static_cast<std::size_t>(textLength / charactersPerTag));
+    }
+
+    void Tag(qsizetype offset, qsizetype length, ColorNumber color, bool /*compare*/) {
+        const int begin = static_cast<int>(offset);
+        if (!tags_.empty() && tags_.back().offset + tags_.back().length > begin) {
+            tags_.back().length = begin - tags_.back().offset;
+            if (tags_.back().length == 0) tags_.pop_back();
+        }
+        tags_.push_back({begin, static_cast<int>(length), {.color = color, .bold = false}});
+    }
+
+    void Block(qsizetype offset, qsizetype length) {
+        blocks_.push_back({static_cast<int>(offset), static_cast<int>(length), block_});
+    }
+
+    std::vector<FormatSpan> Taken() {
+        if (blocks_.empty()) return std::move(tags_);
+        std::vector<FormatSpan> all;
+        all.reserve(tags_.size() + 2 * blocks_.size());
+        auto block = blocks_.cbegin();
+        int covered = 0;  // the end of the last block
+        for (const FormatSpan& tag : tags_) {
+            const int end = tag.offset + tag.length;
+            int begin = std::max(tag.offset, covered);
+            for (; block != blocks_.cend() && block->offset < end; ++block) {
+                if (begin < block->offset) all.push_back({begin, block->offset - begin, tag.format});
+                all.push_back(*block);
+                covered = block->offset + block->length;
+                begin = std::max(begin, covered);
+            }
+            if (begin < end) all.push_back({begin, end - begin, tag.format});
+        }
+        all.insert(all.end(), block, blocks_.cend());
+        return all;
+    }
+
+private:
+    CharFormat block_;
+    std::vector<FormatSpan> tags_;
+    std::vector<FormatSpan> blocks_;
+};
+
+}  // namespace
+
+MarkupScan ScanMarkup(QStringView text, const MarkupColors& colors, const std::optional<MarkupSpan>& span,
+                      LineEnds lineEnds) {
+    const qsizetype first = span ? std::clamp<qsizetype>(span->start, 0, text.size()) : 0;
+    const qsizetype limit = span ? qsizetype{span->start} + span->length : text.size();
+    StepCanvas canvas(colors, 0);
+    const auto closing = [text](QStringView tag, qsizetype from) { return FindClosing(text, tag, from); };
+    Walk walk(text, {.first = first, .limit = limit, .end = text.size()}, lineEnds, colors, canvas, closing);
+    walk.Tags();
+    walk.Blocks();
+    return {canvas.Taken(), walk.TagCount(), static_cast<int>(walk.Selected())};
+}
+
+MarkupScan ScanStretch(const MarkupStretch& stretch, const MarkupColors& colors) {
+    const QStringView text = stretch.text;
+    const int start = stretch.span.start;
+    StepCanvas canvas(colors, start);
+    const auto closing = [&](QStringView tag, qsizetype from) -> qsizetype {
+        const qsizetype near = FindClosing(text, tag, from);
+        if (near >= 0) return near;
+        // Only a match that reaches beyond the stretch is left.
+        const qsizetype reach = std::max(from, text.size() + 1 - tag.size());
+        const int far = stretch.find(tag, start + static_cast<int>(reach));
+        return far < 0 ? -1 : far - start;
+    };
+    Walk walk(text, {.first = 0, .limit = stretch.span.length, .end = stretch.endOfText - start}, LineEnds::CrLf,
+              colors, canvas, closing);
+    walk.Tags();
+    walk.Blocks();
+    const int selected = walk.Selected() < 0 ? -1 : static_cast<int>(walk.Selected()) + start;
+    return {canvas.Taken(), walk.TagCount(), selected};
+}
+
+std::vector<FormatSpan> MarkupFormats(QStringView text, const MarkupColors& colors, const CharFormat& rest,
+                                      LineEnds lineEnds) {
+    if (colors.off && !colors.aspBold) return {};
+    FormatCanvas canvas(colors, rest, text.size());
+    const auto closing = [text](QStringView tag, qsizetype from) { return FindClosing(text, tag, from); };
+    Walk walk(text, {.first = 0, .limit = text.size(), .end = text.size()}, lineEnds, colors, canvas, closing);
+    if (!colors.off) walk.Tags();
+    walk.Blocks();
+    return canvas.Taken();
+}
+
+}  // namespace vellum
