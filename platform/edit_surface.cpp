@@ -94,6 +94,8 @@ void EditSurface::SetText(const QString& text) {
         lengths.push_back(static_cast<int>((end < 0 ? plain.text.size() : end) - start));
     }
 
+    const bool recorded = d_->history.Records();
+    const QString before = recorded ? RawText() : QString();
     d_->loading = true;
     document()->clear();  // so that no format of an old character clings to the new ones
     if (!plain.text.isEmpty()) setPlainText(plain.text);
@@ -101,6 +103,7 @@ void EditSurface::SetText(const QString& text) {
     moveCursor(QTextCursor::Start);
     d_->loading = false;
     d_->untouched = plain.held.empty() ? plain.text : QString();
+    if (recorded) d_->history.RecordAll(before, RawText());
 
     d_->formats.Reset(lengths);
     d_->insertion.reset();
@@ -155,20 +158,25 @@ void EditSurface::Private::ReplaceSelection(const QString& text) {
 void EditSurface::Private::Replace(int position, int length, const QString& text, const CharFormat& format) {
     if (length == 0 && text.isEmpty()) return;
     const DocumentText plain = ToDocumentText(text);
+    if (history.Records()) history.Record(position, Characters(position, length), static_cast<int>(plain.text.size()));
     QTextCursor cursor(q.document());
-    cursor.setPosition(position);
-    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
     arriving = format;
     replacing = true;
     cursor.beginEditBlock();
-    cursor.insertText(plain.text, QTextCharFormat());
-    MarkStandIns(*q.document(), position, plain);
+    Insert(cursor, position, length, plain);
     cursor.endEditBlock();
     replacing = false;
     arriving.reset();
     insertion.reset();
     q.setTextCursor(cursor);
     if (unreported) ReportChange();
+}
+
+void EditSurface::Private::Insert(QTextCursor& cursor, int position, int length, const DocumentText& plain) {
+    cursor.setPosition(position);
+    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
+    cursor.insertText(plain.text, QTextCharFormat());
+    MarkStandIns(*q.document(), position, plain);
 }
 
 CharFormat EditSurface::Private::InsertionFormat() const {
@@ -185,14 +193,19 @@ CharFormat EditSurface::Private::FormatBefore(TextPlace place) const {
 }
 
 void EditSurface::Private::OnContentsChange(int position, int removed, int added) {
-    if (loading) return;
+    if (loading && !restoring) return;
     const QTextBlock first = q.document()->findBlock(position);
     const int line = first.blockNumber();
+    if (restoring) {
+        HandOverlongFormats(line, q.document()->findBlock(position + added).blockNumber());
+        return;
+    }
     if (composing && !replacing && removed == added) {
         MarkOutdated(line, line);
         return;
     }
     untouched.clear();
+    if (!replacing) RecordChange(position, removed, added);
     const TextPlace from{line, position - first.position()};
     std::vector<int> pieces;
     QTextBlock last = first;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/format_store.h"
+#include "platform/surface_history.h"
 #include "platform/text_file.h"
 #include "platform/units.h"
 
@@ -60,6 +61,17 @@ public:
     // All formats by line. A copy of it is cheap, and stays as it is when the text goes on changing.
     [[nodiscard]] const FormatStore& Formats() const;
 
+    // The text and its formats as they are now, without the caret: a value that is cheap to take, to copy and to keep.
+    // It costs memory for what is edited later on only.
+    using Snapshot = SurfaceHistory::Snapshot;
+    [[nodiscard]] Snapshot TakeSnapshot();
+    // Puts text and formats back, as one change of the text. Nothing is selected then, and the caret stays beside the
+    // characters where it was. False, and no change, when the snapshot is empty or of another surface, or when
+    // something changed the text behind this surface's back since.
+    bool Restore(const Snapshot& snapshot);
+    // At most what the snapshots of this surface hold in memory.
+    [[nodiscard]] std::size_t SnapshotBytes() const;
+
     // The font of the whole surface: a family name and a size in points as the settings keep them.
     void SetEditorFont(const QString& family, const QString& pointSize);
     [[nodiscard]] QString SelFontName() const;
@@ -83,6 +95,10 @@ public:
 
     // The line, from 0, that holds `offset`.
     [[nodiscard]] int GetLineFromChar(int offset) const;
+
+    // Scrolls so that `linesAbove` lines, counted as they are wrapped, stand above the caret's: fewer near the start of
+    // the text and in a view too low for them, more near its end.
+    void PlaceCaretLine(int linesAbove);
 
     // In twips from the left edge of the text; lines wrap there, or at the surface's edge when that is nearer. From
     // 1000000 on nothing wraps.

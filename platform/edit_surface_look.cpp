@@ -206,6 +206,28 @@ void EditSurface::Private::HandVisibleFormats(int bottom) {
     }
 }
 
+void EditSurface::PlaceCaretLine(int linesAbove) {
+    const int linesSeen = viewport()->height() / std::max(1, fontMetrics().lineSpacing());
+    const int wanted = std::clamp(linesAbove, 0, std::max(0, linesSeen - 1));
+    const QTextCursor caret = textCursor();
+    QTextBlock block = caret.block();
+    // Where lines are wrapped shows only in a layout, and hangs on the formats.
+    const auto layOut = [this](const QTextBlock& line) {
+        if (line.userState() != d_->formatVersion) d_->HandFormats(line);
+        static_cast<void>(blockBoundingRect(line));
+    };
+    layOut(block);
+    const QTextLine line = block.layout()->lineForTextPosition(caret.positionInBlock());
+    int above = line.isValid() ? line.lineNumber() : 0;  // lines from the block's first to the caret's
+    while (above < wanted && block.previous().isValid()) {
+        block = block.previous();
+        layOut(block);
+        above += block.lineCount();
+    }
+    verticalScrollBar()->setValue(block.firstLineNumber() + std::max(0, above - wanted));
+    ensureCursorVisible();
+}
+
 void EditSurface::paintEvent(QPaintEvent* event) {
     d_->HandVisibleFormats(event->rect().bottom());
     QPlainTextEdit::paintEvent(event);

@@ -1,6 +1,7 @@
 // What the units of the edit surface share. Positions are the toolkit's: a line end counts as one character there.
 #pragma once
 
+#include "platform/document_text.h"
 #include "platform/edit_surface.h"
 
 #include <QTextBlock>
@@ -19,6 +20,7 @@ struct EditSurface::Private {
 
     EditSurface& q;
     FormatStore formats;
+    SurfaceHistory history;
     int formatVersion = 1;                // blocks whose user state differs have layouts with outdated formats
     std::optional<CharFormat> insertion;  // what the next typed characters take, until the caret moves
     std::optional<CharFormat> arriving;   // what the text being inserted takes
@@ -27,6 +29,7 @@ struct EditSurface::Private {
     quint64 savedRevision = 0;
     TextFormat fileFormat;
     bool loading = false;    // the document is being filled; its reports don't count
+    bool restoring = false;  // and it is being filled with a snapshot, whose formats are here already
     bool composing = false;  // an input method shows or hides what isn't text yet
     bool replacing = false;  // Replace reports the change itself
     bool unreported = false;
@@ -51,10 +54,13 @@ struct EditSurface::Private {
     // behind the new text.
     void Replace(int position, int length, const QString& text, const CharFormat& format);
     void ReplaceSelection(const QString& text);
+    void Insert(QTextCursor& cursor, int position, int length,
+                const DocumentText& plain);  // in place of what stands there
     [[nodiscard]] CharFormat InsertionFormat() const;
     [[nodiscard]] CharFormat FormatBefore(TextPlace place) const;  // of the character before it; the base at the start
 
     void OnContentsChange(int position, int removed, int added);
+    void RecordChange(int position, int removed, int added);
     void OnContentsChanged();
     void OnCaretMoved();
     void ReportChange();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <unordered_set>
 #include <utility>
 
 namespace vellum {
@@ -144,14 +145,18 @@ void FormatStore::Replace(TextPlace from, TextPlace to, std::span<const int> ins
     AppendRuns(row, Stretches(to.line), to.column, to.column + tail + 1, lengths.back() - to.column, base_);
     lengths.back() += tail;
 
-    const std::size_t slot = SlotOf(from.line);
     if (from.line == to.line && lines == 1) {
-        Owned(slot).lengths[static_cast<std::size_t>(from.line - slots_[slot].firstLine)] = lengths.front();
-        if (!row.empty() || !Stretches(from.line).empty()) SetStretches(from.line, row);
+        SetLine(from.line, lengths.front(), row);
         return;
     }
     rows.Append(row);
     Splice(from.line, to.line - from.line + 1, lengths, rows);
+}
+
+void FormatStore::SetLine(int line, int length, std::span<const Stretch> stretches) {
+    const std::size_t slot = SlotOf(line);
+    Owned(slot).lengths[static_cast<std::size_t>(line - slots_[slot].firstLine)] = length;
+    if (!stretches.empty() || !Stretches(line).empty()) SetStretches(line, stretches);
 }
 
 void FormatStore::Splice(int firstLine, int removed, std::span<const int> lengths, const StretchRows& stretches) {
@@ -291,6 +296,17 @@ CharFormat FormatStore::FormatAt(TextPlace place) const {
         return false;
     });
     return found;
+}
+
+std::size_t FormatStore::HeldBytesBeside(const FormatStore& other) const {
+    std::unordered_set<const Chunk*> shared;
+    for (const Slot& slot : other.slots_) shared.insert(slot.chunk.get());
+    std::size_t bytes = slots_.capacity() * sizeof(Slot);
+    for (const Slot& slot : slots_) {
+        if (shared.contains(slot.chunk.get())) continue;
+        bytes += sizeof(Chunk) + slot.chunk->lengths.capacity() * sizeof(int) + slot.chunk->stretches.HeldBytes();
+    }
+    return bytes;
 }
 
 std::optional<ColorNumber> FormatStore::CommonColor(TextPlace from, TextPlace to, ColorNumber own) const {

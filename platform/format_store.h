@@ -5,6 +5,7 @@
 #include "platform/units.h"
 
 #include <compare>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
@@ -76,7 +77,12 @@ public:
     [[nodiscard]] std::optional<ColorNumber> CommonColor(TextPlace from, TextPlace to, ColorNumber own) const;
     [[nodiscard]] std::optional<bool> CommonBold(TextPlace from, TextPlace to) const;
 
+    // What it holds beside the chunks that it shares with `other`.
+    [[nodiscard]] std::size_t HeldBytesBeside(const FormatStore& other) const;
+
 private:
+    friend class FormatDifference;
+
     struct Chunk {
         std::vector<int> lengths;
         StretchRows stretches;  // a row a line, or none at all while every line is in the base format
@@ -89,6 +95,8 @@ private:
     [[nodiscard]] std::size_t SlotOf(int line) const;
     [[nodiscard]] Chunk& Owned(std::size_t slot);  // the chunk, no longer shared
     void SetStretches(int line, std::span<const Stretch> stretches);
+    void SetLine(int line, int length, std::span<const Stretch> stretches);
+    // Replaces at least one line.
     void Splice(int firstLine, int removed, std::span<const int> lengths, const StretchRows& stretches);
     void AppendSpans(std::span<const FormatSpan> spans, int lineEndLength);
     template <typename Visitor>

@@ -36,6 +36,11 @@ public:
         return std::span(stretches_).subspan(begin, ends_[row] - begin);
     }
 
+    // In its tables.
+    [[nodiscard]] std::size_t HeldBytes() const {
+        return ends_.capacity() * sizeof(std::size_t) + stretches_.capacity() * sizeof(Stretch);
+    }
+
     // Adds empty rows, or drops the last ones.
     void Resize(std::size_t rows);
     void Append(std::span<const Stretch> row);

@@ -1,0 +1,56 @@
+// Snapshots of the edit surface.
+#include "platform/edit_surface_private.h"
+
+#include <QTextDocument>
+
+namespace vellum {
+
+EditSurface::Snapshot EditSurface::TakeSnapshot() {
+    return d_->history.Take(d_->formats);
+}
+
+bool EditSurface::Restore(const Snapshot& snapshot) {
+    d_->loading = true;
+    d_->restoring = true;
+    d_->MarkAllOutdated();
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    const auto replace = [this, &cursor](int position, int length, const QString& text) {
+        QString before = d_->Characters(position, length);
+        d_->Insert(cursor, position, length, ToDocumentText(text));
+        return before;
+    };
+    const bool restored = d_->history.Restore(snapshot, d_->formats, replace);
+    cursor.endEditBlock();
+    if (restored) {
+        cursor = textCursor();
+        if (cursor.hasSelection()) {
+            cursor.clearSelection();
+            setTextCursor(cursor);
+        }
+        d_->untouched.clear();
+        d_->insertion.reset();
+        ++d_->revision;
+    }
+    d_->restoring = false;
+    d_->loading = false;
+    if (!restored) return false;
+    d_->ReportChange();
+    d_->OnCaretMoved();
+    return true;
+}
+
+std::size_t EditSurface::SnapshotBytes() const {
+    return d_->history.HeldBytes(d_->formats);
+}
+
+void EditSurface::Private::RecordChange(int position, int removed, int added) {
+    // What went out is gone: only what merely came in can be told.
+    if (removed == 0) {
+        history.Record(position, QString(), added);
+    } else {
+        history.Forget();
+    }
+}
+
+}  // namespace vellum
