@@ -45,6 +45,7 @@ Document::Document(Workbench& workbench, QWidget* parent)
     cmbattr->setAccessibleName(QStringLiteral("Attributes"));
     connect(Text1, &EditSurface::Changed, this, [this] { SetSaver(false); });
     SetCaption(caption_);
+    ResetRedo();
 }
 
 void Document::SetCaption(const QString& caption) {

@@ -1,6 +1,7 @@
 // What all code may see of a document window.
 #pragma once
 
+#include "editor/undo_history.h"
 #include "platform/edit_surface.h"
 
 #include <QString>
@@ -57,6 +58,7 @@ protected:
 private:
     QString caption_ = QStringLiteral("New");
     bool saver_ = true;
+    UndoHistory history_;
 };
 
 }  // namespace vellum
