@@ -20,19 +20,21 @@ enum class PlaceKind {
 struct PosInfo {
     PlaceKind kind = PlaceKind::Plain;
     int start = -1;  // the "<" of the tag, comment or block; the ">" that ends a region's opening tag
-    int end = -1;    // the ">" of the tag, 100000 when there is none; only for a tag
+    // The ">" of a tag; only a tag has one. When none is in sight it is 100000, counted from where the window begins.
+    int end = -1;
 
     bool operator==(const PosInfo&) const = default;
 };
 
-// `pos` is the caret's offset plus 1. Looks at most 12000 characters back and, in a place so far from the start of the
-// text, 2000 ahead.
+// `pos` is the caret's offset plus 1. Beyond position 12000 it looks through a window that begins 12000 characters
+// before `pos` and is 14000 long; what opened further back doesn't count. Any text and any `pos` will do.
 [[nodiscard]] PosInfo FindPosInfo(QStringView text, int pos);
 
 // The same as text: the kind as a digit, `start`, and for a tag `end`, joined by tabs.
 [[nodiscard]] QString GetPosInfo(const QString& text, int pos);
 
-// The place of the surface's caret, by the text around it and without a copy of the whole.
+// The place of the surface's caret, by the text around it and without a copy of the whole. It never looks further ahead
+// than 2000 characters: a tag whose ">" is not among them has the end 100000, where FindPosInfo may know it.
 [[nodiscard]] PosInfo PosInfoAtCaret(const EditSurface& surface);
 
 }  // namespace vellum
