@@ -1,5 +1,6 @@
 #include "shell/mdiform1.h"
 
+#include "editor/text_commands.h"
 #include "platform/edit_surface.h"
 #include "platform/number_rules.h"
 #include "platform/programs.h"
@@ -301,27 +302,35 @@ void MDIform1::mnuCloseAll(int /*index*/) {
     }
 }
 
+void MDIform1::mnuUndoItem(int /*index*/) {
+    UndoText(*this);
+}
+void MDIform1::mnuRedoItem(int /*index*/) {
+    RedoText(*this);
+}
 void MDIform1::mnuCutItem(int /*index*/) {
-    if (const Document* document = ActiveDocument()) document->Text1->cut();
+    CutText(*this);
 }
-
 void MDIform1::mnuCopyItem(int /*index*/) {
-    if (const Document* document = ActiveDocument()) document->Text1->copy();
+    CopyText(*this);
 }
-
 void MDIform1::mnuItemPaste(int /*index*/) {
-    if (const Document* document = ActiveDocument()) document->Text1->paste();
+    PasteText(*this);
 }
-
 void MDIform1::mnuDeleteItem(int /*index*/) {
-    if (const Document* document = ActiveDocument()) document->Text1->SetSelText({});
+    DeleteText(*this);
 }
-
 void MDIform1::mnuSelectItem(int /*index*/) {
-    const Document* document = ActiveDocument();
-    if (!document) return;
-    document->Text1->SetSelStart(0);
-    document->Text1->SetSelLength(document->Text1->Length());
+    SelectAllText(*this);
+}
+void MDIform1::mnuCaseUpperItem(int /*index*/) {
+    UpperCaseMarkup(*this);
+}
+void MDIform1::mnuCaseLowerItem(int /*index*/) {
+    LowerCaseMarkup(*this);
+}
+void MDIform1::mnuLineItem(int /*index*/) {
+    GoToLine(*this);
 }
 
 void MDIform1::mnuWrapItem(int /*index*/) {

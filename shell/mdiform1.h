@@ -99,11 +99,16 @@ public:
     void mnuSaveregItem(int index);
     void mnuPrintItem(int index);
     void mnuExitItem(int index);
+    void mnuUndoItem(int index);
+    void mnuRedoItem(int index);
     void mnuCutItem(int index);
     void mnuCopyItem(int index);
     void mnuItemPaste(int index);
     void mnuDeleteItem(int index);
     void mnuSelectItem(int index);
+    void mnuCaseUpperItem(int index);
+    void mnuCaseLowerItem(int index);
+    void mnuLineItem(int index);
     void mnuWrapItem(int index);
     void mnuViewItem(int index);
     void mnuSettingsItem(int index);

@@ -30,13 +30,19 @@ constexpr MenuEntry table[] = {
     {1, "mnuExitItem", "E&xit", &M::mnuExitItem, 0, "Ctrl+Q"},
 
     {0, "mnuEdit", "&Edit", nullptr},
-    {1, "mnuCutItem", "&Cut", &M::mnuCutItem},
-    {1, "mnuCopyItem", "Cop&y", &M::mnuCopyItem},
-    {1, "mnuItemPaste", "&Paste", &M::mnuItemPaste},
+    {1, "mnuUndoItem", "&Undo", &M::mnuUndoItem, 0, "Ctrl+Z", false, false, true},
+    {1, "mnuRedoItem", "Redo", &M::mnuRedoItem, 0, "Ctrl+R", false, false, true},
+    {1, "", "-", nullptr},
+    {1, "mnuCutItem", "&Cut", &M::mnuCutItem, 0, "Ctrl+X", false, false, true},
+    {1, "mnuCopyItem", "Cop&y", &M::mnuCopyItem, 0, "Ctrl+C", false, false, true},
+    {1, "mnuItemPaste", "&Paste", &M::mnuItemPaste, 0, "Ctrl+V", false, false, true},
     {1, "mnuDeleteItem", "&Delete", &M::mnuDeleteItem},
     {1, "mnuSelectItem", "Select All", &M::mnuSelectItem, 0, "Ctrl+A"},
     {1, "", "-", nullptr},
+    {1, "mnuCaseUpperItem", "UpperCase All Tags", &M::mnuCaseUpperItem},
+    {1, "mnuCaseLowerItem", "LowerCase All Tags", &M::mnuCaseLowerItem},
     {1, "mnuWrapItem", "Word Wrap", &M::mnuWrapItem, 0, "", true, false},
+    {1, "mnuLineItem", "Goto Line...", &M::mnuLineItem},
 
     {0, "mnuTools", "&Tools", nullptr},
     {1, "mnuAZ", "L - Z", nullptr},
@@ -64,6 +70,8 @@ QAction* AddItem(QMenu& menu, const MenuEntry& entry, MDIform1& window) {
     item->setCheckable(entry.checkable);
     item->setChecked(entry.checked);
     item->setShortcut(QKeySequence(entry.shortcut));
+    // Such a key would act for the menu bar alone, when that has the keyboard.
+    if (entry.editorsKey) item->setShortcutContext(Qt::WidgetShortcut);
     if (entry.run) {
         QObject::connect(item, &QAction::triggered, &window,
                          [&window, run = entry.run, index = entry.index] { (window.*run)(index); });

@@ -18,6 +18,7 @@ struct MenuEntry {
     const char* shortcut = "";
     bool checkable = false;
     bool checked = false;
+    bool editorsKey = false;  // the shortcut is the editor's own: the item shows it and leaves the key alone
 };
 
 [[nodiscard]] std::span<const MenuEntry> MenuTable();
