@@ -249,6 +249,11 @@ int EditSurface::GetLineFromChar(int offset) const {
     return document()->findBlock(d_->PositionOf(offset)).blockNumber();
 }
 
+int EditSurface::LineStart(int line) const {
+    const int number = std::clamp(line, 0, document()->blockCount() - 1);
+    return document()->findBlockByNumber(number).position() + number;
+}
+
 quint64 EditSurface::Revision() const {
     return d_->revision;
 }

@@ -15,6 +15,8 @@
 
 namespace vellum {
 
+class SurfaceHandlers;
+
 class EditSurface : public QPlainTextEdit {
     Q_OBJECT
 public:
@@ -95,6 +97,8 @@ public:
 
     // The line, from 0, that holds `offset`.
     [[nodiscard]] int GetLineFromChar(int offset) const;
+    // The offset of a line's first character; lines count from 0 and are cut to those there are.
+    [[nodiscard]] int LineStart(int line) const;
 
     // Scrolls so that `linesAbove` lines, counted as they are wrapped, stand above the caret's: fewer near the start of
     // the text and in a view too low for them, more near its end.
@@ -118,6 +122,13 @@ public:
     // Text of the whole document with "\n" line ends, as the writers of files take it.
     [[nodiscard]] QString RawText() const;
 
+    // Who is asked about keys, the mouse and pasted text first; nobody at the beginning. Has to outlive the surface's
+    // use.
+    void SetHandlers(SurfaceHandlers* handlers);
+
+    // Where the caret's line is painted, in pixels of the surface.
+    [[nodiscard]] QRect CaretRect() const;
+
 signals:
     void Changed();     // the text changed
     void SelChanged();  // caret or selection moved
@@ -129,6 +140,11 @@ protected:
     void dropEvent(QDropEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;

@@ -25,6 +25,23 @@ bool IsTypedText(const QKeyEvent& event) {
     return first.isPrint() || first.category() == QChar::Other_PrivateUse || first.isHighSurrogate();
 }
 
+bool IsOneCharacter(const QString& text) {
+    const auto length = text.size();
+    return (length == 1 && text.at(0).isPrint()) || (length == 2 && text.at(0).isHighSurrogate());
+}
+
+int ShiftState(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers();
+    return (modifiers.testFlag(Qt::ShiftModifier) ? shiftBit : 0) |
+           (modifiers.testFlag(Qt::ControlModifier) ? ctrlBit : 0) | (modifiers.testFlag(Qt::AltModifier) ? altBit : 0);
+}
+
+// Keys that delete more than a character, with Ctrl as the desktops have them.
+bool DeletesByItself(const QKeyEvent& event) {
+    return event.matches(QKeySequence::DeleteStartOfWord) || event.matches(QKeySequence::DeleteEndOfWord) ||
+           event.matches(QKeySequence::DeleteEndOfLine);
+}
+
 // The position before `position` that Backspace deletes to.
 int PositionBefore(const QTextDocument& text, int position) {
     const bool pair = position > 1 && text.characterAt(position - 1).isLowSurrogate() &&
@@ -34,14 +51,74 @@ int PositionBefore(const QTextDocument& text, int position) {
 
 }  // namespace
 
+void EditSurface::SetHandlers(SurfaceHandlers* handlers) {
+    d_->handlers = handlers;
+}
+
+QRect EditSurface::CaretRect() const {
+    return cursorRect().translated(viewport()->pos());
+}
+
 void EditSurface::keyPressEvent(QKeyEvent* event) {
     if (!isReadOnly()) {
+        if (d_->HandleClipboardKey(event)) return;
+        if (d_->handlers && d_->handlers->KeyDown(event->key(), ShiftState(*event), DeletesByItself(*event))) {
+            event->accept();
+            return;
+        }
         if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) return;
         if (d_->HandleDeletion(event) || d_->HandleTyping(event)) return;
         // These would set a direction for the block, which plain text has no place for.
         if (event->key() == Qt::Key_Direction_L || event->key() == Qt::Key_Direction_R) return;
     }
     QPlainTextEdit::keyPressEvent(event);
+}
+
+void EditSurface::keyReleaseEvent(QKeyEvent* event) {
+    QPlainTextEdit::keyReleaseEvent(event);
+    // A key that repeats while it is held is released once.
+    if (d_->handlers && !event->isAutoRepeat()) d_->handlers->KeyUp(event->key(), ShiftState(*event));
+}
+
+void EditSurface::mousePressEvent(QMouseEvent* event) {
+    if (d_->handlers && event->button() == Qt::RightButton) {
+        d_->handlers->ContextMenu(event->globalPosition().toPoint());
+        event->accept();
+        return;
+    }
+    if (d_->handlers) d_->handlers->MouseDown(event->button());
+    QPlainTextEdit::mousePressEvent(event);
+}
+
+void EditSurface::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (d_->handlers) d_->handlers->MouseDown(event->button());
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+}
+
+void EditSurface::mouseMoveEvent(QMouseEvent* event) {
+    if (d_->handlers) d_->handlers->MouseMove();
+    QPlainTextEdit::mouseMoveEvent(event);
+}
+
+void EditSurface::mouseReleaseEvent(QMouseEvent* event) {
+    QPlainTextEdit::mouseReleaseEvent(event);
+    if (d_->handlers) d_->handlers->MouseUp(event->button());
+}
+
+bool EditSurface::Private::HandleClipboardKey(QKeyEvent* event) {
+    if (!handlers) return false;
+    const int shiftState = ShiftState(*event);
+    if (shiftState == shiftBit && event->key() == Qt::Key_Insert) {
+        handlers->Paste(QGuiApplication::clipboard()->text());
+    } else if (shiftState == shiftBit && event->key() == Qt::Key_Delete) {
+        handlers->Cut();
+    } else if (shiftState == ctrlBit && event->key() == Qt::Key_Insert) {
+        handlers->Copy();
+    } else {
+        return false;
+    }
+    event->accept();
+    return true;
 }
 
 bool EditSurface::Private::HandleDeletion(QKeyEvent* event) {
@@ -59,6 +136,10 @@ bool EditSurface::Private::HandleDeletion(QKeyEvent* event) {
     if (event->matches(QKeySequence::Cut)) {
         if (cursor.hasSelection()) q.copy();
     } else if (event->key() == Qt::Key_Backspace && !(event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))) {
+        if (handlers && handlers->KeyPress(QStringLiteral("\b"), ShiftState(*event))) {
+            event->accept();
+            return true;
+        }
         if (!cursor.hasSelection()) {
             cursor.setPosition(PositionBefore(*q.document(), cursor.position()), QTextCursor::KeepAnchor);
         }
@@ -78,7 +159,7 @@ bool EditSurface::Private::HandleTyping(QKeyEvent* event) {
     QString text;
     const auto modifiers = event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
     if (modifiers == Qt::NoModifier && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        text = QStringLiteral("\n");
+        text = QStringLiteral("\r");
     } else if (modifiers == Qt::NoModifier && (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab)) {
         text = QStringLiteral("\t");
     } else if (IsTypedText(*event)) {
@@ -86,10 +167,25 @@ bool EditSurface::Private::HandleTyping(QKeyEvent* event) {
     } else {
         return false;
     }
-    ReplaceSelection(text);
+    Type(text, ShiftState(*event));
     q.ensureCursorVisible();
     event->accept();
     return true;
+}
+
+void EditSurface::Private::Type(const QString& text, int shiftState) {
+    for (qsizetype index = 0, length = 1; index < text.size(); index += length) {
+        const bool pair = text.at(index).isHighSurrogate() && index + 1 < text.size();
+        length = pair ? 2 : 1;
+        const QString character = text.mid(index, length);
+        if (!handlers || !handlers->KeyPress(character, shiftState)) ReplaceSelection(character);
+    }
+}
+
+void EditSurface::Private::TypeAsKey(const QString& text) {
+    if (handlers && handlers->KeyDown(Qt::Key_unknown, 0, false)) return;
+    Type(text, 0);
+    if (handlers) handlers->KeyUp(Qt::Key_unknown, 0);
 }
 
 void EditSurface::inputMethodEvent(QInputMethodEvent* event) {
@@ -102,13 +198,17 @@ void EditSurface::inputMethodEvent(QInputMethodEvent* event) {
         // What was being composed goes first; then the committed text comes as if it were typed.
         QInputMethodEvent finish;
         QPlainTextEdit::inputMethodEvent(&finish);
-        if (textCursor().hasSelection()) d_->ReplaceSelection(QString());
-        const int last = document()->characterCount() - 1;
-        const int from = std::clamp(textCursor().position() + event->replacementStart(), 0, last);
-        const int length = std::clamp(event->replacementLength(), 0, last - from);
-        d_->Replace(from, length, event->commitString(), d_->InsertionFormat());
+        if (event->replacementLength() > 0) {
+            const int last = document()->characterCount() - 1;
+            const int from = std::clamp(textCursor().position() + event->replacementStart(), 0, last);
+            const int length = std::clamp(event->replacementLength(), 0, last - from);
+            if (d_->handlers) static_cast<void>(d_->handlers->KeyDown(Qt::Key_unknown, 0, false));
+            d_->Replace(from, length, QString(), d_->InsertionFormat());
+        }
+        d_->TypeAsKey(event->commitString());
     } else if (!event->preeditString().isEmpty() && textCursor().hasSelection()) {
         const CharFormat format = d_->InsertionFormat();
+        if (d_->handlers) static_cast<void>(d_->handlers->KeyDown(Qt::Key_unknown, 0, false));
         d_->ReplaceSelection(QString());
         d_->insertion = format;
     }
@@ -128,13 +228,20 @@ QMimeData* EditSurface::createMimeDataFromSelection() const {
 
 void EditSurface::insertFromMimeData(const QMimeData* source) {
     if (isReadOnly() || source == nullptr || !source->hasText()) return;
-    d_->ReplaceSelection(source->text());
+    const QString text = source->text();
+    if (!d_->handlers) {
+        d_->ReplaceSelection(text);
+    } else if (IsOneCharacter(text)) {
+        d_->TypeAsKey(text);  // tables of characters and the like hand over what is picked there this way
+    } else {
+        d_->handlers->Paste(text);
+    }
     ensureCursorVisible();
 }
 
 void EditSurface::dropEvent(QDropEvent* event) {
     const bool takes = !isReadOnly() && event->mimeData() != nullptr && event->mimeData()->hasText();
-    int target = cursorForPosition(event->position().toPoint()).position();
+    const int target = cursorForPosition(event->position().toPoint()).position();
     // The toolkit ends its part of the dragging, and has nothing to insert.
     const QMimeData nothing;
     QDropEvent end(event->position(), event->possibleActions(), &nothing, event->buttons(), event->modifiers());
@@ -143,29 +250,40 @@ void EditSurface::dropEvent(QDropEvent* event) {
         event->ignore();
         return;
     }
-    const QString text = event->mimeData()->text();
     const bool moved =
         event->dropAction() == Qt::MoveAction && (event->source() == this || event->source() == viewport());
-    QTextCursor cursor = textCursor();
-    if (moved && cursor.hasSelection()) {
-        const int begin = cursor.selectionStart();
-        const int end_ = cursor.selectionEnd();
-        if (target >= begin && target <= end_) {  // dropped on itself
-            event->acceptProposedAction();
-            return;
-        }
-        d_->ReplaceSelection(QString());
-        if (target > end_) target -= end_ - begin;
-    }
-    cursor = textCursor();
-    cursor.setPosition(target);
-    setTextCursor(cursor);
-    d_->ReplaceSelection(text);
+    d_->Drop(event->mimeData()->text(), target, moved);
     ensureCursorVisible();
     event->acceptProposedAction();
 }
 
+void EditSurface::Private::Drop(const QString& text, int target, bool moved) {
+    const QTextCursor origin = q.textCursor();
+    const bool leaves = moved && origin.hasSelection();
+    if (leaves && target >= origin.selectionStart() && target <= origin.selectionEnd()) return;  // dropped on itself
+    QTextCursor cursor = q.textCursor();
+    cursor.setPosition(target);
+    q.setTextCursor(cursor);
+    if (handlers) {
+        handlers->Paste(text);
+    } else {
+        ReplaceSelection(text);
+    }
+    if (!leaves) return;
+    // What was dragged goes from its old place last, so that one step of undo brings all back.
+    const QTextCursor behind = q.textCursor();
+    const int from = origin.selectionStart();
+    Replace(from, origin.selectionEnd() - from, QString(), formats.Base());
+    q.setTextCursor(behind);
+}
+
 void EditSurface::contextMenuEvent(QContextMenuEvent* event) {
+    if (d_->handlers) {
+        // The right button has opened it already when it went down.
+        if (event->reason() != QContextMenuEvent::Mouse) d_->handlers->ContextMenu(event->globalPos());
+        event->accept();
+        return;
+    }
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const bool selected = textCursor().hasSelection();

@@ -3,6 +3,7 @@
 
 #include "platform/document_text.h"
 #include "platform/edit_surface.h"
+#include "platform/surface_handlers.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -40,6 +41,7 @@ struct EditSurface::Private {
     ColorNumber foreColor = 0;
     ColorNumber backColor = 0xFFFFFF;
     int rightMargin = noWrapMargin;
+    SurfaceHandlers* handlers = nullptr;
 
     [[nodiscard]] int OffsetOf(int position) const;
     [[nodiscard]] int PositionOf(int offset) const;
@@ -80,8 +82,14 @@ struct EditSurface::Private {
     void ApplyColors();
     void ApplyRightMargin();
 
+    [[nodiscard]] bool HandleClipboardKey(QKeyEvent* event);
     [[nodiscard]] bool HandleDeletion(QKeyEvent* event);
     [[nodiscard]] bool HandleTyping(QKeyEvent* event);
+    // Characters one by one, each after the handlers were asked. "\r" is the line end.
+    void Type(const QString& text, int shiftState);
+    // The same for what comes without a key of its own, as from an input method.
+    void TypeAsKey(const QString& text);
+    void Drop(const QString& text, int target, bool moved);
 };
 
 }  // namespace vellum
