@@ -1,18 +1,35 @@
 #include "editor/document.h"
 
+#include "editor/tag_popup.h"
+#include "editor/typing.h"
+#include "editor/workbench.h"
+
 #include <QFrame>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace vellum {
 namespace {
 
 constexpr int popupLeftTwips = 2000;
 
+// Rows, and pixels.
+constexpr int popupRows = 8;
+constexpr int popupNarrowest = 140;
+constexpr int popupWidest = 360;
+constexpr int popupPadding = 12;
+
 QListWidget* MakeList(const QString& name, QFrame* panel) {
     auto* const list = new QListWidget(panel);
     list->setObjectName(name);
     list->setFrameShape(QFrame::NoFrame);
+    // The keyboard stays with the text, whose keys work the list.
+    list->setFocusPolicy(Qt::NoFocus);
+    list->setUniformItemSizes(true);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->hide();
     panel->layout()->addWidget(list);
     return list;
@@ -23,6 +40,7 @@ QFrame* MakePanel(QWidget* window) {
     panel->setObjectName(QStringLiteral("picAttr"));
     panel->setFrameShape(QFrame::StyledPanel);
     panel->setAutoFillBackground(true);
+    panel->setFocusPolicy(Qt::NoFocus);
     panel->move(PixelsFromTwips(popupLeftTwips), 0);
     auto* const rows = new QVBoxLayout(panel);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -38,12 +56,15 @@ Document::Document(Workbench& workbench, QWidget* parent)
       picAttr(MakePanel(this)),
       cmbTags(MakeList(QStringLiteral("cmbTags"), picAttr)),
       cmbattr(MakeList(QStringLiteral("cmbattr"), picAttr)),
-      workbench_(workbench) {
+      workbench_(workbench),
+      typing_(std::make_unique<TypingAssist>(workbench, *this)) {
     Text1->setObjectName(QStringLiteral("Text1"));
     setFocusProxy(Text1);
     cmbTags->setAccessibleName(QStringLiteral("Tags"));
     cmbattr->setAccessibleName(QStringLiteral("Attributes"));
     connect(Text1, &EditSurface::Changed, this, [this] { SetSaver(false); });
+    Text1->SetHandlers(typing_.get());
+    WirePopup();
     SetCaption(caption_);
     ResetRedo();
 }
@@ -62,6 +83,42 @@ void Document::SetSaver(bool saver) {
     emit SaverChanged(saver_);
 }
 
-void Document::PositionAttr() {}
+Document::~Document() = default;
+
+void Document::WirePopup() {
+    connect(cmbTags, &QListWidget::itemClicked, this, [this] { workbench_.TakeTag(); });
+    connect(cmbattr, &QListWidget::itemClicked, this, [this] { workbench_.TakeAttribute(); });
+    for (const QScrollBar* bar : {Text1->verticalScrollBar(), Text1->horizontalScrollBar()}) {
+        connect(bar, &QScrollBar::valueChanged, this, [this] {
+            if (picAttr->isVisible()) PositionAttr();
+        });
+    }
+}
+
+void Document::PositionAttr() {
+    const QListWidget& list = cmbTags->isHidden() ? *cmbattr : *cmbTags;
+    const int rows = std::min(popupRows, std::max(list.count(), 1));
+    const int scrollBar = list.count() > popupRows ? list.verticalScrollBar()->sizeHint().width() : 0;
+    const int frame = 2 * picAttr->frameWidth();
+    const int wanted = list.sizeHintForColumn(0) + scrollBar + frame + popupPadding;
+    const QSize size(std::clamp(wanted, popupNarrowest, popupWidest),
+                     rows * std::max(list.sizeHintForRow(0), 1) + frame);
+    const QRect caret = Text1->CaretRect().translated(Text1->pos());
+    picAttr->setGeometry(PopupPlace(caret, Text1->geometry(), size));
+    picAttr->raise();
+}
+
+void Document::ShowPopup(QListWidget& list) {
+    (&list == cmbTags ? cmbattr : cmbTags)->hide();
+    list.show();
+    PositionAttr();
+    picAttr->show();
+}
+
+void Document::SelectWord() {
+    const int length = static_cast<int>(strAtt.size());
+    Text1->SetSelStart(std::max(Text1->SelStart() - length, 0));
+    Text1->SetSelLength(length);
+}
 
 }  // namespace vellum

@@ -1,15 +1,79 @@
-#include "editor/workbench.h"
+#include "editor/tag_popup.h"
+
+#include "editor/reference_tree.h"
+
+#include <algorithm>
 
 namespace vellum {
+namespace {
 
-void Workbench::ShowAttr(int /*tagPos*/) {}
+constexpr QStringView nameEnds = u" >\t\r";
+constexpr QStringView blanks = u" \t\n\r";
+constexpr QStringView wordEnds = u"/>< \t\r\n";
+constexpr QStringView wordMarks = u" ><\"\t\n\r";
 
-void Workbench::HideAttr() {}
+// Characters between the edge of the surface and the popup's right side, in pixels.
+constexpr int edgeGap = 20;
+constexpr int caretGap = 2;
 
-QString Workbench::GetStrAtt(int /*tagPos*/) const {
-    return {};
+bool ContainsAny(QStringView text, QStringView characters) {
+    return std::ranges::any_of(text, [&](QChar c) { return characters.contains(c); });
 }
 
-void Workbench::InsertAttr(const QString& /*item*/) {}
+}  // namespace
+
+PopupDecision DecidePopup(QStringView tag, int caret) {
+    const PopupDecision leave{PopupStep::Leave, {}};
+    const PopupDecision hide{PopupStep::Hide, {}};
+    const bool atEnd = caret >= tag.size();
+    const auto* const found = std::ranges::find_if(tag, [](QChar c) { return nameEnds.contains(c); });
+    if (caret < 1 || (found == tag.end() && !atEnd)) return leave;
+    const QStringView name = tag.first(found - tag.begin()).mid(1);
+    const QStringView soFar = tag.first(std::min<qsizetype>(caret, tag.size()));
+    const QChar before = soFar.back();
+    if (!atEnd && !wordEnds.contains(tag.at(caret)) && !wordEnds.contains(before) && before != u'"') return hide;
+    if (soFar.count(u'"') % 2 != 0 || (name.isEmpty() && before != u'<')) return hide;
+    if (before == u'<' && name.isEmpty() && soFar.size() == 1) return {PopupStep::Tags, {}};
+    if (!ContainsAny(soFar, blanks)) return hide;
+    return {PopupStep::Attributes, name.toString()};
+}
+
+QString PartialWord(QStringView beforeCaret) {
+    qsizetype start = beforeCaret.size();
+    while (start > 0 && !wordMarks.contains(beforeCaret.at(start - 1))) --start;
+    return start == 0 ? QString() : beforeCaret.mid(start).toString();
+}
+
+QStringList TagEntries(const ReferenceTree& references, int root) {
+    QStringList entries{QStringLiteral("!--")};
+    QStringList closers;
+    for (const int child : references.Node(root).children) {
+        const QString& text = references.Node(child).text;
+        const auto mark = text.indexOf(emptyElementMark);
+        entries << (mark < 0 ? text : text.left(mark));
+        if (mark < 0) closers << u'/' + text;
+    }
+    return entries + closers;
+}
+
+int FindElement(const ReferenceTree& references, int root, const QString& name) {
+    const QString key = u' ' + name + u' ';
+    const auto& children = references.Node(root).children;
+    const auto found = std::ranges::find_if(children, [&](int child) {
+        return (u' ' + references.Node(child).text + u' ').contains(key, Qt::CaseInsensitive);
+    });
+    return found == children.end() ? 0 : *found;
+}
+
+QRect PopupPlace(const QRect& caret, const QRect& area, QSize size) {
+    const int roomBelow = area.bottom() - caret.bottom() - caretGap;
+    const int roomAbove = caret.top() - caretGap - area.top();
+    const bool above = size.height() > roomBelow && roomAbove > roomBelow;
+    const int height = std::clamp(above ? roomAbove : roomBelow, 0, size.height());
+    const int width = std::min(size.width(), area.width());
+    const int top = above ? caret.top() - caretGap - height : caret.bottom() + caretGap + 1;
+    const int rightmost = std::max(area.right() + 1 - edgeGap - width, area.left());
+    return {std::clamp(caret.left(), area.left(), rightmost), top, width, height};
+}
 
 }  // namespace vellum

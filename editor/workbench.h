@@ -79,6 +79,9 @@ public:
     void HideAttr();
     [[nodiscard]] QString GetStrAtt(int tagPos) const;
     void InsertAttr(const QString& item);
+    // Put what is selected in the popup's list of elements, or of attributes and entities, into the text.
+    void TakeTag();
+    void TakeAttribute();
 
     virtual void AddRecentFile(const QString& path) = 0;
     virtual void SetWrapChecked(bool checked) = 0;  // the check mark of the Word Wrap item

@@ -1,0 +1,121 @@
+// A shown document with a small reference tree, driven by real events.
+#pragma once
+
+#include "editor/popup_list.h"
+#include "platform/edit_surface.h"
+#include "platform/settings_keys.h"
+#include "tests/support/test_workbench.h"
+
+#include <QFrame>
+#include <QListWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vellum::test {
+
+// XHTML with a few elements as the active document type, entities, and another document type.
+inline void FillReferences(ReferenceTree& tree) {
+    tree.Clear();
+    const int xhtml = tree.AddRoot("XHTML1 Transitional", "DTD");
+    tree.SetBold(xhtml, true);
+    tree.AddChild(xhtml, "!DOCTYPE html\r\n PUBLIC \"-//X//EN\"" + emptyElementMark);
+    const int anchor = tree.AddChild(xhtml, "a");
+    for (const char* name : {"class=", "href=", "hreflang=", "title="}) tree.AddChild(anchor, name);
+    const int lineBreak = tree.AddChild(xhtml, "br" + emptyElementMark);
+    tree.AddChild(lineBreak, "id=");
+    const int image = tree.AddChild(xhtml, "img" + emptyElementMark);
+    tree.AddChild(image, "src=");
+    tree.AddChild(xhtml, "table");
+    tree.AddChild(xhtml, "tbody");
+    const int smil = tree.AddRoot("SMIL 1.0", "DTD");
+    tree.AddChild(smil, "par");
+    const int sets = tree.AddRoot("Character Sets");
+    const int latin = tree.AddChild(sets, "Latin Characters");
+    for (const char* name : {"&aacute;    x", "&nbsp;      y", "&Nu;        z"}) tree.AddChild(latin, name);
+    tree.AddRoot("Date/Time");
+}
+
+class EditorFixture : public testing::Test {
+protected:
+    void SetUp() override {
+        FillReferences(workbench.references);
+        workbench.active = &document;
+        document.resize(800, 600);
+        document.Text1->setGeometry(0, 0, 800, 600);
+        document.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&document));
+        document.Text1->setFocus();
+    }
+
+    // Types as a person does, Enter and Tab among it.
+    void Type(const QString& text) {
+        for (const QChar character : text) {
+            if (character == u'\n') {
+                Press(Qt::Key_Return);
+            } else if (character == u'\t') {
+                Press(Qt::Key_Tab);
+            } else {
+                QTest::sendKeyEvent(QTest::Click, &Surface(), KeyOf(character), QString(character),
+                                    ModifiersOf(character));
+            }
+        }
+    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&Surface(), key, modifiers);
+    }
+
+    // The text becomes what stands here, the caret where the bar is; a second bar ends a selection.
+    void Put(const QString& marked) {
+        QString text = marked;
+        text.replace("\n", "\r\n");
+        const auto first = text.indexOf(u'|');
+        text.remove(first, 1);
+        const auto second = text.indexOf(u'|');
+        if (second >= 0) text.remove(second, 1);
+        Surface().SetText(text);
+        workbench.Smartcolor();
+        Surface().SetSelStart(static_cast<int>(first));
+        if (second >= 0) Surface().SetSelLength(static_cast<int>(second - first));
+    }
+    // The same notation for what the surface holds now.
+    [[nodiscard]] QString Shown() {
+        QString text = Surface().Text();
+        const int begin = Surface().SelStart();
+        if (const int length = Surface().SelLength(); length > 0) text.insert(begin + length, u'|');
+        text.insert(begin, u'|');
+        return text.replace("\r\n", "\n");
+    }
+
+    [[nodiscard]] EditSurface& Surface() { return *document.Text1; }
+    [[nodiscard]] ColorNumber ColorAt(int offset) {
+        return Surface().FormatAt(offset).color.value_or(Surface().ForeColor());
+    }
+    void Set(const SettingKey& key, const QString& value) { WriteSetting(workbench.Settings(), key, value); }
+
+    [[nodiscard]] bool PopupShows(const QListWidget* list) const {
+        return document.picAttr->isVisible() && list->isVisible();
+    }
+    static QStringList Entries(const QListWidget* list) {
+        QStringList entries;
+        for (int row = 0; row < list->count(); ++row) entries << list->item(row)->text();
+        return entries;
+    }
+    static void ClickEntry(QListWidget* list, const QString& text) {
+        const QList<QListWidgetItem*> found = list->findItems(text, Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << text.toStdString();
+        list->scrollToItem(found.front());
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found.front()).center());
+    }
+
+    TestWorkbench workbench;
+    PlainDocument document{workbench};
+
+private:
+    static Qt::KeyboardModifiers ModifiersOf(QChar character) {
+        return character.isUpper() || QStringView(u"<>\"&%|!").contains(character) ? Qt::ShiftModifier : Qt::NoModifier;
+    }
+    static Qt::Key KeyOf(QChar character) { return static_cast<Qt::Key>(character.toUpper().unicode()); }
+};
+
+}  // namespace vellum::test

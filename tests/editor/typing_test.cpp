@@ -1,0 +1,352 @@
+#include "editor/typing.h"
+
+#include "editor/list_tag.h"
+#include "tests/editor/editor_fixture.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+
+namespace vellum {
+namespace {
+
+constexpr ColorNumber plain = 0;
+constexpr ColorNumber tagColor = 32768;
+constexpr ColorNumber linkColor = 8388608;
+constexpr ColorNumber commentColor = 8421504;
+constexpr ColorNumber serverColor = 6776628;
+
+class TypingTest : public test::EditorFixture {
+protected:
+    // What each character is painted in: "." plain, "o" other tags, "a" links, "c" comments, "s" server blocks, which
+    // are in capitals when bold ("B" for bold plain text).
+    QString Colours() {
+        QString letters;
+        const QString text = Surface().Text();
+        for (int offset = 0; offset < text.size(); ++offset) {
+            if (text.at(offset) == u'\r') continue;
+            if (text.at(offset) == u'\n') {
+                letters += u'\n';
+                continue;
+            }
+            const ColorNumber color = ColorAt(offset);
+            const QChar letter = color == plain          ? u'.'
+                                 : color == tagColor     ? u'o'
+                                 : color == linkColor    ? u'a'
+                                 : color == commentColor ? u'c'
+                                 : color == serverColor  ? u's'
+                                                         : u'?';
+            const bool bold = Surface().FormatAt(offset).bold;
+            letters += !bold ? letter : letter == u'.' ? u'B' : letter.toUpper();
+        }
+        return letters;
+    }
+    void ExpectTyped(const QString& typed, const QString& shown, const QString& colours) {
+        Put("|");
+        Type(typed);
+        EXPECT_EQ(Shown(), shown);
+        EXPECT_EQ(Colours(), colours);
+    }
+};
+
+TEST_F(TypingTest, ColoursGoAheadOfTheTypedCharacter) {
+    ExpectTyped("x <b>y</b> z", "x <b>y</b> z|", "..ooo.oooo..");
+    ExpectTyped("<a href=\"q", "<a href=\"q|", "oooooooooo");
+    ExpectTyped("<a href=\"q\">t</a>.", "<a href=\"q\">t</a>.|", "aaaaaaaaaaaa.aaaa.");
+    ExpectTyped("<!-- <b> -->x", "<!-- <b> -->x|", "cccccccccccc.");
+    ExpectTyped("x<%=y%>z", "x<%=y%>z|", ".SSSSSS.");
+}
+
+TEST_F(TypingTest, ABlockIsNotBoldWhenTheSettingSaysSo) {
+    Set(keys::aspBold, "0");
+    ExpectTyped("x<% x %>y", "x<% x %>y|", ".sssssss.");
+}
+
+TEST_F(TypingTest, WithColoursOffOnlyACommentTakesItsColour) {
+    Set(keys::colorOnOff, "1");
+    ExpectTyped("<b>y", "<b>y|", "....");
+    ExpectTyped("<!-- x", "<!-- x|", "cccccc");
+    ExpectTyped("<% x", "<% x|", "BBBB");  // bold alone
+}
+
+TEST_F(TypingTest, ScriptDocumentsGetNeitherColoursNorAssists) {
+    document.SetCaption("/x/a.js");
+    workbench.AutoQuote = 1;
+    ExpectTyped("<BR> <!-- &", "<BR> <!-- &|", "...........");
+    EXPECT_FALSE(document.picAttr->isVisible());
+    Put("a|b\nc|d");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Shown(), "|\tab\n\tc|d");
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Shown(), "|ab\nc|d");
+    Put("\tx|");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "\tx\n\t|");
+}
+
+TEST_F(TypingTest, AClosedTagIsLoweredAndEmptyElementsAreClosed) {
+    ExpectTyped("<A HREF=\"Big.HTML\">", "<a href=\"Big.HTML\">|", "aaaaaaaaaaaaaaaaaaa");
+    ExpectTyped("<BR>", "<br />|", "oooooo");
+    ExpectTyped("<br/>", "<br/>|", "ooooo");
+    ExpectTyped("<img src=\"x\">", "<img src=\"x\" />|", "ooooooooooooooo");
+    ExpectTyped("<!-- A -->", "<!-- A -->|", "cccccccccc");
+}
+
+TEST_F(TypingTest, TheSwitchesTurnTheAssistsOff) {
+    workbench.AutoCase = 0;
+    ExpectTyped("<BR>", "<BR />|", "oooooo");
+    workbench.AutoEmptySlash = 0;
+    ExpectTyped("<BR>", "<BR>|", "oooo");
+}
+
+TEST_F(TypingTest, AGreaterSignInTextOrAScriptIsACharacter) {
+    ExpectTyped("a > b", "a > b|", ".....");
+    Put("<script>if (a |");
+    Type("> b");
+    EXPECT_EQ(Shown(), "<script>if (a > b|");
+    Put("|");
+    Type(">");
+    EXPECT_EQ(Shown(), ">|");
+    Put("<|");
+    Type(">");
+    EXPECT_EQ(Shown(), "<>|");
+    Put("<!-- a|");
+    Type("> -");
+    EXPECT_EQ(Shown(), "<!-- a> -|");
+    Put("<% a |");
+    Type("> ");
+    EXPECT_EQ(Shown(), "<% a > |");
+}
+
+TEST_F(TypingTest, ATagIsClosedInTheMiddleOfText) {
+    Put("one <b|\ntwo");
+    Type(">");
+    EXPECT_EQ(Shown(), "one <b>|\ntwo");
+    EXPECT_EQ(Colours(), "....ooo\n...");
+}
+
+TEST_F(TypingTest, AttributesAreQuoted) {
+    workbench.AutoQuote = 1;
+    Put("|");
+    Type("<a title=");
+    EXPECT_EQ(Shown(), "<a title=\"|\"");
+    Type("x=");
+    EXPECT_EQ(Shown(), "<a title=\"x=|\"");
+    Put("|");
+    Type("a=");
+    EXPECT_EQ(Shown(), "a=|");
+    workbench.AutoQuote = 0;
+    Put("|");
+    Type("<a title=");
+    EXPECT_EQ(Shown(), "<a title=|");
+}
+
+TEST_F(TypingTest, NothingIsQuotedWhereTheTagHasNoColour) {
+    workbench.AutoQuote = 1;
+    Set(keys::colorOnOff, "1");
+    Put("|");
+    Type("<a title=");
+    EXPECT_EQ(Shown(), "<a title=|");
+}
+
+TEST_F(TypingTest, EnterKeepsTheIndentation) {
+    Put("\t\tab|");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "\t\tab\n\t\t|");
+    Put("\t|\tx");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "\t\n\t|\tx");
+    Put("|\tx");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "\n|\tx");
+    Set(keys::autoTab, "0");
+    Put("\t\tab|");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "\t\tab\n|");
+}
+
+TEST_F(TypingTest, TabReplacesALineAndIndentsSeveral) {
+    Put("a|b|c");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Shown(), "a\t|c");
+    Put("a|b\nc|d");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Shown(), "|\tab\n\tc|d");
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Shown(), "|ab\nc|d");
+    Put("one\ntw|o");
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Shown(), "one\n|tw|o");
+    Set(keys::autoTab, "0");
+    Put("a|b\nc|d");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Shown(), "a\t|d");
+}
+
+TEST_F(TypingTest, AnyCharacterIsAChange) {
+    document.SetSaver(true);
+    Press(Qt::Key_Right);
+    EXPECT_TRUE(document.Saver());
+    Press(Qt::Key_Backspace);  // with nothing to delete
+    EXPECT_FALSE(document.Saver());
+}
+
+TEST_F(TypingTest, InputMethodsCountAsTyping) {
+    Put("|");
+    QInputMethodEvent event;
+    event.setCommitString("<BR>");
+    QApplication::sendEvent(&Surface(), &event);
+    EXPECT_EQ(Shown(), "<br />|");
+    EXPECT_EQ(Colours(), "oooooo");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Shown(), "|");
+}
+
+TEST_F(TypingTest, ThePanelsFollow) {
+    Put("one\ntw|o");
+    Press(Qt::Key_X);
+    EXPECT_EQ(workbench.panels[6], "2");
+    Surface().setMouseTracking(true);
+    QTest::mouseMove(Surface().viewport(), {40, 40});
+    EXPECT_EQ(workbench.panels[4], "Edit Your Document");
+}
+
+TEST_F(TypingTest, ArrowsOutOfATagLeaveItsColourBehind) {
+    Put("<b>|");
+    Press(Qt::Key_Left);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(Surface().SelColor(), plain);
+}
+
+TEST_F(TypingTest, WritingOnAfterACaretMoveTakesTheColourOfTheTag) {
+    Put("<a |>");
+    Surface().SetSelColor(0x123456);
+    Type("x");
+    EXPECT_EQ(Colours(), "aaaaa");
+}
+
+class UndoByKeysTest : public TypingTest {
+protected:
+    void Undo() { Press(Qt::Key_Z, Qt::ControlModifier); }
+    void Redo() { Press(Qt::Key_R, Qt::ControlModifier); }
+};
+
+TEST_F(UndoByKeysTest, ARunEndsWithANavigationKey) {
+    Put("|");
+    Type("abc");
+    Press(Qt::Key_Up);
+    Type("d");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "abc");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "");
+    Redo();
+    EXPECT_EQ(Surface().Text(), "abc");
+    Redo();
+    EXPECT_EQ(Surface().Text(), Surface().SelStart() == 0 ? "dabc" : "abcd");
+    const QString newest = Surface().Text();
+    Redo();
+    EXPECT_EQ(Surface().Text(), newest);
+}
+
+TEST_F(UndoByKeysTest, LeftAndBackspaceBelongToTheRun) {
+    Put("|");
+    Type("abc");
+    Press(Qt::Key_Left);
+    Type("d");
+    EXPECT_EQ(Surface().Text(), "abdc");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "");
+    Put("|");
+    document.usingKeys = false;
+    Type("abc");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Surface().Text(), "ab");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "");
+}
+
+TEST_F(UndoByKeysTest, TypingClearsWhatCouldBeRedone) {
+    Put("|");
+    Type("abc");
+    Undo();
+    Type("x");
+    Redo();
+    EXPECT_EQ(Surface().Text(), "x");
+}
+
+TEST_F(UndoByKeysTest, LeftAloneClearsWhatCouldBeRedone) {
+    Put("|");
+    Type("abc");
+    Undo();
+    Press(Qt::Key_Left);
+    Redo();
+    EXPECT_EQ(Surface().Text(), "");
+}
+
+TEST_F(UndoByKeysTest, AMousePressEndsTheRun) {
+    Put("|");
+    Type("abc");
+    QTest::mouseClick(Surface().viewport(), Qt::LeftButton, {}, {300, 300});
+    Type("d");
+    EXPECT_EQ(Surface().Text(), "abcd");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "abc");
+}
+
+TEST_F(UndoByKeysTest, ARestoredTextHasItsColoursAndCaret) {
+    Put("|");
+    Type("x<b>y</b>");
+    const QString colours = Colours();
+    Press(Qt::Key_End);
+    Type("<!-- c -->");
+    Undo();
+    EXPECT_EQ(Shown(), "x<b>y</b>|");
+    EXPECT_EQ(Colours(), colours);
+    Redo();
+    EXPECT_EQ(Shown(), "x<b>y</b><!-- c -->|");
+    EXPECT_EQ(Colours(), colours + "cccccccccc");
+}
+
+TEST_F(UndoByKeysTest, CtrlWithAnotherKeyTakesNoSnapshot) {
+    Put("|");
+    Type("abc");
+    Undo();
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Redo();
+    EXPECT_EQ(Surface().Text(), "abc");
+}
+
+TEST_F(UndoByKeysTest, ADeletedWordComesBack) {
+    Put("|");
+    Type("one two");
+    Press(Qt::Key_End);
+    Press(Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(Surface().Text(), "one ");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "one two");
+}
+
+TEST_F(UndoByKeysTest, ClosingATagBelongsToTheRun) {
+    Put("|");
+    Type("<BR>");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "");
+}
+
+TEST_F(UndoByKeysTest, CutAndPasteAreStepsOfTheirOwn) {
+    Put("a|b|c");
+    Press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(Shown(), "a|c");
+    Press(Qt::Key_V, Qt::ControlModifier);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Shown(), "abb|c");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "abc");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "ac");
+    Undo();
+    EXPECT_EQ(Surface().Text(), "abc");
+}
+
+}  // namespace
+}  // namespace vellum
