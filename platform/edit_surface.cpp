@@ -32,18 +32,30 @@ int EditSurface::Private::OffsetOf(int position) const {
 
 int EditSurface::Private::PositionOf(int offset) const {
     const QTextDocument& text = *q.document();
+    const auto startsUpTo = [&](int line) { return text.findBlockByNumber(line).position() + line <= offset; };
+    // One offset is mostly asked for near the one before: the search goes out from there in ever wider steps.
     int low = 0;
     int high = text.blockCount() - 1;
+    const int known = std::min(knownLine, high);
+    int step = 1;
+    if (startsUpTo(known)) {
+        for (low = known; low + step <= high && startsUpTo(low + step); step *= 2) low += step;
+        high = std::min(high, low + step - 1);
+    } else {
+        for (high = known - 1; high - step >= 0 && !startsUpTo(high - step); step *= 2) high -= step;
+        low = std::max(low, high - step);
+    }
     while (low < high) {  // the last line that starts at or before the offset
         const int middle = low + (high - low + 1) / 2;
-        if (text.findBlockByNumber(middle).position() + middle <= offset) {
+        if (startsUpTo(middle)) {
             low = middle;
         } else {
             high = middle - 1;
         }
     }
-    const QTextBlock block = text.findBlockByNumber(low);
-    return block.position() + std::clamp(offset - block.position() - low, 0, block.length() - 1);
+    knownLine = std::max(low, 0);
+    const QTextBlock block = text.findBlockByNumber(knownLine);
+    return block.position() + std::clamp(offset - block.position() - knownLine, 0, block.length() - 1);
 }
 
 TextPlace EditSurface::Private::PlaceOf(int position) const {

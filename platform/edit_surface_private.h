@@ -36,6 +36,7 @@ struct EditSurface::Private {
     bool unreported = false;
     int knownAnchor = 0;
     int knownCaret = 0;
+    mutable int knownLine = 0;  // where an offset was found last
     QString fontFamily;
     QString pointSize;
     ColorNumber foreColor = 0;

@@ -15,10 +15,6 @@
 #include <gtest/gtest.h>
 #include <random>
 
-void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-
 namespace vellum {
 namespace {
 
