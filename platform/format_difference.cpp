@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <ranges>
 #include <unordered_map>
 
 namespace vellum {
@@ -108,9 +109,9 @@ void FormatDifference::ApplyTo(FormatStore& store) const {
     // From the last hunk to the first, so that the lines of those before keep their numbers.
     std::size_t line = lengths_.size();
     std::size_t stretch = stretches_.size();
-    for (auto hunk = hunks_.rbegin(); hunk != hunks_.rend(); ++hunk) {
-        for (int left = hunk->added; left > 0; --left) stretch -= static_cast<std::size_t>(stretchesOfLine_[--line]);
-        ApplyHunk(store, *hunk, line, stretch);
+    for (const Hunk& hunk : std::views::reverse(hunks_)) {
+        for (int left = hunk.added; left > 0; --left) stretch -= static_cast<std::size_t>(stretchesOfLine_[--line]);
+        ApplyHunk(store, hunk, line, stretch);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/surface_history.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 #include <variant>
 
@@ -27,9 +28,9 @@ void TextChanges::Add(int position, const QString& removed, int added) {
 
 TextChanges TextChanges::TakeBack(const ReplaceText& replace) const {
     TextChanges forward;
-    for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
-        const QString later = replace(change->position, change->length, change->earlier);
-        forward.Add(change->position, later, static_cast<int>(change->earlier.size()));
+    for (const Change& change : std::views::reverse(changes_)) {
+        const QString later = replace(change.position, change.length, change.earlier);
+        forward.Add(change.position, later, static_cast<int>(change.earlier.size()));
     }
     forward.Squeeze();
     return forward;

@@ -266,10 +266,11 @@ TEST_F(DocumentUndoTest, FourLinesOfContextStandAboveTheCaret) {
 }
 
 TEST_F(DocumentUndoTest, NothingOfAStepIsKeptWithoutASnapshot) {
+    constexpr std::size_t bytesOfText = 1000 * sizeof(QChar);
     const std::size_t bytes = surface.SnapshotBytes();
     for (int step = 0; step < 200; ++step) Step(QString(1000, QChar('a' + step % 26)));
-    EXPECT_GT(surface.SnapshotBytes(), bytes + 31 * 1000 * sizeof(QChar));
-    EXPECT_LT(surface.SnapshotBytes(), bytes + 40 * 1000 * sizeof(QChar));
+    EXPECT_GT(surface.SnapshotBytes(), bytes + 31 * bytesOfText);
+    EXPECT_LT(surface.SnapshotBytes(), bytes + 40 * bytesOfText);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <random>
+#include <ranges>
 
 namespace vellum {
 namespace {
@@ -215,9 +216,9 @@ TEST(SurfaceHistory, StepsOfOneLineCostALine) {
         undo.push_back(text.Take());
         for (int index = 0; index < 20; ++index) text.Replace(20 * 1500 * (step + 1) + index, 0, "x", redBold);
     }
-    for (auto snapshot = undo.rbegin(); snapshot != undo.rend(); ++snapshot) {
+    for (const auto& snapshot : std::views::reverse(undo)) {
         redo.push_back(text.Take());
-        ASSERT_TRUE(text.Restore(*snapshot));
+        ASSERT_TRUE(text.Restore(snapshot));
     }
     EXPECT_EQ(text.Text(), page);
     EXPECT_LT(text.HeldBytes() * 20, static_cast<std::size_t>(page.size()));
