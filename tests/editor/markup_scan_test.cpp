@@ -1,0 +1,395 @@
+#include "editor/markup_scan.h"
+
+#include "tests/editor/marked_text.h"
+#include "tests/editor/markup_oracle.h"
+#include "tests/editor/random_markup.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <memory>
+#include <ostream>
+
+namespace vellum {
+
+void PrintTo(const PaintStep& step, std::ostream* out) {
+    *out << step.offset << "+" << step.length << (step.color ? " color " + std::to_string(*step.color) : " no color")
+         << (step.bold ? " bold" : "") << (step.compare ? " compare" : "");
+}
+
+namespace {
+
+constexpr const MarkupColors& colors = test::markColors;
+constexpr ColorNumber comments = colors.comments;
+constexpr ColorNumber other = colors.other;
+constexpr ColorNumber asp = colors.asp;
+constexpr CharFormat plain{.color = test::markForeColor, .bold = false};
+
+QString Letters(const test::ArraySurface& surface) {
+    QString letters;
+    for (std::size_t index = 0; index < surface.colors.size(); ++index) {
+        letters += test::LetterOf(surface.colors[index], surface.bold[index]);
+    }
+    return letters;
+}
+
+QString Painted(const QString& text, const MarkupColors& look = colors, LineEnds lineEnds = LineEnds::CrLf) {
+    test::ArraySurface surface(text, test::markForeColor);
+    int end = 0;
+    for (const FormatSpan& span : MarkupFormats(text, look, plain, lineEnds)) {
+        EXPECT_GE(span.offset, end) << "spans ascend without overlaps";
+        EXPECT_GT(span.length, 0);
+        end = span.offset + span.length;
+        EXPECT_LE(end, text.size());
+        if (end > text.size()) break;
+        std::fill_n(surface.colors.begin() + span.offset, span.length, span.format.color.value_or(0));
+        std::fill_n(surface.bold.begin() + span.offset, span.length, span.format.bold);
+    }
+    return Letters(surface);
+}
+
+testing::AssertionResult PaintedAs(const QString& marked, const MarkupColors& look = colors,
+                                   LineEnds lineEnds = LineEnds::CrLf) {
+    const test::MarkedText expected = test::FromMarks(marked);
+    const QString letters = Painted(expected.text, look, lineEnds);
+    if (letters == expected.letters) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << qPrintable(test::ToMarks({expected.text, letters})) << " isn't "
+                                       << qPrintable(marked);
+}
+
+char ClassOf(const QString& tag) {
+    const QString letters = Painted(tag);
+    EXPECT_EQ(letters, QString(tag.size(), letters.front())) << qPrintable(tag);
+    return letters.front().toLatin1();
+}
+
+TEST(MarkupScan, ListedNamesArePlainTags) {
+    for (const char* tag : {"<B>", "<I>", "<P>", "<H>", "<T>", "<TABL>", "<NOFRAME>", "<FRAM>", "<>", "</>", "<IFRAM>",
+                            "<TFOO>", "</tbod>", "<s>", "</s>", "</z>", "< table>", "<\ttd>", "<b<c>"}) {
+        EXPECT_EQ(ClassOf(tag), 'o') << tag;
+    }
+}
+
+TEST(MarkupScan, UnknownNamesArePlainTagsToo) {
+    for (const char* tag :
+         {"<BODY>", "<BR>", "<HTML>", "<IMG src='x'>", "<HR>", "<APPLET>", "<AREA>", "<!DOCTYPE html>",
+          "<?xml version='1.0'?>", "</script>", "</style>", "<scripts>", "<tables>"}) {
+        EXPECT_EQ(ClassOf(tag), 'o') << tag;
+    }
+}
+
+TEST(MarkupScan, Anchors) {
+    for (const char* tag : {"<A href='x'>", "</a>", "<a>", "<a\tname='x'>", "<a\r\nname='x'>"}) {
+        EXPECT_EQ(ClassOf(tag), 'l') << tag;
+    }
+    EXPECT_EQ(ClassOf("<a\nname='x'>"), 'o');  // a lone line feed is part of the name
+}
+
+TEST(MarkupScan, TableTags) {
+    for (const char* tag :
+         {"TABLE", "TD", "TR", "TH", "THEAD", "TFOOT", "TBODY", "COL", "COLGROUP", "td", "Th", "co"}) {
+        EXPECT_EQ(ClassOf(QStringLiteral("<%1>").arg(tag)), 't') << tag;
+        EXPECT_EQ(ClassOf(QStringLiteral("</%1>").arg(tag)), 't') << tag;
+    }
+    EXPECT_EQ(ClassOf("<table<td>"), 't');
+    EXPECT_EQ(ClassOf("<td align='left'>"), 't');
+}
+
+TEST(MarkupScan, FrameTags) {
+    for (const char* tag : {"FRAME", "FRAMESET", "IFRAME", "NOFRAMES", "frames"}) {
+        EXPECT_EQ(ClassOf(QStringLiteral("<%1>").arg(tag)), 'f') << tag;
+        EXPECT_EQ(ClassOf(QStringLiteral("</%1>").arg(tag)), 'f') << tag;
+    }
+    EXPECT_EQ(ClassOf("<frame/ src='x'>"), 'o');
+}
+
+TEST(MarkupScan, NamesBeyondTheListsAndBeyondLatinLetters) {
+    EXPECT_EQ(ClassOf(QStringLiteral("<\u00E9>")), 'o');
+    EXPECT_EQ(ClassOf(QStringLiteral("<t\u00E9>")), 'o');
+    EXPECT_EQ(ClassOf("<thiselementhasalongname>"), 'o');
+    EXPECT_EQ(ClassOf("<td<thiselementhasalongname>"), 'o');
+    EXPECT_EQ(ClassOf("<colgroup<col>"), 't');
+    EXPECT_EQ(ClassOf("<frameset<frame>"), 'f');
+    // A letter that another case takes to a Latin one is that letter.
+    EXPECT_EQ(ClassOf(QStringLiteral("<\u212A>")), 'o');  // the kelvin sign: K
+    EXPECT_TRUE(PaintedAs(QStringLiteral("«o:<\u017Ftyle>»«c:x»")));
+}
+
+TEST(MarkupScan, Regions) {
+    for (const char* name : {"sc", "SCR", "scri", "scrip", "Script", "SCRIPT src='x'"}) {
+        EXPECT_TRUE(PaintedAs(QStringLiteral("«o:<%1>»«c:<b></style>»«o:</script>»z").arg(name)));
+    }
+    for (const char* name : {"st", "STY", "styl", "Style", "style type='text/css'"}) {
+        EXPECT_TRUE(PaintedAs(QStringLiteral("«o:<%1>»«c:<b></script>»«o:</style>»z").arg(name)));
+    }
+    EXPECT_TRUE(PaintedAs("«o:<script></script>»"));
+}
+
+TEST(MarkupScan, ARegionClosesWithoutRegardToCase) {
+    EXPECT_TRUE(PaintedAs("«o:<script>»«c:a»«o:</SCRIPT>»b"));
+}
+
+TEST(MarkupScan, AnUnclosedRegionRunsToTheEnd) {
+    EXPECT_TRUE(PaintedAs("«o:<script>»«c:a<b>\r\n</style>»"));
+    EXPECT_TRUE(PaintedAs("«o:<script>»"));
+    EXPECT_TRUE(PaintedAs("«o:<script>»«c:a</script >»"));
+    EXPECT_EQ(ScanMarkup(u"<script>a <", colors).tagCount, 2);  // its last character is looked at
+}
+
+TEST(MarkupScan, AnOpenerBeforeTheClosingTagBelongsToIt) {
+    EXPECT_TRUE(PaintedAs("«o:<script>»«c:a»«o:<</script>»b"));
+    EXPECT_TRUE(PaintedAs("«o:<style><</style>»b"));
+}
+
+TEST(MarkupScan, AnUnterminatedTagEndsTheTagsOnly) {
+    EXPECT_TRUE(PaintedAs("«o:<b>»<a href=\"x «a:<% y %>» z"));
+    EXPECT_TRUE(PaintedAs("«a:<% y %>»«o:<b>»<a href=\"x z"));
+    EXPECT_TRUE(PaintedAs("«o:<b>»<% y"));
+}
+
+TEST(MarkupScan, AnUnterminatedCommentEndsTheTags) {
+    EXPECT_TRUE(PaintedAs("«o:<b>»<!-- x > <b>"));
+    EXPECT_TRUE(PaintedAs("«c:<!-- x -->»«o:<b>»"));
+    EXPECT_TRUE(PaintedAs("«c:<!-->»«o:<b>»"));
+    EXPECT_TRUE(PaintedAs("«c:<!--->»«o:<b>»"));
+    EXPECT_TRUE(PaintedAs("«o:<!-x-->»«o:<b>»"));
+}
+
+TEST(MarkupScan, ABlockDoesNotEndTheTagAroundIt) {
+    EXPECT_TRUE(PaintedAs("«o:<img alt=\"»«a:<%=x%>»«o:\" src=\"y\">»z"));
+    MarkupColors look = colors;
+    look.aspBold = false;
+    EXPECT_TRUE(PaintedAs("«o:<img alt=\"»«n:<%=x%>»«o:\" src=\"y\">»z", look));
+    EXPECT_TRUE(PaintedAs("«t:<td x%>y>»z"));
+}
+
+TEST(MarkupScan, ATagThatHoldsACommentIsOne) {
+    EXPECT_TRUE(PaintedAs("«c:<a href=\"<!--x-->»\">"));
+    EXPECT_TRUE(PaintedAs("«c:<script <!-- x>»y"));
+    EXPECT_TRUE(PaintedAs("«l:<a <b<!-x>»"));
+}
+
+TEST(MarkupScan, BlocksHaveTheirOwnColor) {
+    EXPECT_TRUE(PaintedAs("a«a:<% x %>»b«a:<%=x%>»c«a:<%>»d«a:<%%>»"));
+    EXPECT_TRUE(PaintedAs("«c:<!-- »«a:<% <b> %>»«c: -->»"));
+    EXPECT_TRUE(PaintedAs("«o:<script>»«c:a»«a:<%b%>»«c:c»«o:</script>»"));
+    EXPECT_TRUE(PaintedAs("«o:<b »«a:<% x><i>%>»«o:<u>»"));
+    EXPECT_TRUE(PaintedAs("100 %> 5%"));
+}
+
+TEST(MarkupScan, ABlockOverSeveralTags) {
+    EXPECT_TRUE(PaintedAs("«o:<b »«a:<%>»«o:<i>»«o:<u %> »«o:<u>»"));
+    EXPECT_TRUE(PaintedAs("«o:<b x»«a:<%y><i><u>%>»z«o:<p>»"));
+    EXPECT_TRUE(PaintedAs("«o:<b x»«a:<%y><i><u%>»«o:><p x»«a:<%z%>»«o:>»"));
+}
+
+TEST(MarkupScan, SwitchedOffItCountsAndMakesBlocksBold) {
+    MarkupColors look = colors;
+    look.off = true;
+    const QString text = "<b>x</b><%=x%><!-- -->";
+    EXPECT_TRUE(PaintedAs("<b>x</b>«b:<%=x%>»<!-- -->", look));
+    const MarkupScan scan = ScanMarkup(text, look);
+    EXPECT_EQ(scan.tagCount, 4);
+    ASSERT_EQ(scan.steps.size(), 1U);
+    EXPECT_EQ(scan.steps[0], (PaintStep{.offset = 8, .length = 6, .color = {}, .bold = true, .compare = false}));
+    const std::vector<FormatSpan> formats = MarkupFormats(text, look, plain);
+    ASSERT_EQ(formats.size(), 1U);
+    EXPECT_EQ(formats[0].format, (CharFormat{.color = 0, .bold = true}));
+    look.aspBold = false;
+    EXPECT_TRUE(ScanMarkup(text, look).steps.empty());
+    EXPECT_TRUE(MarkupFormats(text, look, plain).empty());
+    // A script's body is walked like any text then.
+    EXPECT_EQ(ScanMarkup(u"<script>a<b>c</script>", look).tagCount, 3);
+    EXPECT_EQ(ScanMarkup(u"<script>a<b>c</script>", colors).tagCount, 2);
+}
+
+TEST(MarkupScan, StepsTellWhatTheyCompare) {
+    const MarkupScan scan = ScanMarkup(u"<p><br><script>x</script><%=y%>", colors);
+    const std::vector<PaintStep> expected{
+        {.offset = 0, .length = 3, .color = other, .bold = false, .compare = true},
+        {.offset = 3, .length = 4, .color = other, .bold = false, .compare = false},
+        {.offset = 7, .length = 8, .color = other, .bold = false, .compare = true},
+        {.offset = 15, .length = 1, .color = comments, .bold = false, .compare = true},
+        {.offset = 16, .length = 9, .color = other, .bold = false, .compare = false},
+        {.offset = 25, .length = 6, .color = other, .bold = false, .compare = false},
+        {.offset = 25, .length = 6, .color = asp, .bold = true, .compare = false},
+    };
+    EXPECT_EQ(scan.steps, expected);
+}
+
+TEST(MarkupScan, TellsWhereTheLastSelectionBegins) {
+    const auto selected = [](const QString& text) { return ScanMarkup(text, colors).selected; };
+    EXPECT_EQ(selected("<b></b>"), 3);
+    EXPECT_EQ(selected("<b>x</b"), 0);        // the second tag has no end
+    EXPECT_EQ(selected("<%=x%><b>"), 0);      // blocks are selected last
+    EXPECT_EQ(selected("<b><script>x"), 11);  // the body of the region
+    EXPECT_EQ(selected("<script>x</script>"), 9);
+    EXPECT_EQ(selected("x < y"), -1);
+    EXPECT_EQ(selected(""), -1);
+}
+
+TEST(MarkupScan, ASpanPaintsWhatEndsInIt) {
+    const QString text = "<b><i>x</i></b>";
+    const auto steps = [&](int start, int length) {
+        QString found;
+        const MarkupScan scan = ScanMarkup(text, colors, MarkupSpan{start, length});
+        for (const PaintStep& step : scan.steps) found += text.mid(step.offset, step.length) + ' ';
+        return found + QString::number(scan.tagCount);
+    };
+    EXPECT_EQ(steps(3, 8), "<i> </i> 2");
+    EXPECT_EQ(steps(3, 7), "<i> 2");  // counted, but its end is beyond
+    EXPECT_EQ(steps(3, 4), "<i> 1");
+    EXPECT_EQ(steps(4, 7), "</i> 1");
+    EXPECT_EQ(steps(0, 15), "<b> <i> </i> </b> 4");
+    EXPECT_EQ(steps(15, 3), "0");
+    EXPECT_EQ(steps(99, 3), "0");
+}
+
+TEST(MarkupScan, ASpanTakesABlockWhosePercentIsTheLastCharacter) {
+    const QString text = "ab<%=x%>cd";
+    EXPECT_EQ(ScanMarkup(text, colors, MarkupSpan{2, 5}).steps,
+              (std::vector<PaintStep>{{.offset = 2, .length = 6, .color = asp, .bold = true, .compare = false}}));
+    EXPECT_TRUE(ScanMarkup(text, colors, MarkupSpan{2, 4}).steps.empty());
+}
+
+TEST(MarkupScan, ARegionRunsBeyondItsSpan) {
+    const MarkupScan scan = ScanMarkup(u"<style>a<b>c</style><i>", colors, MarkupSpan{0, 8});
+    ASSERT_EQ(scan.steps.size(), 2U);
+    EXPECT_EQ(scan.steps[1], (PaintStep{.offset = 7, .length = 5, .color = comments, .bold = false, .compare = true}));
+    EXPECT_EQ(scan.tagCount, 1);
+    EXPECT_EQ(scan.selected, 7);
+}
+
+TEST(MarkupScan, LineFeedsAloneStandForWholeLineEnds) {
+    EXPECT_TRUE(PaintedAs("«l:<a\nname='x'>»", colors, LineEnds::Lf));
+    EXPECT_TRUE(PaintedAs("x\n«t:<td\n>»\n", colors, LineEnds::Lf));
+}
+
+// How a text is painted, and the last caret, by the slow steps and by the fast ones.
+struct Outcome {
+    QString letters;
+    int tagCount = 0;
+    int caret = 0;
+
+    bool operator==(const Outcome&) const = default;
+};
+
+void PrintTo(const Outcome& outcome, std::ostream* out) {
+    *out << qPrintable(outcome.letters) << " tags " << outcome.tagCount << " caret " << outcome.caret;
+}
+
+constexpr int unmoved = -1;
+
+Outcome SlowFull(const QString& text, const MarkupColors& look) {
+    test::ArraySurface surface(text, test::markForeColor);
+    test::MarkupOracle oracle(surface, look);
+    oracle.FullPass(test::markForeColor);
+    return {Letters(surface), oracle.TagCount(), 0};
+}
+
+test::ArraySurface Mottled(const QString& text, std::mt19937& random) {
+    test::ArraySurface surface(text, test::markForeColor);
+    ColorNumber color = 0;
+    for (ColorNumber& each : surface.colors) {
+        if (random() % 8 == 0) color = static_cast<ColorNumber>(random() % 3);
+        each = color;
+    }
+    return surface;
+}
+
+MarkupColors RandomColors(std::mt19937& random) {
+    MarkupColors look = colors;
+    look.off = random() % 5 == 0;
+    look.aspBold = random() % 2 == 0;
+    if (random() % 4 == 0) look.comments = 0;  // the colour of plain text
+    return look;
+}
+
+constexpr int randomTexts = 20000;
+
+TEST(MarkupScanRandom, FullPassesAgreeWithTheStepsOneByOne) {
+    std::mt19937 random(1);
+    for (int round = 0; round < randomTexts; ++round) {
+        const bool loose = round % 2 == 0;
+        QString text = test::RandomMarkup(random, static_cast<int>(random() % 40), loose);
+        const MarkupColors look = RandomColors(random);
+        const Outcome slow = SlowFull(text, look);
+        ASSERT_EQ(Painted(text, look), slow.letters) << qPrintable(text);
+        const MarkupScan scan = ScanMarkup(text, look);
+        ASSERT_EQ(scan.tagCount, slow.tagCount) << qPrintable(text);
+        if (loose) continue;
+        // The same with line feeds alone: what stands for CR and LF is painted as one.
+        QString letters = slow.letters;
+        for (qsizetype at = text.size() - 1; at >= 0; --at) {
+            if (text.at(at) != u'\r') continue;
+            text.remove(at, 1);
+            letters.remove(at, 1);
+        }
+        ASSERT_EQ(Painted(text, look, LineEnds::Lf), letters) << qPrintable(text);
+        ASSERT_EQ(ScanMarkup(text, look, {}, LineEnds::Lf).tagCount, scan.tagCount) << qPrintable(text);
+    }
+}
+
+TEST(MarkupScanRandom, SpanPassesAgreeWithTheStepsOneByOne) {
+    std::mt19937 random(2);
+    for (int round = 0; round < randomTexts; ++round) {
+        const QString text = test::RandomMarkup(random, static_cast<int>(random() % 40), round % 2 == 0);
+        const auto size = static_cast<int>(text.size());
+        const int start = static_cast<int>(random() % static_cast<unsigned>(size + 1));
+        const int length = static_cast<int>(random() % static_cast<unsigned>(size - start + 2));
+        const MarkupColors look = RandomColors(random);
+        const test::ArraySurface before = Mottled(text, random);
+
+        test::ArraySurface slow = before;
+        slow.selStart = unmoved;
+        test::MarkupOracle oracle(slow, look);
+        oracle.SpanPass(start, length);
+        const Outcome expected{Letters(slow), oracle.TagCount(), slow.selStart};
+
+        const auto outcome = [&](const MarkupScan& scan) {
+            test::ArraySurface surface = before;
+            for (const PaintStep& step : scan.steps) surface.Apply(step);
+            return Outcome{Letters(surface), scan.tagCount, scan.selected};
+        };
+        ASSERT_EQ(outcome(ScanMarkup(text, look, MarkupSpan{start, length})), expected)
+            << qPrintable(text) << " span " << start << "+" << length;
+        const QString piece = text.mid(start, length + 1);
+        const auto find = [&](QStringView closing, int offset) {
+            return static_cast<int>(text.indexOf(closing, offset, Qt::CaseInsensitive));
+        };
+        ASSERT_EQ(outcome(ScanStretch({.text = piece, .span = {start, length}, .endOfText = size, .find = find}, look)),
+                  expected)
+            << qPrintable(text) << " stretch " << start << "+" << length;
+    }
+}
+
+TEST(MarkupScanRandom, AnySpanStaysInsideTheText) {
+    std::mt19937 random(3);
+    for (int round = 0; round < randomTexts; ++round) {
+        const QString text = test::RandomMarkup(random, static_cast<int>(random() % 20), true);
+        const MarkupSpan span{static_cast<int>(random() % 200) - 100, static_cast<int>(random() % 200) - 100};
+        for (const PaintStep& step : ScanMarkup(text, RandomColors(random), span).steps) {
+            ASSERT_GE(step.offset, 0);
+            ASSERT_GT(step.length, 0);
+            ASSERT_LE(step.offset + step.length, text.size());
+        }
+    }
+}
+
+TEST(MarkupScan, NothingIsReadBehindAnUnterminatedText) {
+    // Texts on the heap without anything behind them: a sanitizer sees a step too far.
+    for (const QString& text : {QStringLiteral("<"), QStringLiteral("<!-"), QStringLiteral("<%"), QStringLiteral("a<"),
+                                QStringLiteral("<script>"), QStringLiteral("<script><"), QStringLiteral("<!--"),
+                                QStringLiteral("<script></script"), QStringLiteral("%>"), QStringLiteral("<b%>")}) {
+        const auto size = static_cast<std::size_t>(text.size());
+        const auto copy = std::make_unique<char16_t[]>(size);
+        std::copy_n(text.utf16(), size, copy.get());
+        test::ArraySurface surface(text, test::markForeColor);
+        test::MarkupOracle oracle(surface, colors);
+        oracle.FullPass(test::markForeColor);
+        EXPECT_EQ(ScanMarkup(QStringView(copy.get(), text.size()), colors).tagCount, oracle.TagCount())
+            << qPrintable(text);
+    }
+}
+
+}  // namespace
+}  // namespace vellum
