@@ -1,7 +1,7 @@
 #include "editor/document.h"
+#include "editor/insertion_color.h"
 #include "editor/markup_scan.h"
 #include "editor/workbench.h"
-#include "platform/number_rules.h"
 #include "platform/settings_keys.h"
 #include "platform/wait_pointer.h"
 
@@ -15,21 +15,15 @@ namespace vellum {
 namespace {
 
 constexpr int passPanel = 4;
-constexpr ColorNumber largestColor = 0xFFFFFF;
-
-ColorNumber ColorOfValue(double value) {
-    return value >= 0 && value <= largestColor ? static_cast<ColorNumber>(value) : 0;
-}
-
-MarkupColors ColorsOf(const SharedValues& values, const SettingsStore& store) {
-    return {.tables = ColorOfValue(values.TablesColor),
-            .frames = ColorOfValue(values.FramesColor),
-            .links = ColorOfValue(values.LinksColor),
-            .comments = ColorOfValue(values.CommentsColor),
-            .other = ColorOfValue(values.OtherColor),
-            .asp = ColorOfValue(values.AspColor),
-            .off = TruthValue(ReadSetting(store, keys::colorOnOff)),
-            .aspBold = ReadNumberSetting(store, keys::aspBold) == 1};
+MarkupColors ColorsOf(Workbench& bench) {
+    return {.tables = ColorOfValue(bench.TablesColor),
+            .frames = ColorOfValue(bench.FramesColor),
+            .links = ColorOfValue(bench.LinksColor),
+            .comments = ColorOfValue(bench.CommentsColor),
+            .other = ColorOfValue(bench.OtherColor),
+            .asp = ColorOfValue(bench.AspColor),
+            .off = ColorCodingOff(bench),
+            .aspBold = ReadNumberSetting(bench.Settings(), keys::aspBold) == 1};
 }
 
 // The caret alone, at `offset`. What the window shows stays when the caret does.
@@ -79,7 +73,7 @@ void Workbench::Smartcolor() {
 
 bool Workbench::ColorWholeText(Document& document) {
     EditSurface& surface = *document.Text1;
-    const CharFormat plain{.color = ColorOfValue(ReadNumberSetting(Settings(), keys::foreColor)), .bold = false};
+    const CharFormat plain{.color = PlainColor(*this), .bold = false};
     const int savedCaret = surface.SelStart();
     SetPanel(passPanel, QStringLiteral("Color Coding"));
     if (surface.ForeColor() != *plain.color) surface.SetForeColor(*plain.color);
@@ -90,7 +84,7 @@ bool Workbench::ColorWholeText(Document& document) {
     if (hasMarkup) {
         waiting.emplace();
         if (!IsScriptCaption(document.Caption())) {
-            formats = MarkupFormats(text, ColorsOf(*this, Settings()), plain, LineEnds::Lf);
+            formats = MarkupFormats(text, ColorsOf(*this), plain, LineEnds::Lf);
         }
     }
     surface.SetAllFormats(plain, formats, 1);
@@ -111,9 +105,8 @@ bool Workbench::ColorSpan(Document& document) {
         return false;
     }
     const WaitPointer waiting;
-    const int caret = IsScriptCaption(document.Caption())
-                          ? span.start + span.length
-                          : PaintStretch(surface, text, span, ColorsOf(*this, Settings()));
+    const int caret = IsScriptCaption(document.Caption()) ? span.start + span.length
+                                                          : PaintStretch(surface, text, span, ColorsOf(*this));
     PutCaret(surface, caret);
     return true;
 }
