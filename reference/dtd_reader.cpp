@@ -1,197 +1,205 @@
 #include "reference/dtd_reader.h"
 
 #include "platform/text_file.h"
+#include "reference/attribute_names.h"
+#include "reference/dtd_text.h"
+#include "reference/text_search.h"
 
-#include <QStringList>
+#include <QSet>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace vellum {
 namespace {
 
-constexpr qsizetype maxLength = 1 << 22;
-constexpr qsizetype maxWork = 1 << 26;
-constexpr int maxExpansions = 10000;
+// Parameter entities that hold themselves would expand forever. No honest declaration comes near these.
+constexpr int maxExpansions = 10'000;            // in one declaration
+constexpr qsizetype maxExpandedSize = 1 << 22;   // characters of one declaration
+constexpr qsizetype maxExpandedTotal = 1 << 26;  // characters written while expanding, in one reading
 
-// Positions count from 1; 0 is "not found". What makes no sense ends the reading.
-qsizetype InStr(qsizetype start, const QString& text, const QString& what) {
-    if (start < 1) throw ReadingFailed("start");
-    return text.indexOf(what, start - 1) + 1;
-}
-
-qsizetype InStrRev(const QString& text, const QString& what, qsizetype start) {
-    if (start < 1) throw ReadingFailed("start");
-    return text.lastIndexOf(what, start - 1) + 1;
-}
-
-QString Mid(const QString& text, qsizetype start, qsizetype length) {
-    if (start < 1 || length < 0) throw ReadingFailed("length");
-    return text.mid(start - 1, length);
-}
-
-// Adding keeps the list sorted; equal entries stay in the order of addition.
-void AddSorted(std::vector<QString>& list, const QString& entry) {
-    const auto place = std::upper_bound(list.begin(), list.end(), entry, [](const QString& left, const QString& right) {
-        return left.compare(right, Qt::CaseInsensitive) < 0;
-    });
-    list.insert(place, entry);
-}
-
-class Reading {
+// Replaces parameter entities, always the first one, wherever the same one stands.
+class Expansion {
 public:
-    Reading(ReferenceTree& tree, int nodeIndex, const QString& text, int parentIndex, const CaptionHook& caption)
-        : tree_(tree), nodeIndex_(nodeIndex), parentIndex_(parentIndex), caption_(caption), dtdText_(text) {
-        dtdText_.replace("\r\n", "\n").replace('\r', '\n').replace("\n", "\r\n").replace('\t', ' ');
+    explicit Expansion(qsizetype& written) : written_(written) {}
+
+    // `valueOf` gives the text for a name; what it gives may hold entities again.
+    template <typename ValueOf>
+    void Run(QString& text, ValueOf valueOf) {
+        qsizetype pos = FirstFrom(1, text, u'%');
+        for (int count = 1; pos != 0; ++count) {
+            const QString reference = UpTo(text, pos, FirstFrom(pos, text, u';') + 1).toString();
+            text.replace(reference, valueOf(pos, reference.mid(1, reference.size() - 2)));
+            written_ += text.size();
+            if (count >= maxExpansions || text.size() > maxExpandedSize || written_ > maxExpandedTotal) {
+                throw ReadingFailed("parameter entities expand without end");
+            }
+            pos = FirstFrom(pos, text, u'%');  // there was none before this one
+        }
     }
 
-    int Run() {
+private:
+    qsizetype& written_;
+};
+
+// The names that were come upon, in one text: each between "$$" and "$$". A name with such signs in it may be found
+// where it doesn't stand by itself.
+class SeenNames {
+public:
+    [[nodiscard]] bool Has(const QString& name) const {
+        const bool plain = !anySign_ && !name.isEmpty() && !name.contains('$');
+        return plain ? names_.contains(name) : text_.contains("$$" + name + "$$");
+    }
+
+    void Add(const QString& name) {
+        names_.insert(name);
+        text_ += "$$" + name + "$$";
+        anySign_ = anySign_ || name.contains('$');
+    }
+
+private:
+    QSet<QString> names_;
+    QString text_;
+    bool anySign_ = false;
+};
+
+class DtdReading {
+public:
+    DtdReading(ReferenceTree& tree, int nodeIndex, const QString& text, int parentIndex, const CaptionHook& caption)
+        : tree_(tree), nodeIndex_(nodeIndex), parentIndex_(parentIndex), caption_(caption), text_(text) {}
+
+    // The node index behind the branch.
+    [[nodiscard]] int Run() {
         AddDocumentType();
-        CollectNames();
-        for (const QString& entry : lstTags_) AddElement(entry.section('\t', 0, 0), entry.section('\t', 1));
+        CollectTags();
+        for (const Tag& tag : tags_) AddElement(tag);
         return nodeIndex_;
     }
 
 private:
-    void AddDocumentType() {
-        QString docType = "!DOCTYPE";
-        if (const auto p = InStr(1, dtdText_, "PUBLIC \"")) {
-            docType += ' ' + Mid(dtdText_, p, InStr(p, dtdText_, "\r") - p);
-        }
-        if (const auto s = InStr(1, dtdText_, "SYSTEM \"")) {
-            docType += ' ' + Mid(dtdText_, s + 6, InStr(s, dtdText_, "\r") - s - 6);
-        }
-        if (docType.endsWith('>')) docType.chop(1);
-        if (const auto d = InStr(1, dtdText_, "<!DOCTYPE")) {
-            if (const auto end = InStr(d, dtdText_, ">")) docType = Mid(dtdText_, d + 1, end - d - 1);
-        }
-        if (docType == "!DOCTYPE") return;
-        tree_.AddChild(parentIndex_, docType + "      EMPTY");
-        Count(1);
-    }
+    struct Tag {
+        QString entry;  // name, tab, key: what the tags are sorted by
+        QString name;
+        QString key;  // by which the declarations are found
+    };
 
-    void CollectNames() {
-        QString seen;
-        qsizetype g = 1;
-        for (qsizetype p = InStr(g, dtdText_, "<!ELEMENT "); p != 0; p = InStr(g, dtdText_, "<!ELEMENT ")) {
-            g = InStr(p, dtdText_, ">");
-            QString decl = Mid(dtdText_, p, g - p + 1);
-            QString key;
-            int expansions = 0;
-            for (auto c = InStr(1, decl, "%"); c != 0; c = InStr(1, decl, "%")) {
-                const QString ref = Mid(decl, c, InStr(c, decl, ";") - c + 1);
-                if (c == 11 && expansions == 0) key = ref;
-                const auto t = InStr(1, dtdText_, "<!ENTITY % " + ref.mid(1, ref.size() - 2));
-                decl.replace(ref, ValueAt(t));
-                Limit(decl, ++expansions);
-            }
-            auto b = InStr(11, decl, " ");
-            const auto l = InStr(11, decl, "\n");
-            if (l != 0 && l < b) b = l - 1;
-            const QString name = Mid(decl, 11, b - 11);
-            if (key.isEmpty()) key = name;
-            if (!seen.contains("$$" + key + "$$")) AddSorted(lstTags_, name + '\t' + key);
-            seen += "$$" + key + "$$";
-        }
-    }
-
-    void AddElement(const QString& name, const QString& key) {
-        auto p = InStr(1, dtdText_, "<!ELEMENT " + key + ' ');
-        if (p == 0) p = InStr(1, dtdText_, "<!ELEMENT " + key + "\r\n");
-        if (key == "guide" && p == 0 && caption_) caption_("ga");
-        const auto end = InStr(p, dtdText_, ">");
-        const bool empty = Mid(dtdText_, p, end - p + 2).toUpper().contains("EMPTY");
-        tree_.AddChild(parentIndex_, empty ? name + "      EMPTY" : name);
-        if (dtdText_.contains("<!ATTLIST " + key + ' ')) {
-            dtdText_.replace("<!ATTLIST " + key + ' ', "<!ATTLIST " + key + "\r\n");
-        }
-        const auto a = InStr(1, dtdText_, "<!ATTLIST " + key + '\r');
-        if (a != 0) attText_ = Mid(dtdText_, a, InStr(a, dtdText_, ">") - a + 1);
-        attText_.replace('\t', ' ');
-        ExpandAttText();
-        CollectAttributes();
-        int count = 0;
-        if (a != 0) {
-            for (const QString& attribute : lstAttrs_) {
-                tree_.AddChild(nodeIndex_, attribute + '=');
-                ++count;
-            }
-        }
-        Count(count + 1);
-    }
-
-    void ExpandAttText() {
-        int expansions = 0;
-        for (auto c = InStr(1, attText_, "%"); c != 0; c = InStr(1, attText_, "%")) {
-            const QString ref = Mid(attText_, c, InStr(c, attText_, ";") - c + 1);
-            const auto t = InStr(1, dtdText_, "<!ENTITY % " + ref.mid(1, ref.size() - 2));
-            QString value = "ErrorNotFound";
-            if (t != 0) {
-                value = ValueAt(t);
-                if (value.contains('\n') && !value.startsWith('(')) value.prepend("\r\n");
-            }
-            attText_.replace(ref, value);
-            Limit(attText_, ++expansions);
-        }
-    }
-
-    void CollectAttributes() {
-        lstAttrs_.clear();
-        auto r = InStr(1, attText_, "\r");
-        while (r != 0) {
-            int skip = 0;
-            for (int j = 1; j <= 100; ++j) {
-                skip = j;
-                const QString character = Mid(attText_, r + 2 + j, 1);
-                if (character != " " && character != "\n" && character != "\r") break;
-            }
-            const auto s = r + 2 + skip;
-            const auto n = InStr(s, attText_, " ");
-            if (n == 0) break;
-            const QString token = Mid(attText_, s, n - s);
-            if (token != ">") {
-                const auto o = InStrRev(attText_, "(", s);
-                const bool inList = o != 0 && InStr(o, attText_, ")") > s && o < s;
-                if (!inList) AddSorted(lstAttrs_, token);
-            }
-            r = InStr(n, attText_, "\r");
-        }
-    }
-
-    QString ValueAt(qsizetype t) const {
-        const auto end = InStr(t, dtdText_, ">");
-        const auto q1 = InStr(t, dtdText_, "\"");
-        const auto q2 = InStrRev(dtdText_, "\"", end);
-        return Mid(dtdText_, q1 + 1, q2 - q1 - 1);
-    }
-
-    void Limit(const QString& text, int expansions) {
-        work_ += text.size();
-        if (text.size() > maxLength || work_ > maxWork || expansions > maxExpansions) throw ReadingFailed("endless");
-    }
-
-    void Count(int nodes) {
-        nodeIndex_ += nodes;
-        if (nodeIndex_ > greatestNodeIndex) throw ReadingFailed("overflow");
-    }
+    void AddDocumentType();
+    void CollectTags();
+    [[nodiscard]] Tag ReadTag(qsizetype pos, qsizetype end);
+    void AddElement(const Tag& tag);
+    [[nodiscard]] bool IsEmptyElement(const Tag& tag);
+    [[nodiscard]] QString ExpandedAttlist(QString attText);
+    void CountNodes(qsizetype nodes);
 
     ReferenceTree& tree_;
     int nodeIndex_;
     const int parentIndex_;
     const CaptionHook& caption_;
-    QString dtdText_;
-    qsizetype work_ = 0;
-    std::vector<QString> lstTags_;
-    std::vector<QString> lstAttrs_;
-    QString attText_;
+    DtdText text_;
+    qsizetype written_ = 0;
+    std::vector<Tag> tags_;
 };
+
+void DtdReading::CountNodes(qsizetype nodes) {
+    if (nodes > greatestNodeIndex - nodeIndex_) throw ReadingFailed("too many nodes");
+    nodeIndex_ += static_cast<int>(nodes);
+}
+
+void DtdReading::AddDocumentType() {
+    const QStringView text = text_.View();
+    const QString none = QStringLiteral("!DOCTYPE");
+    QString docType = none;
+    if (const auto pos = FirstFrom(1, text, u"PUBLIC \"")) {
+        docType.append(' ').append(UpTo(text, pos, FirstFrom(pos, text, u'\r')));
+    }
+    if (const auto pos = FirstFrom(1, text, u"SYSTEM \"")) {
+        docType.append(' ').append(UpTo(text, pos + 6, FirstFrom(pos, text, u'\r')));
+    }
+    if (docType.endsWith('>')) docType.chop(1);
+    if (const auto pos = FirstFrom(1, text, u"<!DOCTYPE")) {
+        if (const auto end = FirstFrom(pos, text, u'>')) docType = UpTo(text, pos + 1, end).toString();
+    }
+    if (docType == none) return;
+    tree_.AddChild(parentIndex_, docType + emptyElementMark);
+    CountNodes(1);
+}
+
+void DtdReading::CollectTags() {
+    SeenNames seen;
+    qsizetype end = 1;
+    while (const auto pos = text_.NextElement(end)) {
+        end = FirstFrom(pos, text_.View(), u'>');
+        Tag tag = ReadTag(pos, end);
+        const QString key = tag.key;
+        if (!seen.Has(key)) tags_.push_back(std::move(tag));
+        seen.Add(key);
+    }
+    std::ranges::stable_sort(tags_, ComesBefore, &Tag::entry);
+}
+
+// The name and key of the element whose declaration stands from `pos` through `end`.
+DtdReading::Tag DtdReading::ReadTag(qsizetype pos, qsizetype end) {
+    constexpr qsizetype namePos = 11;
+    QString declaration = UpTo(text_.View(), pos, end + 1).toString();
+    QString key;
+    bool first = true;
+    Expansion(written_).Run(declaration, [&](qsizetype at, const QString& entity) {
+        if (first && at == namePos) key = '%' + entity + ';';
+        first = false;
+        const std::optional<QString> value = text_.EntityValue(entity);
+        if (!value) throw ReadingFailed("a parameter entity isn't declared");
+        return *value;
+    });
+    qsizetype nameEnd = FirstFrom(namePos, declaration, u' ');
+    const qsizetype lineFeed = FirstFrom(namePos, declaration, u'\n');
+    if (lineFeed != 0 && lineFeed < nameEnd) nameEnd = lineFeed - 1;
+    const QString name = UpTo(declaration, namePos, nameEnd).toString();
+    if (key.isEmpty()) key = name;
+    return {name + '\t' + key, name, key};
+}
+
+void DtdReading::AddElement(const Tag& tag) {
+    tree_.AddChild(parentIndex_, IsEmptyElement(tag) ? tag.name + emptyElementMark : tag.name);
+    text_.EndAttlistHeads(tag.key);
+    qsizetype count = 0;
+    if (std::optional<QString> attText = text_.Attlist(tag.key)) {
+        for (const QString& attribute : AttributeNames(ExpandedAttlist(std::move(*attText)))) {
+            tree_.AddChild(nodeIndex_, attribute + '=');
+            if (++count > greatestNodeIndex) throw ReadingFailed("too many attributes");
+        }
+    }
+    CountNodes(count + 1);
+}
+
+// Any "EMPTY" counts, in any case, also one in a name or in what stands right behind the declaration.
+bool DtdReading::IsEmptyElement(const Tag& tag) {
+    const qsizetype pos = text_.FindElement(tag.key);
+    if (pos == 0 && tag.key == QLatin1String("guide") && caption_) caption_(QStringLiteral("ga"));
+    const QStringView text = text_.View();
+    const qsizetype end = FirstFrom(pos, text, u'>');
+    return Stretch(text, pos, end - pos + 2).contains(QLatin1String("EMPTY"), Qt::CaseInsensitive);
+}
+
+QString DtdReading::ExpandedAttlist(QString attText) {
+    Expansion(written_).Run(attText, [this](qsizetype /*pos*/, const QString& entity) {
+        QString value = text_.EntityValue(entity).value_or(QStringLiteral("ErrorNotFound"));
+        if (value.contains('\n') && !value.startsWith('(')) value.prepend(QLatin1String("\r\n"));
+        return value;
+    });
+    return attText;
+}
+
+void ReadBranch(ReferenceTree& tree, int& nodeIndex, const QString& text, int parentIndex, const CaptionHook& caption) {
+    nodeIndex = DtdReading(tree, nodeIndex, text, parentIndex, caption).Run();
+}
 
 }  // namespace
 
 int AddDtDText(ReferenceTree& tree, int& nodeIndex, const QString& dtdText, int parentIndex, const QString& title,
                const CaptionHook& caption) {
     tree.AddRoot(title, QStringLiteral("DTD"));
-    nodeIndex = Reading(tree, nodeIndex, dtdText, parentIndex, caption).Run();
+    ReadBranch(tree, nodeIndex, dtdText, parentIndex, caption);
     return nodeIndex;
 }
 
@@ -200,7 +208,7 @@ int AddDtD(ReferenceTree& tree, int& nodeIndex, const QString& dtdPath, int pare
     tree.AddRoot(title, QStringLiteral("DTD"));
     const std::optional<LoadedText> loaded = ReadTextFile(dtdPath);
     if (!loaded) throw ReadingFailed("the file can't be read");
-    nodeIndex = Reading(tree, nodeIndex, loaded->text, parentIndex, caption).Run();
+    ReadBranch(tree, nodeIndex, loaded->text, parentIndex, caption);
     return nodeIndex;
 }
 

@@ -3,25 +3,16 @@
 #pragma once
 
 #include "editor/reference_tree.h"
+#include "reference/reading_failed.h"
 
 #include <QString>
 
 #include <functional>
-#include <stdexcept>
 
 namespace vellum {
 
-// A reading came upon something that it can't go on from. The nodes added until then stay in the tree.
-class ReadingFailed : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
 // Gets the text that a reading writes into the main window's caption as a trace.
 using CaptionHook = std::function<void(const QString& caption)>;
-
-// The greatest node index; a count past it ends a reading.
-inline constexpr int greatestNodeIndex = 32767;
 
 // Adds the root `title`, and the branch of the DTD below the node `parentIndex`, which the caller promises to be that
 // root. `nodeIndex` is the index that the next element will get and that its attributes are added to; afterwards it is

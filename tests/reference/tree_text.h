@@ -1,0 +1,40 @@
+// A reference tree as text, so that a test compares whole branches at a glance.
+#pragma once
+
+#include "editor/reference_tree.h"
+
+#include <QStringList>
+
+#include <string>
+
+namespace vellum::test {
+
+// One line a node, in the order of the branches: a dash for each level, the index, the text.
+inline void AppendBranch(QStringList& lines, const ReferenceTree& tree, int index, int depth) {
+    const ReferenceNode& node = tree.Node(index);
+    lines << QString(depth, '-') + QString::number(index) + ' ' + node.text;
+    for (const int child : node.children) AppendBranch(lines, tree, child, depth + 1);
+}
+
+[[nodiscard]] inline std::string TreeText(const ReferenceTree& tree) {
+    QStringList lines;
+    for (const int root : tree.Roots()) AppendBranch(lines, tree, root, 0);
+    return lines.join('\n').toStdString();
+}
+
+// The texts of a node's children.
+[[nodiscard]] inline QStringList ChildTexts(const ReferenceTree& tree, int index) {
+    QStringList texts;
+    for (const int child : tree.Node(index).children) texts << tree.Node(child).text;
+    return texts;
+}
+
+// The first node with a text; 0 when there is none.
+[[nodiscard]] inline int FindNode(const ReferenceTree& tree, const QString& text) {
+    for (int index = 1; index <= tree.Count(); ++index) {
+        if (tree.Node(index).text == text) return index;
+    }
+    return 0;
+}
+
+}  // namespace vellum::test
