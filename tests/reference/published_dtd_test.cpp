@@ -1,12 +1,15 @@
 // The shipped document types and character sets against the published ones, as an XML parser reads both, and the
 // reference tree that is built from the shipped ones against the same. The published ones come with Debian's
 // w3c-sgml-lib.
+#include "reference/dtd_reader.h"
 #include "vocabulary.h"
 
 #include <QDir>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace vellum {
 namespace {
@@ -74,6 +77,68 @@ TEST_P(PublishedDtd, SaysTheSameToAnXmlParserAsTheShippedOne) {
         const VocabularyElement ours = shipped.elements.value(element.key());
         EXPECT_EQ(ours.content, element->content) << element.key().toStdString();
         EXPECT_EQ(ours.attributes, element->attributes) << element.key().toStdString();
+    }
+}
+
+// The tree of the shipped document type, whose root is its first node.
+ReferenceTree TreeOf(const DocumentTypeRow& row) {
+    ReferenceTree tree;
+    int nodeIndex = 2;
+    AddDtD(tree, nodeIndex, Shipped(row.shipped), 1, "The root");
+    EXPECT_EQ(nodeIndex, tree.Count() + 1);
+    return tree;
+}
+
+std::vector<QString> ChildTexts(const ReferenceTree& tree, int index) {
+    std::vector<QString> texts;
+    for (const int child : tree.Node(index).children) texts.push_back(tree.Node(child).text);
+    return texts;
+}
+
+// In the order of the tree, which sorts names without regard to case.
+std::vector<QString> Sorted(QStringList names) {
+    names.sort(Qt::CaseInsensitive);
+    return {names.begin(), names.end()};
+}
+
+TEST_P(PublishedDtd, HasItsElementsInTheTreeWithTheirMarks) {
+    const ReferenceTree tree = TreeOf(GetParam());
+    std::vector<QString> expected{GetParam().declaration + emptyElementMark};
+    for (const QString& name : Sorted(published_.elements.keys()))
+        expected.push_back(published_.elements[name].empty ? name + emptyElementMark : name);
+    EXPECT_EQ(ChildTexts(tree, 1), expected);
+}
+
+TEST_P(PublishedDtd, HasEveryAttributeOnceBelowItsElement) {
+    const ReferenceTree tree = TreeOf(GetParam());
+    EXPECT_EQ(tree.Node(2).children.size(), 0U) << "The document type has no attributes.";
+    int attributes = 0;
+    for (const int element : tree.Node(1).children) {
+        if (element == 2) continue;
+        const QString name = tree.Node(element).text.section(' ', 0, 0);
+        std::vector<QString> expected = Sorted(published_.elements[name].attributes.keys());
+        for (QString& attribute : expected) attribute += '=';
+        EXPECT_EQ(ChildTexts(tree, element), expected) << name.toStdString();
+        for (const int attribute : tree.Node(element).children) EXPECT_TRUE(tree.Node(attribute).children.empty());
+        attributes += static_cast<int>(expected.size());
+    }
+    const int root = 1;
+    const int documentType = 1;
+    EXPECT_EQ(tree.Count(), root + documentType + published_.elements.size() + attributes);
+}
+
+// The popup and the closing of empty elements take the first child of the root that holds a name as a word between
+// blanks, the popup without regard to case; the document type must not be taken for its root element.
+TEST_P(PublishedDtd, LetsEveryElementBeFoundByItsName) {
+    const ReferenceTree tree = TreeOf(GetParam());
+    for (const QString& name : published_.elements.keys()) {
+        const QString word = ' ' + name.toLower() + ' ';
+        const std::vector<QString> texts = ChildTexts(tree, 1);
+        const auto found = std::find_if(texts.begin(), texts.end(), [&](const QString& text) {
+            return (' ' + text.toLower() + ' ').contains(word);
+        });
+        ASSERT_NE(found, texts.end()) << name.toStdString();
+        EXPECT_EQ(found->section(' ', 0, 0), name);
     }
 }
 
