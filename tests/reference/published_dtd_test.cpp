@@ -51,6 +51,9 @@ const DocumentTypeRow documentTypes[] = {
     {"smil.dtd", "REC-smil-19980615/smil10.dtd",
      "!DOCTYPE smil\r\n    PUBLIC \"-//W3C//DTD SMIL\r\n            1.0//EN\"\r\n"
      "    \"http://www.w3.org/TR/REC-smil/SMIL10.dtd\""},
+    {"svg.dtd", "REC-SVG-20010904/svg10.dtd",
+     "!DOCTYPE svg\r\n    PUBLIC \"-//W3C//DTD SVG\r\n            1.0//EN\"\r\n"
+     "    \"http://www.w3.org/TR/2001/REC-SVG-20010904/DTD/svg10.dtd\""},
 };
 
 class PublishedDtd : public testing::TestWithParam<DocumentTypeRow> {

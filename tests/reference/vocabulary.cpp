@@ -129,6 +129,46 @@ void AddEntity(void* payload, void* vocabulary, const xmlChar* /*name*/) {
     static_cast<Vocabulary*>(vocabulary)->entities[Text(entity->name)] = Character(Text(entity->content));
 }
 
+void AddNames(xmlElementContentPtr node, QStringList& names) {
+    if (!node) return;
+    if (node->type == XML_ELEMENT_CONTENT_ELEMENT) names << Name(node->prefix, node->name);
+    AddNames(node->c1, names);
+    AddNames(node->c2, names);
+}
+
+// What can only be seen when all is declared: attributes and content models that contradict one another or themselves,
+// content that can be read in two ways. The parser reports it.
+void CheckTogether(xmlDtdPtr dtd) {
+    const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> document(xmlNewDoc(nullptr), &xmlFreeDoc);
+    const std::unique_ptr<xmlValidCtxt, decltype(&xmlFreeValidCtxt)> context(xmlNewValidCtxt(), &xmlFreeValidCtxt);
+    document->extSubset = dtd;
+    xmlValidateDtdFinal(context.get(), document.get());
+    for (xmlNodePtr node = dtd->children; node; node = node->next) {
+        if (node->type != XML_ELEMENT_DECL) continue;
+        auto* element = reinterpret_cast<xmlElementPtr>(node);
+        xmlValidateElementDecl(context.get(), document.get(), element);
+        xmlValidBuildContentModel(context.get(), element);
+        for (xmlAttributePtr attribute = element->attributes; attribute; attribute = attribute->nexth)
+            xmlValidateAttributeDecl(context.get(), document.get(), attribute);
+    }
+    document->extSubset = nullptr;
+}
+
+// The parser doesn't mind an element that may hold one which isn't declared.
+QStringList Undeclared(const xmlDtd* dtd, const Vocabulary& vocabulary) {
+    QStringList complaints;
+    for (xmlNodePtr node = dtd->children; node; node = node->next) {
+        if (node->type != XML_ELEMENT_DECL) continue;
+        const auto* element = reinterpret_cast<xmlElementPtr>(node);
+        QStringList names;
+        AddNames(element->content, names);
+        for (const QString& name : names)
+            if (!vocabulary.elements.contains(name))
+                complaints << Name(element->prefix, element->name) + " may hold " + name + ", which isn't declared";
+    }
+    return complaints;
+}
+
 }  // namespace
 
 Vocabulary ReadVocabulary(const QString& path, const QString& entityFolder) {
@@ -144,6 +184,7 @@ Vocabulary ReadVocabulary(const QString& path, const QString& entityFolder) {
     const QByteArray name = QFile::encodeName(path);
     const std::unique_ptr<xmlDtd, decltype(&xmlFreeDtd)> dtd(
         xmlParseDTD(nullptr, reinterpret_cast<const xmlChar*>(name.constData())), &xmlFreeDtd);
+    if (dtd) CheckTogether(dtd.get());
     xmlSetStructuredErrorFunc(nullptr, nullptr);
     xmlSetExternalEntityLoader(before);
     if (!dtd) {
@@ -152,6 +193,7 @@ Vocabulary ReadVocabulary(const QString& path, const QString& entityFolder) {
     }
     if (dtd->elements) xmlHashScan(static_cast<xmlHashTablePtr>(dtd->elements), AddElement, &vocabulary);
     if (dtd->entities) xmlHashScan(static_cast<xmlHashTablePtr>(dtd->entities), AddEntity, &vocabulary);
+    vocabulary.complaints << Undeclared(dtd.get(), vocabulary);
     return vocabulary;
 }
 

@@ -16,7 +16,7 @@ struct VocabularyElement {
 struct Vocabulary {
     QMap<QString, VocabularyElement> elements;
     QMap<QString, QString> entities;  // by name: the character
-    QStringList complaints;           // what the parser found wrong
+    QStringList complaints;           // what the parser found wrong, and elements that are named but not declared
 };
 
 // Reads a DTD or entity file with everything that it takes in. A file that it names and that doesn't lie beside it is
