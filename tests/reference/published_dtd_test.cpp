@@ -2,6 +2,8 @@
 // reference tree that is built from the shipped ones against the same. The published ones come with Debian's
 // w3c-sgml-lib.
 #include "reference/dtd_reader.h"
+#include "reference/entity_reader.h"
+#include "tree_text.h"
 #include "vocabulary.h"
 
 #include <QDir>
@@ -9,10 +11,11 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace vellum {
 namespace {
+
+using test::ChildTexts;
 
 QString Shipped(const QString& name) {
     return QStringLiteral(VELLUM_SOURCE_DIR "/data/Dtd/") + name;
@@ -92,23 +95,17 @@ ReferenceTree TreeOf(const DocumentTypeRow& row) {
     return tree;
 }
 
-std::vector<QString> ChildTexts(const ReferenceTree& tree, int index) {
-    std::vector<QString> texts;
-    for (const int child : tree.Node(index).children) texts.push_back(tree.Node(child).text);
-    return texts;
-}
-
 // In the order of the tree, which sorts names without regard to case.
-std::vector<QString> Sorted(QStringList names) {
+QStringList Sorted(QStringList names) {
     names.sort(Qt::CaseInsensitive);
-    return {names.begin(), names.end()};
+    return names;
 }
 
 TEST_P(PublishedDtd, HasItsElementsInTheTreeWithTheirMarks) {
     const ReferenceTree tree = TreeOf(GetParam());
-    std::vector<QString> expected{GetParam().declaration + emptyElementMark};
+    QStringList expected{GetParam().declaration + emptyElementMark};
     for (const QString& name : Sorted(published_.elements.keys()))
-        expected.push_back(published_.elements[name].empty ? name + emptyElementMark : name);
+        expected.append(published_.elements[name].empty ? name + emptyElementMark : name);
     EXPECT_EQ(ChildTexts(tree, 1), expected);
 }
 
@@ -119,7 +116,7 @@ TEST_P(PublishedDtd, HasEveryAttributeOnceBelowItsElement) {
     for (const int element : tree.Node(1).children) {
         if (element == 2) continue;
         const QString name = tree.Node(element).text.section(' ', 0, 0);
-        std::vector<QString> expected = Sorted(published_.elements[name].attributes.keys());
+        QStringList expected = Sorted(published_.elements[name].attributes.keys());
         for (QString& attribute : expected) attribute += '=';
         EXPECT_EQ(ChildTexts(tree, element), expected) << name.toStdString();
         for (const int attribute : tree.Node(element).children) EXPECT_TRUE(tree.Node(attribute).children.empty());
@@ -136,7 +133,7 @@ TEST_P(PublishedDtd, LetsEveryElementBeFoundByItsName) {
     const ReferenceTree tree = TreeOf(GetParam());
     for (const QString& name : published_.elements.keys()) {
         const QString word = ' ' + name.toLower() + ' ';
-        const std::vector<QString> texts = ChildTexts(tree, 1);
+        const QStringList texts = ChildTexts(tree, 1);
         const auto found = std::find_if(texts.begin(), texts.end(), [&](const QString& text) {
             return (' ' + text.toLower() + ' ').contains(word);
         });
@@ -145,18 +142,43 @@ TEST_P(PublishedDtd, LetsEveryElementBeFoundByItsName) {
     }
 }
 
-class PublishedCharacterSet : public testing::TestWithParam<const char*> {};
+class PublishedCharacterSet : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override {
+        published_ = ReadVocabulary(PublishedEntityFolder() + '/' + name_);
+        ASSERT_EQ(published_.complaints, QStringList()) << "Is the package w3c-sgml-lib installed?";
+        ASSERT_FALSE(published_.entities.isEmpty());
+    }
 
-INSTANTIATE_TEST_SUITE_P(Reference, PublishedCharacterSet, testing::Values("lat1", "symbol", "special"));
+    const QString name_ = QString("xhtml-%1.ent").arg(GetParam());
+    Vocabulary published_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Reference, PublishedCharacterSet, testing::Values("lat1", "symbol", "special"),
+                         [](const auto& row) { return std::string(row.param); });
 
 TEST_P(PublishedCharacterSet, SaysTheSameToAnXmlParserAsTheShippedOne) {
-    const QString name = QString("xhtml-%1.ent").arg(GetParam());
-    const Vocabulary published = ReadVocabulary(PublishedEntityFolder() + '/' + name);
-    ASSERT_EQ(published.complaints, QStringList()) << "Is the package w3c-sgml-lib installed?";
-    ASSERT_FALSE(published.entities.isEmpty());
-    const Vocabulary shipped = ReadVocabulary(Shipped(name));
+    const Vocabulary shipped = ReadVocabulary(Shipped(name_));
     EXPECT_EQ(shipped.complaints, QStringList());
-    EXPECT_EQ(shipped.entities, published.entities);
+    EXPECT_EQ(shipped.entities, published_.entities);
+}
+
+TEST_P(PublishedCharacterSet, HasEveryCharacterOnceInTheTree) {
+    QStringList expected;
+    for (auto entity = published_.entities.cbegin(); entity != published_.entities.cend(); ++entity) {
+        ASSERT_EQ(entity->size(), 1) << entity.key().toStdString();
+        const int code = entity->front().unicode();
+        const QString shown = code < 256 ? *entity : QString("&#%1;").arg(code);
+        expected << '&' + entity.key() + ';' + QString(10 - entity.key().size(), ' ') + shown;
+    }
+    ReferenceTree tree;
+    int nodeIndex = tree.AddRoot("Character Sets");
+    AddEnt(tree, nodeIndex, Shipped(name_), 1, "The title");
+    QStringList shipped = ChildTexts(tree, 2);
+    EXPECT_EQ(tree.Count(), 2 + shipped.size());
+    expected.sort();
+    shipped.sort();
+    EXPECT_EQ(shipped, expected);
 }
 
 }  // namespace
