@@ -15,6 +15,7 @@ namespace vellum {
 namespace {
 
 constexpr int passPanel = 4;
+
 MarkupColors ColorsOf(Workbench& bench) {
     return {.tables = ColorOfValue(bench.TablesColor),
             .frames = ColorOfValue(bench.FramesColor),
@@ -44,11 +45,15 @@ int PaintStretch(EditSurface& surface, const QString& text, const MarkupSpan& sp
     };
     const MarkupScan scan =
         ScanStretch({.text = text, .span = span, .endOfText = surface.Length(), .find = find}, colors);
+    std::vector<FormatStep> steps;
+    steps.reserve(scan.steps.size());
     for (const PaintStep& step : scan.steps) {
-        const bool keepsColors = step.compare && !surface.ColorOf(step.offset, step.length);
-        if (step.color && !keepsColors) surface.SetColor(step.offset, step.length, *step.color);
-        if (step.bold) surface.SetBold(step.offset, step.length, true);
+        FormatChange change;
+        if (step.color) change.color = *step.color;
+        if (step.bold) change.bold = true;
+        steps.push_back({.offset = step.offset, .length = step.length, .change = change, .ofOneColor = step.compare});
     }
+    surface.ApplyFormats(steps);
     constexpr int pairOfTags = 2;  // an opening and a closing tag have the caret between them
     return scan.tagCount == pairOfTags ? scan.selected : span.start + span.length;
 }

@@ -52,6 +52,8 @@ public:
     void SetFormat(int offset, int length, CharFormat format);
     void SetColor(int offset, int length, ColorNumber color);
     void SetBold(int offset, int length, bool bold);
+    // Many of these in their order, each one on what the ones before it left. Fast when they lie close together.
+    void ApplyFormats(std::span<const FormatStep> steps);
     // The one colour of a stretch; empty when it has several, or no character.
     [[nodiscard]] std::optional<ColorNumber> ColorOf(int offset, int length) const;
     // The formats of the whole text at once: the fast way to paint it. Spans ascend and don't overlap; what lies in

@@ -28,6 +28,31 @@ int Brightness(const QColor& color) {
 // With less of a difference than this a selection would be hard to see on its background.
 constexpr int visibleDifference = 40;
 
+// Finds the places of offsets, from line to line: a short way when the next offset isn't far from the last one.
+class PlaceFinder {
+public:
+    // `lineStart` is the offset of the line's first character.
+    PlaceFinder(const FormatStore& formats, int line, int lineStart)
+        : formats_(formats), line_(line), lineStart_(lineStart) {}
+
+    [[nodiscard]] TextPlace At(int offset) {
+        while (offset < lineStart_ && line_ > 0) lineStart_ -= formats_.LineLength(--line_) + lineEndLength;
+        int length = formats_.LineLength(line_);
+        while (offset >= lineStart_ + length + lineEndLength && line_ + 1 < formats_.LineCount()) {
+            lineStart_ += length + lineEndLength;
+            length = formats_.LineLength(++line_);
+        }
+        return {line_, std::clamp(offset - lineStart_, 0, length)};
+    }
+
+private:
+    static constexpr int lineEndLength = 2;
+
+    const FormatStore& formats_;
+    int line_;
+    int lineStart_;
+};
+
 }  // namespace
 
 std::optional<ColorNumber> EditSurface::SelColor() const {
@@ -61,6 +86,24 @@ void EditSurface::SetColor(int offset, int length, ColorNumber color) {
 
 void EditSurface::SetBold(int offset, int length, bool bold) {
     d_->ChangeFormatOf(offset, length, {.color = {}, .bold = bold});
+}
+
+void EditSurface::ApplyFormats(std::span<const FormatStep> steps) {
+    if (steps.empty()) return;
+    const QTextBlock first = document()->findBlock(d_->PositionOf(steps.front().offset));
+    PlaceFinder places(d_->formats, first.blockNumber(), d_->OffsetOf(first.position()));
+    int firstLine = first.blockNumber();
+    int lastLine = firstLine;
+    for (const FormatStep& step : steps) {
+        const TextPlace from = places.At(step.offset);
+        const TextPlace to = places.At(step.offset + step.length);
+        if (step.ofOneColor && !d_->formats.CommonColor(from, to, d_->foreColor)) continue;
+        d_->formats.SetFormat(from, to, step.change);
+        firstLine = std::min(firstLine, from.line);
+        lastLine = std::max(lastLine, to.line);
+    }
+    d_->MarkOutdated(firstLine, lastLine);
+    viewport()->update();
 }
 
 std::optional<ColorNumber> EditSurface::ColorOf(int offset, int length) const {

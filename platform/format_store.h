@@ -36,6 +36,14 @@ struct FormatSpan {
     CharFormat format;
 };
 
+// A change of a stretch of the whole text, in offsets from 0.
+struct FormatStep {
+    int offset = 0;
+    int length = 0;
+    FormatChange change;
+    bool ofOneColor = false;  // a stretch of several colours stays as it is
+};
+
 // The format of every character of a text, line ends among them (one character each). Lines hold only what differs from
 // the base format, and they live in small chunks, so that an edit touches one chunk. A copy shares the chunks with its
 // original until either is edited: keeping a copy costs next to nothing.
