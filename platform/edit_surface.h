@@ -58,7 +58,7 @@ public:
     [[nodiscard]] std::optional<ColorNumber> ColorOf(int offset, int length) const;
     // The formats of the whole text at once: the fast way to paint it. Spans ascend and don't overlap; what lies in
     // none takes `rest`. Their offsets count a line end as `lineEndLength` characters: 2 as everywhere, or 1 as in
-    // RawText().
+    // RawText(). The insertion colour is again that of the character before the caret.
     void SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength = 2);
     // The format of the character behind `offset`; the base format at the end of the text.
     [[nodiscard]] CharFormat FormatAt(int offset) const;

@@ -113,6 +113,7 @@ std::optional<ColorNumber> EditSurface::ColorOf(int offset, int length) const {
 
 void EditSurface::SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength) {
     d_->formats.SetAll(rest, spans, lineEndLength);
+    d_->insertion.reset();
     d_->MarkAllOutdated();
 }
 

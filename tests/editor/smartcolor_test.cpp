@@ -118,6 +118,15 @@ TEST_F(SmartcolorTest, TakesThePlainColorAndTheBackgroundFromTheSettings) {
     EXPECT_EQ(surface.ColorOf(0, 9), 254U);
 }
 
+TEST_F(SmartcolorTest, TheNextCharacterTakesTheNewColorsToo) {
+    surface.SetText("notes");
+    surface.SetSelStart(3);
+    surface.SetSelColor(0x112233);
+    Store(keys::foreColor, "255");
+    workbench.Smartcolor();
+    EXPECT_EQ(surface.SelColor(), 255U);
+}
+
 TEST_F(SmartcolorTest, ASpanPassTakesTheBackgroundAndLeavesThePlainColor) {
     surface.SetText("x<b>");
     workbench.Smartcolor();
