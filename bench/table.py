@@ -12,6 +12,8 @@ RATIOS = [
     ("Load 10 MB, against the plain widget", "LoadIntoEditSurface/10", "LoadIntoPlainTextEdit/10", "real_time", 1.3),
     ("A letter in 10 MB, against 1 MB", "PressLetter/10", "PressLetter/1", "median_ms", 1.3),
     ("Enter in 10 MB, against 1 MB", "PressEnter/10", "PressEnter/1", "median_ms", 1.3),
+    ("Colour 10 MB, against a lexer", "ColorPage/10", "LexPageInScintilla/10", "real_time", 0.2),
+    ("The same after an edit", "ColorEditedPage/10", "LexPageInScintilla/10", "real_time", 0.2),
 ]
 
 # Title, the run, its figure, the unit, and the greatest value that is fine.
