@@ -18,14 +18,15 @@ QMap<QString, ListedElement> ElementsOf(const PublishedList& list) {
     QMap<QString, QStringList> groups;
     const QString text = QString(list.list).replace("\n    ", " ");
     for (const QString& line : text.split('\n', Qt::SkipEmptyParts)) {
-        const int end = line.startsWith('@') ? line.indexOf(" = ") : line.indexOf(": ");
-        const QString head = end < 0 && line.endsWith(':') ? line.chopped(1) : line.left(end);
-        const QStringList words = end < 0 ? QStringList() : Words(line.mid(end + 2), groups);
-        if (line.startsWith('@')) {
-            groups[head] = words;
+        const bool isGroup = line.startsWith('@');
+        const QString mark = isGroup ? " = " : ": ";
+        const QStringList words = Words((line + ' ').section(mark, 1), groups);
+        if (isGroup) {
+            groups[line.section(mark, 0, 0)] = words;
             continue;
         }
-        for (QString name : end < 0 && !line.endsWith(':') ? QStringList("?") : head.split(' ')) {
+        const QString names = line.contains(':') ? (line + ' ').section(mark, 0, 0) : "?";
+        for (QString name : names.split(' ')) {
             const bool empty = name.endsWith('/');
             if (empty) name.chop(1);
             elements[name] = {empty, words};
