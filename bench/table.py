@@ -14,10 +14,17 @@ RATIOS = [
     ("Enter in 10 MB, against 1 MB", "PressEnter/10", "PressEnter/1", "median_ms", 1.3),
     ("Colour 10 MB, against a lexer", "ColorPage/10", "LexPageInScintilla/10", "real_time", 0.2),
     ("The same after an edit", "ColorEditedPage/10", "LexPageInScintilla/10", "real_time", 0.2),
+    ("The caret's place in 10 MB, against 20 KB", "PlaceOfCaret/10000", "PlaceOfCaret/20", "median_ms", 1.2),
+    ("A key typed in 10 MB, against 1 MB", "TypeInText/10", "TypeInText/1", "median_ms", 1.3),
+    ("A key typed in a tag in 10 MB, against 1 MB", "TypeInTag/10", "TypeInTag/1", "median_ms", 1.3),
 ]
 
 # Title, the run, its figure, the unit, and the greatest value that is fine.
 LIMITS = [
+    ("A key typed in 10 MB", "TypeInText/10", "median_ms", "ms", 2),
+    ("A key typed in a tag in 10 MB", "TypeInTag/10", "median_ms", "ms", 2),
+    ("1 MB of markup pasted", "PasteMarkup", "real_time", "ms", 300),
+    ("1 MB of text replaced as a whole", "ReplaceWholeText", "real_time", "ms", 300),
     ("A snapshot after typing in 1 MB", "SnapshotAfterTyping/1", "real_time", "ms", 1),
     ("A snapshot after typing in 10 MB", "SnapshotAfterTyping/10", "real_time", "ms", 1),
     ("One step back in 10 MB", "UndoOneLine/10", "real_time", "ms", 20),

@@ -2,6 +2,8 @@
 
 #include "platform/edit_surface.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 
 namespace vellum {
@@ -27,6 +29,9 @@ struct Block {
 class PlaceScan {
 public:
     PlaceScan(QStringView text, qsizetype pos) : text_(text), pos_(pos) {
+        for (qsizetype index = text.indexOf(u'<'); index >= 0 && index < pos; index = text.indexOf(u'<', index + 1)) {
+            openings_.push_back(index);
+        }
         server_.start = Last(u"<%", pos_);
         server_.end = server_.start > 0 ? OrFarAway(Next(u"%>", server_.start + 2)) : -1;
         if (server_.start == 0) server_.start = farAway;
@@ -51,12 +56,10 @@ private:
 
     // The last occurrence that ends at or before `pos`. All that is searched this way begins with "<".
     [[nodiscard]] qsizetype Last(QStringView opener, qsizetype pos, Qt::CaseSensitivity cs = Qt::CaseSensitive) const {
-        qsizetype starts = std::min(pos, text_.size()) - opener.size() + 1;
-        while (starts > 0) {
-            const qsizetype index = text_.first(starts).lastIndexOf(u'<');
-            if (index < 0) return 0;
-            if (text_.sliced(index).startsWith(opener, cs)) return index + 1;
-            starts = index;
+        auto candidate = std::upper_bound(openings_.begin(), openings_.end(), pos - opener.size());
+        while (candidate != openings_.begin()) {
+            --candidate;
+            if (text_.sliced(*candidate).startsWith(opener, cs)) return *candidate + 1;
         }
         return 0;
     }
@@ -114,6 +117,7 @@ private:
 
     QStringView text_;
     qsizetype pos_;
+    QVarLengthArray<qsizetype, 1024> openings_;  // of every "<" before `pos_`, from 0
     Block server_;
 };
 

@@ -1,0 +1,43 @@
+// What kind of place the caret is in, which every key press asks.
+#include "bench/page.h"
+#include "editor/place.h"
+#include "platform/edit_surface.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <vector>
+
+namespace vellum::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Far enough from both ends that a whole window lies around it, in the smallest page too.
+constexpr int leastOffset = 12500;
+
+// The caret in the middle of a page of so many kilobytes, or as near to it as a whole window fits, in the words of the
+// first line of plain text from there on: the scan then looks for everything, and finds the same kind of place.
+void PlaceOfCaret(benchmark::State& state) {
+    EditSurface surface;
+    surface.SetText(MakePage(state.range(0) * 1000));
+    const int middle = std::max(surface.Length() / 2, leastOffset);
+    surface.SetSelStart(surface.IndexOf(QStringLiteral("and so the story"), middle) + 4);
+    if (PosInfoAtCaret(surface).kind != PlaceKind::Plain) state.SkipWithError("not in plain text");
+    constexpr int batch = 20;
+    std::vector<double> seconds;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        for (int turn = 0; turn < batch; ++turn) benchmark::DoNotOptimize(PosInfoAtCaret(surface));
+        seconds.push_back(std::chrono::duration<double>(Clock::now() - start).count() / batch);
+        state.SetIterationTime(seconds.back());
+    }
+    std::ranges::sort(seconds);
+    state.counters["median_ms"] = 1000 * seconds[seconds.size() / 2];
+    state.counters["p95_ms"] = 1000 * seconds[seconds.size() * 95 / 100];
+}
+
+BENCHMARK(PlaceOfCaret)->Arg(20)->Arg(10000)->UseManualTime()->Iterations(500)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vellum::bench
