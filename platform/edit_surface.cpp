@@ -64,10 +64,7 @@ TextPlace EditSurface::Private::PlaceOf(int position) const {
 }
 
 QString EditSurface::Private::Characters(int position, int length) const {
-    QTextCursor cursor(q.document());
-    cursor.setPosition(position);
-    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
-    return FromDocumentText(cursor.selectedText(), *q.document(), position);
+    return around.Characters(position, length);
 }
 
 QString EditSurface::RawText() const {

@@ -3,6 +3,7 @@
 
 #include "platform/document_text.h"
 #include "platform/edit_surface.h"
+#include "platform/near_text.h"
 #include "platform/surface_handlers.h"
 
 #include <QTextBlock>
@@ -17,9 +18,10 @@ inline constexpr int overlongLine = 10000;
 inline constexpr int noWrapMargin = 1000000;  // twips; from here on nothing wraps
 
 struct EditSurface::Private {
-    explicit Private(EditSurface& surface) : q(surface) {}
+    explicit Private(EditSurface& surface) : q(surface), around(*surface.document()) {}
 
     EditSurface& q;
+    mutable NearText around;
     FormatStore formats;
     SurfaceHistory history;
     int formatVersion = 1;                // blocks whose user state differs have layouts with outdated formats

@@ -1,0 +1,112 @@
+#include "platform/near_text.h"
+
+#include "platform/edit_surface.h"
+
+#include <QPlainTextEdit>
+#include <QTextCursor>
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace vellum {
+namespace {
+
+// A document of numbered lines, none of which is like another.
+QString Lines(int count, int first = 0) {
+    QString text;
+    for (int line = first; line < first + count; ++line) text += QString("line %1 of many\n").arg(line);
+    return text;
+}
+
+class NearTextTest : public testing::Test {
+protected:
+    void Edit(int position, int length, const QString& text) {
+        QTextCursor cursor(edit.document());
+        cursor.setPosition(position);
+        cursor.setPosition(position + length, QTextCursor::KeepAnchor);
+        cursor.insertText(text);
+    }
+
+    // What the document holds there, whoever is asked.
+    [[nodiscard]] QString Whole(int position, int length) const { return edit.toPlainText().mid(position, length); }
+
+    QPlainTextEdit edit;
+    NearText around{*edit.document()};
+};
+
+TEST_F(NearTextTest, ReadsAnyStretch) {
+    edit.setPlainText(Lines(5000));
+    for (const int length : {0, 1, 1999, 2000, 14000, 20000, 20001, 50000}) {
+        for (const int position : {0, 100, 30000}) {
+            EXPECT_EQ(around.Characters(position, length), Whole(position, length)) << position << " " << length;
+        }
+    }
+    const int end = edit.document()->characterCount() - 1;
+    EXPECT_EQ(around.Characters(end - 3000, 3000), Whole(end - 3000, 3000));
+    EXPECT_EQ(around.Characters(end, 0), "");
+}
+
+TEST_F(NearTextTest, FollowsEditsBeforeInAndBehind) {
+    edit.setPlainText(Lines(5000));
+    const auto check = [&](int position) {
+        EXPECT_EQ(around.Characters(position, 14000), Whole(position, 14000)) << position;
+    };
+    check(30000);
+    Edit(10, 0, "before\n");
+    check(30000);
+    Edit(35000, 5, "in it\n\n");
+    check(30000);
+    Edit(60000, 100, "behind");
+    check(30000);
+    Edit(25000, 6000, "over its start");
+    check(30000);
+    Edit(40000, 20000, "over its end");
+    check(30000);
+    Edit(0, 0, Lines(4000, 10000));
+    check(30000);
+    edit.setPlainText(Lines(3000, 50000));
+    check(3000);
+    edit.setPlainText("short");
+    EXPECT_EQ(around.Characters(0, 5), "short");
+}
+
+TEST_F(NearTextTest, ReadsTheRestAfterAnyRowOfEdits) {
+    std::mt19937 random(5);
+    const auto number = [&](int from, int to) { return std::uniform_int_distribution(from, to)(random); };
+    edit.setPlainText(Lines(3000));
+    int place = 20000;
+    for (int round = 0; round < 3000; ++round) {
+        const int last = edit.document()->characterCount() - 1;
+        if (last < 30000) Edit(number(0, last), 0, Lines(1000, round));
+        // Mostly near the last place, as a person types.
+        const int centre = number(0, 9) == 0 ? number(0, last) : place + number(-9000, 9000);
+        const int position = std::clamp(centre, 0, last);
+        const int length = std::min(number(0, 20) == 0 ? number(0, 9000) : number(0, 3), last - position);
+        Edit(position, length, QStringList{"", "x", "\n", "a\nb", "word "}.at(number(0, 4)));
+        place = std::clamp(place + number(-500, 500), 0, edit.document()->characterCount() - 1);
+        const int most = edit.document()->characterCount() - 1 - place;
+        const int asked = std::min(number(0, 3) == 0 ? number(0, 25000) : 14000, most);
+        ASSERT_EQ(around.Characters(place, asked), Whole(place, asked)) << "round " << round;
+    }
+}
+
+TEST(NearTextOfASurface, KnowsItAfterEveryWayToChangeTheText) {
+    EditSurface surface;
+    const auto check = [&] { EXPECT_EQ(surface.Mid(3000, 5000), surface.Text().mid(3000, 5000)); };
+    surface.SetText(Lines(1000).replace("\n", "\r\n"));
+    check();
+    surface.SetSelStart(4000);
+    surface.SetSelText(QString("a") + QChar(0x2029) + "b");  // a character that the document only has a stand-in for
+    check();
+    surface.SetSelStart(3500);
+    surface.SetSelLength(1000);
+    surface.SetSelText("\r\n");
+    check();
+    surface.SetText(Lines(2000, 7).replace("\n", "\r\n"));
+    check();
+    surface.SetText("");
+    check();
+}
+
+}  // namespace
+}  // namespace vellum
