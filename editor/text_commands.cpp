@@ -54,8 +54,7 @@ void SelectLine(EditSurface& surface, int line) {
     QTextCursor cursor = surface.textCursor();
     cursor.setPosition(block.position() + block.length() - 1);
     cursor.setPosition(block.position(), QTextCursor::KeepAnchor);
-    surface.setTextCursor(cursor);
-    surface.ensureCursorVisible();
+    surface.setTextCursor(cursor);  // which scrolls to it
 }
 
 }  // namespace

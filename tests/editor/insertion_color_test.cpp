@@ -34,6 +34,12 @@ protected:
     // What a character takes that is typed now.
     [[nodiscard]] CharFormat Next() const { return {surface.SelColor(), surface.SelBold().value_or(false)}; }
 
+    // As if another rule had set it before.
+    void SetNext(const CharFormat& format) {
+        surface.SetSelColor(format.color.value_or(0));
+        surface.SetSelBold(format.bold);
+    }
+
     void DisableColors() { WriteSetting(bench.Settings(), keys::colorOnOff, "1"); }
 
     test::TestWorkbench bench;
@@ -120,7 +126,7 @@ TEST_F(InsertionColorTest, WhatIsRightAlreadyIsNotWritten) {
 
 TEST_F(InsertionColorTest, ADashTurnsTheOpeningIntoAComment) {
     Show("a<!-|b", other);
-    Apply();
+    SetNext({odd, true});
     ColorBeforeDash(bench, surface, PosInfoAtCaret(surface));
     EXPECT_EQ(surface.ColorOf(1, 3), comments);
     EXPECT_EQ(surface.ColorOf(0, 1), other);
@@ -151,7 +157,7 @@ TEST_F(InsertionColorTest, ADashElsewhereChangesNothing) {
 
 TEST_F(InsertionColorTest, APercentSignTurnsTheOpeningIntoABlock) {
     Show("a<|b", other);
-    Apply();
+    SetNext({odd, false});
     ColorBeforePercent(bench, surface);
     EXPECT_EQ(surface.FormatAt(1), (CharFormat{server, true}));
     EXPECT_EQ(surface.FormatAt(0), (CharFormat{other, false}));
