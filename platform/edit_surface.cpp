@@ -64,7 +64,10 @@ TextPlace EditSurface::Private::PlaceOf(int position) const {
 }
 
 QString EditSurface::Private::Characters(int position, int length) const {
-    return around.Characters(position, length);
+    QTextCursor cursor(q.document());
+    cursor.setPosition(position);
+    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
+    return FromDocumentText(cursor.selectedText(), *q.document(), position);
 }
 
 QString EditSurface::RawText() const {
@@ -88,7 +91,7 @@ QString EditSurface::Mid(int offset, int length) const {
     // An offset between CR and LF has the position of the line's end: the half behind it is cut or added here.
     const int ahead = begin - d_->OffsetOf(from);
     const bool halfEnd = begin + count > d_->OffsetOf(to);
-    QString piece = WithCrLf(d_->Characters(from, to - from));
+    QString piece = WithCrLf(d_->around.Characters(from, to - from));
     if (halfEnd) piece += u'\r';
     return piece.mid(ahead, count);
 }
