@@ -110,6 +110,7 @@ void Document::PositionAttr() {
 
 void Document::ShowPopup(QListWidget& list) {
     (&list == cmbTags ? cmbattr : cmbTags)->hide();
+    list.setFont(Text1->font());  // of one pitch, so that the characters beside the entities line up
     list.show();
     PositionAttr();
     picAttr->show();

@@ -6,7 +6,9 @@
 #include "platform/programs.h"
 #include "platform/settings_keys.h"
 #include "platform/tab_strip.h"
+#include "platform/wait_pointer.h"
 #include "preview/preview_pipeline.h"
+#include "reference/add_tags.h"
 #include "shell/form16.h"
 #include "shell/form26.h"
 #include "shell/mdi_arrange.h"
@@ -87,9 +89,16 @@ void MDIform1::AddRecentFile(const QString& path) {
     files_.AddRecentFile(path);
 }
 
-void MDIform1::AddTags() {}
 void MDIform1::startup() {}
 void MDIform1::ColorBarSetup() {}
+
+void MDIform1::AddTags() {
+    const WaitPointer wait;
+    Picture11->TreeView1->BeginRefill();
+    vellum::AddTags(references_, settings_, DataPath("Dtd"),
+                    [this](const QString& caption) { setWindowTitle(caption); });
+    Picture11->TreeView1->EndRefill();
+}
 
 void MDIform1::ApplyEditorFont(const QString& family, const QString& pointSize) {
     RichTextBox1->SetEditorFont(family, pointSize);

@@ -136,6 +136,7 @@ void MDIform1::WireRegions() {
     connect(Text5, &QLineEdit::textChanged, this, &MDIform1::ApplyNoDocumentRule);
     connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
+    Picture11->TreeView1->Show(references_, *this);
     connect(Picture11, &WebsitePanel::Hint, this, [this](const QString& text) { SetHint(text); });
     connect(Picture11, &WebsitePanel::FileActivated, this, [this](const QString& path) { OpenFromPanel(path); });
     connect(Picture11->Picture2, &DragBar::Dragged, this, [this](int y) { DragPanel(y, DragPhase::Moving); });

@@ -63,7 +63,7 @@ WebsitePanel::WebsitePanel(QWidget* parent)
       Drive1(new DriveList(this)),
       Dir1(new DirectoryList(this)),
       File2(new FileList(this)),
-      TreeView1(new QTreeWidget(this)) {
+      TreeView1(new ReferenceView(this)) {
     setObjectName("Picture11");
     Picture2->setObjectName("Picture2");
     Drive1->setObjectName("Drive1");
@@ -74,12 +74,11 @@ WebsitePanel::WebsitePanel(QWidget* parent)
     Dir1->setAccessibleName("Directory");
     File2->setAccessibleName("Files in the website directory");
     TreeView1->setAccessibleName("Markup reference");
-    TreeView1->setHeaderHidden(true);
-    TreeView1->setUniformRowHeights(true);
 
     // What can't be read leaves the next list as it was.
     connect(Drive1, &DriveList::DriveChanged, Dir1, &DirectoryList::SetPath);
     connect(Dir1, &DirectoryList::PathChanged, File2, &FileList::SetPath);
+    connect(TreeView1, &ReferenceView::Hint, this, &WebsitePanel::Hint);
     connect(File2, &FileList::FileActivated, this, &WebsitePanel::FileActivated);
     for (QWidget* surface : {Dir1->viewport(), File2->viewport()}) {
         surface->setMouseTracking(true);

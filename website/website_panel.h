@@ -3,10 +3,10 @@
 #pragma once
 
 #include "platform/file_lists.h"
+#include "reference/reference_view.h"
 
 #include <QFrame>
 #include <QString>
-#include <QTreeWidget>
 #include <QWidget>
 
 namespace vellum {
@@ -47,7 +47,7 @@ public:
     DriveList* const Drive1;
     DirectoryList* const Dir1;
     FileList* const File2;
-    QTreeWidget* const TreeView1;
+    ReferenceView* const TreeView1;
 
     // The drive, the directory and the directory of the file list. A setter is false, and changes nothing, when the
     // path is missing or can't be read. A change of the first moves the second, and of the second the third.

@@ -1,0 +1,168 @@
+#include "reference/add_tags.h"
+
+#include "platform/settings_keys.h"
+#include "reference/script_vocabulary.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace vellum {
+namespace {
+
+class AddTagsTest : public testing::Test {
+protected:
+    void Write(const QString& name, const QByteArray& text) const {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write(text);
+    }
+    void Set(const SettingKey& key, const QString& value) { WriteSetting(settings, key, value); }
+    void Build() { AddTags(tree, settings, folder.path()); }
+
+    [[nodiscard]] QStringList RootTexts() const {
+        QStringList texts;
+        for (const int root : tree.Roots()) texts << tree.Node(root).text;
+        return texts;
+    }
+    [[nodiscard]] QStringList ChildTexts(int node) const {
+        QStringList texts;
+        for (const int child : tree.Node(node).children) texts << tree.Node(child).text;
+        return texts;
+    }
+    [[nodiscard]] int Root(const QString& text) const {
+        return tree.Roots().at(static_cast<std::size_t>(RootTexts().indexOf(text)));
+    }
+
+    QTemporaryDir home;
+    QTemporaryDir folder;
+    SettingsStore settings{home.filePath("settings.json")};
+    ReferenceTree tree;
+};
+
+const QStringList fixedRoots{"Character Sets", "JScript 5.0 Language", "VBScript 5.0 Language", "Date/Time",
+                             "Emoticons",      "Custom List"};
+
+TEST_F(AddTagsTest, TheDefaultsGiveXhtmlSmilAndOpenEbook) {
+    Build();
+    EXPECT_EQ(RootTexts(), (QStringList{"XHTML1 Transitional", "SMIL 1.0", "OpenEBook Documents 1.0 "} + fixedRoots));
+}
+
+TEST_F(AddTagsTest, OnlyTheFirstRootIsBold) {
+    for (const char* name : {"xhtml1-transitional.dtd", "smil.dtd", "oebdoc1.dtd", "oebpkg1.dtd"}) {
+        Write(name, "<!ELEMENT a ANY>\n");
+    }
+    Build();
+    EXPECT_EQ(RootTexts(),
+              (QStringList{"XHTML1 Transitional", "SMIL 1.0", "OpenEBook Documents 1.0 ", "OpenEBook Packages 1.0 "} +
+               fixedRoots));
+    for (const int root : tree.Roots()) EXPECT_EQ(tree.Node(root).bold, root == 1) << root;
+    EXPECT_EQ(tree.ActiveRoot(), 1);
+    EXPECT_EQ(tree.Node(1).tag, "DTD");
+    EXPECT_EQ(tree.Node(Root("Character Sets")).tag, "");
+}
+
+TEST_F(AddTagsTest, TheSettingsChooseTheDocumentTypes) {
+    for (const char* name :
+         {"xhtml1-frameset.dtd", "xhtml1-strict.dtd", "svg.dtd", "wml13.dtd", "x3d-compromise.dtd"}) {
+        Write(name, "<!ELEMENT a ANY>\n");
+    }
+    Set(keys::dtdSmil, "0");
+    Set(keys::dtdOpen, "0");
+    Set(keys::dtdSvg, "1");
+    Set(keys::dtdWml, "1");
+    Set(keys::dtdX3d, "1");
+    Set(keys::dtdXhtml, "2");
+    Build();
+    EXPECT_EQ(RootTexts(), (QStringList{"XHTML1 Frameset", "Scalable Vector Graphics 1.0",
+                                        "Wireless Markup Language 1.3", "Extensible 3D (X3D)"} +
+                            fixedRoots));
+    EXPECT_EQ(ChildTexts(Root("Extensible 3D (X3D)")), QStringList{"a"});
+    Set(keys::dtdXhtml, "1");
+    Build();
+    EXPECT_EQ(RootTexts().front(), "XHTML1 Strict");
+}
+
+TEST_F(AddTagsTest, AnUnknownXhtmlGivesNone) {
+    Set(keys::dtdXhtml, "3");
+    Set(keys::dtdSmil, "0");
+    Set(keys::dtdOpen, "0");
+    Build();
+    EXPECT_EQ(RootTexts(), fixedRoots);
+    EXPECT_TRUE(tree.Node(1).bold);
+}
+
+TEST_F(AddTagsTest, ABlockThatFailsLeavesTheOthersAlone) {
+    Write("xhtml1-transitional.dtd", "<!ELEMENT a ANY>\n<!ELEMENT b %missing;>\n");
+    Write("smil.dtd", "<!ELEMENT par ANY>\n");
+    Build();
+    EXPECT_EQ(RootTexts().mid(0, 2), (QStringList{"XHTML1 Transitional", "SMIL 1.0"}));
+    EXPECT_TRUE(tree.Node(1).children.empty());
+}
+
+TEST_F(AddTagsTest, CharacterSetsHoldTheThreeFiles) {
+    Set(keys::dtdSmil, "0");
+    Set(keys::dtdOpen, "0");
+    Write("xhtml1-transitional.dtd", "<!ELEMENT a ANY>\n");
+    Write("xhtml-lat1.ent", "<!ENTITY a1 \"&#161;\">\n<!ENTITY a2 \"&#162;\">\n<!ENTITY a3 \"&#163;\">\n");
+    Write("xhtml-symbol.ent", "<!ENTITY b1 \"&#402;\">\n<!ENTITY b2 \"&#913;\">\n");
+    Write("xhtml-special.ent", "<!ENTITY lt \"&#38;#60;\">\n");
+    Build();
+    const int sets = Root("Character Sets");
+    EXPECT_EQ(ChildTexts(sets), (QStringList{"Latin Characters", "Symbol Characters", "Special Characters"}));
+    EXPECT_EQ(ChildTexts(sets + 1), (QStringList{QString::fromUtf8("&a1;        ¡"), QString::fromUtf8("&a2;        ¢"),
+                                                 QString::fromUtf8("&a3;        £")}));
+    // The later files hang under entities of the ones before.
+    EXPECT_EQ(ChildTexts(sets + 4), (QStringList{"&b1;        &#402;", "&b2;        &#913;"}));
+    EXPECT_EQ(ChildTexts(sets + 6), QStringList{"&lt;        <"});
+}
+
+TEST_F(AddTagsTest, ScriptsHaveGroupsOfWords) {
+    Build();
+    const int script = Root("JScript 5.0 Language");
+    EXPECT_EQ(ChildTexts(script), (QStringList{"Functions", "Methods", "Objects", "Properties", "Statements"}));
+    const QStringList methods = ChildTexts(tree.Node(script).children.at(1));
+    EXPECT_EQ(methods.size(), 109);
+    EXPECT_EQ(methods.front(), "abs");
+    EXPECT_EQ(methods.back(), "ValueOf");
+    EXPECT_EQ(ChildTexts(tree.Node(script).children.at(4)).mid(2, 3), (QStringList{"@cc_on", "//", "/* .. */"}));
+    const int basic = Root("VBScript 5.0 Language");
+    EXPECT_EQ(ChildTexts(basic),
+              (QStringList{"Events", "Functions", "Methods", "Objects", "Properties", "Statements"}));
+    EXPECT_EQ(ChildTexts(tree.Node(basic).children.at(0)), (QStringList{"Initialize", "Terminate"}));
+    EXPECT_EQ(ChildTexts(tree.Node(basic).children.at(1)).size(), 92);
+    EXPECT_EQ(ChildTexts(tree.Node(basic).children.at(5)).back(), "With");
+}
+
+TEST_F(AddTagsTest, DatesEmoticonsAndOwnTagsComeLast) {
+    Build();
+    EXPECT_EQ(ChildTexts(Root("Date/Time")), (QStringList{"1", "2", "3", "4", "5", "6", "7"}));
+    EXPECT_EQ(ChildTexts(Root("Emoticons")).size(), 20);
+    EXPECT_EQ(ChildTexts(Root("Emoticons")).front(), ": - )");
+    EXPECT_EQ(ChildTexts(Root("Emoticons")).back(), "; o |");
+    EXPECT_TRUE(ChildTexts(Root("Custom List")).isEmpty());
+    Set(keys::customTagsCount, "3");
+    WriteSetting(settings, keys::customTagsEntry, 0, "<big></big>");
+    WriteSetting(settings, keys::customTagsEntry, 2, "Regards");
+    Build();
+    EXPECT_EQ(ChildTexts(Root("Custom List")), (QStringList{"<big></big>", "-1", "Regards"}));
+}
+
+TEST_F(AddTagsTest, BuildingAnewEmptiesTheTreeFirst) {
+    Build();
+    const int count = tree.Count();
+    Build();
+    EXPECT_EQ(tree.Count(), count);
+}
+
+TEST(DateTimeTexts, AreTheSevenNamedFormats) {
+    const QDateTime moment(QDate(2001, 3, 9), QTime(16, 5, 7));
+    const QStringList texts = DateTimeTexts(moment, QLocale(QLocale::English, QLocale::UnitedStates));
+    EXPECT_EQ(texts, (QStringList{"3/9/01 4:05:07 PM", "Friday, March 9, 2001", "09-Mar-01", "3/9/01", "4:05:07 PM",
+                                  "04:05 PM", "16:05"}));
+}
+
+}  // namespace
+}  // namespace vellum

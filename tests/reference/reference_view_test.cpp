@@ -1,0 +1,198 @@
+#include "reference/reference_view.h"
+
+#include "reference/add_tags.h"
+#include "tests/support/test_workbench.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vellum {
+namespace {
+
+class ReferenceViewTest : public testing::Test {
+protected:
+    void SetUp() override {
+        tree.AddRoot("XHTML1 Transitional", "DTD");
+        p = tree.AddChild(1, "p");
+        id = tree.AddChild(p, "id=");
+        br = tree.AddChild(1, "br" + emptyElementMark);
+        smil = tree.AddRoot("SMIL 1.0", "DTD");
+        sets = tree.AddRoot("Character Sets");
+        entity = tree.AddChild(tree.AddChild(sets, "Latin Characters"), "&nbsp;      x");
+        script = tree.AddRoot("JScript 5.0 Language");
+        abs = tree.AddChild(tree.AddChild(script, "Methods"), "abs");
+        dates = tree.AddRoot("Date/Time");
+        for (const char* text : {"1", "2", "3", "4", "5", "6", "7"}) tree.AddChild(dates, text);
+        tree.SetBold(1, true);
+
+        bench.active = &document;
+        document.show();
+        view.resize(300, 400);
+        view.Show(tree, bench);
+        view.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    }
+
+    QPoint PlaceOf(int node) {
+        const QModelIndex index = view.IndexOf(node);
+        for (QModelIndex above = index.parent(); above.isValid(); above = above.parent()) view.expand(above);
+        view.scrollTo(index);
+        return view.visualRect(index).center();
+    }
+    // A person's double click: a press comes first.
+    void DoubleClick(int node) {
+        const QPoint place = PlaceOf(node);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, place);
+    }
+    void RightClick(int node) { QTest::mouseClick(view.viewport(), Qt::RightButton, {}, PlaceOf(node)); }
+    [[nodiscard]] QString Text() const { return document.Text1->Text(); }
+
+    test::TestWorkbench bench;
+    test::PlainDocument document{bench};
+    ReferenceTree tree;
+    ReferenceView view;
+    int p = 0;
+    int id = 0;
+    int br = 0;
+    int smil = 0;
+    int sets = 0;
+    int entity = 0;
+    int script = 0;
+    int abs = 0;
+    int dates = 0;
+};
+
+TEST_F(ReferenceViewTest, ShowsTheNodesAndStartsAtTheFirst) {
+    EXPECT_EQ(view.model()->rowCount(), 5);
+    EXPECT_EQ(view.NodeOf(view.currentIndex()), 1);
+    EXPECT_EQ(view.IndexOf(id).data().toString(), "id=");
+    EXPECT_EQ(view.IndexOf(id).parent(), view.IndexOf(p));
+    EXPECT_TRUE(view.IndexOf(1).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_FALSE(view.IndexOf(smil).data(Qt::FontRole).isValid());
+}
+
+TEST_F(ReferenceViewTest, AnElementGoesAroundTheSelectionAndOpens) {
+    document.Text1->SetText("text");
+    document.Text1->SetSelLength(4);
+    DoubleClick(p);
+    EXPECT_EQ(Text(), "<p>text</p>");
+    EXPECT_TRUE(view.isExpanded(view.IndexOf(p)));
+    DoubleClick(p);
+    EXPECT_TRUE(view.isExpanded(view.IndexOf(p)));
+}
+
+TEST_F(ReferenceViewTest, AnEmptyElementReplacesTheSelection) {
+    document.Text1->SetText("text");
+    document.Text1->SetSelLength(4);
+    DoubleClick(br);
+    EXPECT_EQ(Text(), "<br />");
+}
+
+TEST_F(ReferenceViewTest, AMethodLeavesTheCaretBetweenItsParentheses) {
+    DoubleClick(abs);
+    EXPECT_EQ(Text(), "abs()");
+    EXPECT_EQ(document.Text1->SelStart(), 4);
+}
+
+TEST_F(ReferenceViewTest, AnAttributeGoesInWithQuotes) {
+    document.Text1->SetText("<p ");
+    document.Text1->SetSelStart(3);
+    DoubleClick(id);
+    EXPECT_EQ(Text(), "<p id=\"\"");
+    EXPECT_EQ(document.Text1->SelStart(), 7);
+    EXPECT_TRUE(document.usingKeys);
+}
+
+TEST_F(ReferenceViewTest, AnEntityGoesInAlone) {
+    DoubleClick(entity);
+    EXPECT_EQ(Text(), "&nbsp;");
+}
+
+TEST_F(ReferenceViewTest, EnterDoesTheSame) {
+    view.setCurrentIndex(view.IndexOf(br));
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(Text(), "<br />");
+}
+
+TEST_F(ReferenceViewTest, ARootOnlyOpensAndCloses) {
+    DoubleClick(1);
+    EXPECT_TRUE(view.isExpanded(view.IndexOf(1)));
+    DoubleClick(1);
+    EXPECT_FALSE(view.isExpanded(view.IndexOf(1)));
+    EXPECT_EQ(Text(), "");
+}
+
+TEST_F(ReferenceViewTest, NothingGoesInWithoutADocument) {
+    bench.count = "0";
+    DoubleClick(br);
+    EXPECT_EQ(Text(), "");
+    bench.active = nullptr;
+    DoubleClick(p);
+}
+
+TEST_F(ReferenceViewTest, TheDatesAreFreshWhenTheirBranchOpens) {
+    view.expand(view.IndexOf(dates));
+    const QString first = tree.Node(dates + 1).text;
+    EXPECT_NE(first, "1");
+    EXPECT_NE(tree.Node(dates + 7).text, "7");
+    tree.SetText(dates + 1, "old");
+    view.collapse(view.IndexOf(dates));
+    view.expand(view.IndexOf(dates));
+    EXPECT_NE(tree.Node(dates + 1).text, "old");
+}
+
+TEST_F(ReferenceViewTest, TheRightButtonMakesADocumentTypeTheActiveOne) {
+    RightClick(smil);
+    EXPECT_EQ(tree.ActiveRoot(), smil);
+    EXPECT_FALSE(tree.Node(1).bold);
+    EXPECT_TRUE(view.IndexOf(smil).data(Qt::FontRole).value<QFont>().bold());
+    for (const int node : {script, sets, dates, p}) {
+        RightClick(node);
+        EXPECT_EQ(tree.ActiveRoot(), smil) << node;
+        EXPECT_FALSE(tree.Node(node).bold) << node;
+    }
+    view.setCurrentIndex(view.IndexOf(1));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+    QApplication::sendEvent(&view, &key);
+    EXPECT_EQ(tree.ActiveRoot(), 1);
+}
+
+TEST_F(ReferenceViewTest, TheLeftButtonMakesNothingActive) {
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, PlaceOf(smil));
+    EXPECT_EQ(tree.ActiveRoot(), 1);
+}
+
+TEST_F(ReferenceViewTest, TellsWhatItIsForUnderThePointer) {
+    QSignalSpy hints(&view, &ReferenceView::Hint);
+    QMouseEvent move(QEvent::MouseMove, QPointF(20, 20), view.viewport()->mapToGlobal(QPointF(20, 20)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &move);
+    ASSERT_FALSE(hints.isEmpty());
+    EXPECT_EQ(hints.last().at(0).toString(), "Allows access to XHTML language and other references.");
+}
+
+TEST_F(ReferenceViewTest, ARefillStartsAtTheFirstNodeAgain) {
+    view.setCurrentIndex(view.IndexOf(smil));
+    view.BeginRefill();
+    tree.Clear();
+    tree.AddRoot("Only");
+    view.EndRefill();
+    EXPECT_EQ(view.model()->rowCount(), 1);
+    EXPECT_EQ(view.NodeOf(view.currentIndex()), 1);
+}
+
+TEST_F(ReferenceViewTest, LongTextsShowWholeInATooltip) {
+    const int type = tree.AddRoot("!DOCTYPE html\r\n    PUBLIC");
+    view.Show(tree, bench);
+    EXPECT_EQ(view.IndexOf(type).data().toString(), "!DOCTYPE html PUBLIC");
+    EXPECT_EQ(view.IndexOf(type).data(Qt::ToolTipRole).toString(), "!DOCTYPE html\r\n    PUBLIC");
+}
+
+}  // namespace
+}  // namespace vellum
