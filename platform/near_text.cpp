@@ -20,11 +20,15 @@ constexpr int mostKept = longest + 4 * margin;
 
 NearText::NearText(QTextDocument& document)
     : document_(document),
-      changes_(QObject::connect(&document, &QTextDocument::contentsChange, &document,
-                                [this](int position, int removed, int added) { Follow(position, removed, added); })) {}
+      change_(QObject::connect(&document, &QTextDocument::contentsChange, &document,
+                               [this](int position, int removed, int added) { Follow(position, removed, added); })),
+      end_(QObject::connect(&document, &QTextDocument::contentsChanged, &document,
+                            [this] { revision_ = document_.revision(); })),
+      revision_(document.revision()) {}
 
 NearText::~NearText() {
-    QObject::disconnect(changes_);
+    QObject::disconnect(change_);
+    QObject::disconnect(end_);
 }
 
 QString NearText::Read(int position, int length) const {
@@ -35,6 +39,7 @@ QString NearText::Read(int position, int length) const {
 }
 
 QString NearText::Characters(int position, int length) {
+    if (document_.revision() != revision_) return Read(position, length);  // it is being changed
     const auto known = [&] { return position >= from_ && position + length <= from_ + text_.size(); };
     if (text_.isNull() || !known()) {
         if (length < shortest || length > longest) return Read(position, length);
@@ -47,6 +52,7 @@ QString NearText::Characters(int position, int length) {
 }
 
 void NearText::Follow(int position, int removed, int added) {
+    revision_ = document_.revision();
     if (text_.isNull()) return;
     const auto end = static_cast<int>(from_ + text_.size());
     if (position >= end) return;

@@ -26,7 +26,9 @@ private:
     void Follow(int position, int removed, int added);
 
     QTextDocument& document_;
-    QMetaObject::Connection changes_;
+    QMetaObject::Connection change_;
+    QMetaObject::Connection end_;
+    int revision_;  // of the document when all its changes were known
     QString text_;  // null when nothing is known
     int from_ = 0;  // where it stands in the document
 };

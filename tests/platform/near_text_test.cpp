@@ -70,6 +70,23 @@ TEST_F(NearTextTest, FollowsEditsBeforeInAndBehind) {
     EXPECT_EQ(around.Characters(0, 5), "short");
 }
 
+TEST_F(NearTextTest, ReadsTheDocumentItselfWithinAnEditBlock) {
+    edit.setPlainText(Lines(5000));
+    ASSERT_EQ(around.Characters(30000, 14000), Whole(30000, 14000));
+    QTextCursor cursor(edit.document());
+    cursor.beginEditBlock();
+    cursor.setPosition(31000);
+    for (int round = 0; round < 3; ++round) {
+        cursor.insertText("in it\n");
+        EXPECT_EQ(around.Characters(30000, 14000), Whole(30000, 14000)) << "round " << round;
+    }
+    cursor.endEditBlock();
+    EXPECT_EQ(around.Characters(30000, 14000), Whole(30000, 14000));
+    cursor.beginEditBlock();  // that changes nothing
+    cursor.endEditBlock();
+    EXPECT_EQ(around.Characters(30000, 14000), Whole(30000, 14000));
+}
+
 TEST_F(NearTextTest, ReadsTheRestAfterAnyRowOfEdits) {
     std::mt19937 random(5);
     const auto number = [&](int from, int to) { return std::uniform_int_distribution(from, to)(random); };
