@@ -32,6 +32,7 @@ protected:
 
 TEST_F(TextCommandsUndoTest, EachCommandThatChangesTheTextIsAStep) {
     for (auto* const command : {CutText, PasteText, LowerCaseMarkup}) {
+        QGuiApplication::clipboard()->setText("old");
         surface.SetText("<B>one</B>");
         surface.SetSelStart(3);
         surface.SetSelLength(3);
