@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cassert>
-#include <ranges>
 #include <unordered_map>
 
 namespace vellum {
@@ -109,10 +108,10 @@ void FormatDifference::ApplyTo(FormatStore& store) const {
     // From the last hunk to the first, so that the lines of those before keep their numbers.
     std::size_t line = lengths_.size();
     std::size_t stretch = stretches_.size();
-    for (const Hunk& hunk : std::views::reverse(hunks_)) {
+    std::for_each(hunks_.rbegin(), hunks_.rend(), [&](const Hunk& hunk) {
         for (int left = hunk.added; left > 0; --left) stretch -= static_cast<std::size_t>(stretchesOfLine_[--line]);
         ApplyHunk(store, hunk, line, stretch);
-    }
+    });
 }
 
 void FormatDifference::ApplyHunk(FormatStore& store, const Hunk& hunk, std::size_t firstLine,

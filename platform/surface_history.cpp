@@ -1,7 +1,6 @@
 #include "platform/surface_history.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 #include <variant>
 
@@ -28,10 +27,10 @@ void TextChanges::Add(int position, const QString& removed, int added) {
 
 TextChanges TextChanges::TakeBack(const ReplaceText& replace) const {
     TextChanges forward;
-    for (const Change& change : std::views::reverse(changes_)) {
+    std::for_each(changes_.rbegin(), changes_.rend(), [&](const Change& change) {
         const QString later = replace(change.position, change.length, change.earlier);
         forward.Add(change.position, later, static_cast<int>(change.earlier.size()));
-    }
+    });
     forward.Squeeze();
     return forward;
 }

@@ -32,7 +32,7 @@ public:
             const QString reference = UpTo(text, pos, FirstFrom(pos, text, u';') + 1).toString();
             text.replace(reference, valueOf(pos, reference.mid(1, reference.size() - 2)));
             written_ += text.size();
-            if (count >= maxExpansions || text.size() > maxExpandedSize || written_ > maxExpandedTotal) {
+            if (count > maxExpansions || text.size() > maxExpandedSize || written_ > maxExpandedTotal) {
                 throw ReadingFailed("parameter entities expand without end");
             }
             pos = FirstFrom(pos, text, u'%');  // there was none before this one

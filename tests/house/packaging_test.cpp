@@ -23,14 +23,14 @@ QString TextOf(const QString& name) {
 }
 
 TEST(Packaging, EveryPackageHasAUseANameAndAReason) {
-    static const QRegularExpression entry("^(build|run|screen|test|bench) +[a-z0-9][a-z0-9+.-]+ +[^ ].*$");
+    static const QRegularExpression entry("^(build|run|screen|test|bench|fuzz) +[a-z0-9][a-z0-9+.-]+ +[^ ].*$");
     QSet<QString> uses;
     for (const QString& line : TextOf("packaging/packages.txt").split('\n', Qt::SkipEmptyParts)) {
         if (line.startsWith('#')) continue;
         EXPECT_TRUE(entry.match(line).hasMatch()) << line.toStdString();
         uses.insert(line.section(' ', 0, 0));
     }
-    EXPECT_EQ(uses, QSet<QString>({"build", "run", "screen", "test", "bench"}));
+    EXPECT_EQ(uses, QSet<QString>({"build", "run", "screen", "test", "bench", "fuzz"}));
 }
 
 TEST(Packaging, ScriptsAreSoundAndCanBeStarted) {
