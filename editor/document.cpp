@@ -19,7 +19,7 @@ constexpr int popupLeftTwips = 2000;
 // Rows, and pixels.
 constexpr int popupRows = 8;
 constexpr int popupNarrowest = 140;
-constexpr int popupWidest = 360;
+constexpr int popupWidest = 320;
 constexpr int popupPadding = 12;
 
 QListWidget* MakeList(const QString& name, QFrame* panel) {

@@ -15,9 +15,11 @@ QString WholeText(const QListWidgetItem& item) {
 void FillList(QListWidget& list, const QStringList& entries) {
     list.clear();
     for (const QString& entry : entries) {
-        const bool oneLine = !entry.contains(u'\n');
-        auto* const item = new QListWidgetItem(oneLine ? entry : entry.simplified(), &list);
-        if (!oneLine) item->setData(Qt::UserRole, entry);
+        auto* const item = new QListWidgetItem(entry, &list);
+        if (!entry.contains(u'\r')) continue;
+        item->setText(entry.section(u'\r', 0, 0));
+        item->setToolTip(entry);
+        item->setData(Qt::UserRole, entry);
     }
 }
 
@@ -30,6 +32,7 @@ void SelectEntry(QListWidget& list, const QString& start, Qt::CaseSensitivity cs
     int row = 0;
     while (row < list.count() && !WholeText(*list.item(row)).startsWith(start, cs)) ++row;
     list.setCurrentRow(row < list.count() ? row : -1);
+    if (row < list.count()) list.scrollToItem(list.item(row), QAbstractItemView::PositionAtTop);
 }
 
 }  // namespace vellum

@@ -1,4 +1,4 @@
-// A list of the popup: entries in one line each, whatever their text holds.
+// A list of the popup: an entry of several lines shows its first one.
 #pragma once
 
 #include <QString>

@@ -144,6 +144,7 @@ TEST_F(PopupTest, AnAttributeGetsABlankWhereNoneStands) {
 TEST_F(PopupTest, TheDoctypeIsWrittenWhole) {
     Put("|");
     Type("<");
+    EXPECT_EQ(document.cmbTags->item(1)->text(), "!DOCTYPE html");
     document.cmbTags->setCurrentRow(1);
     workbench.TakeTag();
     EXPECT_EQ(Shown(), "<!DOCTYPE html\n PUBLIC \"-//X//EN\" |");
