@@ -81,9 +81,13 @@ QString ManualPage() {
              "Choose New from the File menu for a fresh page or for one that is half written already, and Open for a "
              "file of your own. Each file stands in a window of its own.");
     AddTopic(page, "Type on the left",
-             "The editor on the left takes your text as you write it. Its font and colors, word wrap and the share of "
-             "the window that it gets are yours to choose under View, Settings; the handle above the panes changes the "
-             "share at any time.");
+             "The editor on the left colors your tags as you write them. Type &lt; and it offers the elements, a blank "
+             "behind the name and it offers the attributes, &amp; and it offers the special characters; Enter takes "
+             "the one that is marked. Fonts, colors and the typing aids are yours to choose under View, Settings; the "
+             "handle above the panes changes how much room the editor gets.");
+    AddTopic(page, "Look it up",
+             "The reference tree at the lower right holds all that a page may be made of. Double-click an element, an "
+             "attribute or a character there and it is written at the cursor.");
     AddTopic(
         page, "Look on the right",
         "This pane shows the page as a browser does. It follows your typing every few seconds while AutoPreview is "
@@ -93,7 +97,8 @@ QString ManualPage() {
         "The website panel at the bottom shows the directory of your site. Choose the directory there first: a page "
         "that was never saved looks for its pictures and style sheets in it. Double-click a file to open it.");
     AddTopic(page, "Save your work",
-             "Save on the File menu writes the page to its file. Undo takes back what you did last.");
+             "Save on the File menu writes the page to its file. Ctrl+Z takes back what you did last, Ctrl+R does it "
+             "again.");
     page << "</div>"
          << "</body>"
          << "</html>";
