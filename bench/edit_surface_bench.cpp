@@ -1,4 +1,5 @@
 #include "bench/page.h"
+#include "bench/timing.h"
 #include "platform/edit_surface.h"
 
 #include <QApplication>
@@ -6,21 +7,12 @@
 #include <QTest>
 #include <QTextBlock>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <memory>
 #include <vector>
 
 namespace vellum::bench {
 namespace {
-
-constexpr qsizetype megabyte = 1'000'000;
-using Clock = std::chrono::steady_clock;
-
-double SecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
 
 template <typename Widget>
 std::unique_ptr<Widget> ShownWidget() {
@@ -66,13 +58,6 @@ void PaintWholePage(benchmark::State& state) {
         state.SetIterationTime(SecondsSince(start));
     }
     state.counters["stretches"] = static_cast<double>(spans.size());
-}
-
-// Sets the counters median_ms and p95_ms from single presses.
-void ReportPresses(benchmark::State& state, std::vector<double> seconds) {
-    std::ranges::sort(seconds);
-    state.counters["median_ms"] = 1000 * seconds[seconds.size() / 2];
-    state.counters["p95_ms"] = 1000 * seconds[seconds.size() * 95 / 100];
 }
 
 void PressKeys(benchmark::State& state, EditSurface& surface, Qt::Key key) {

@@ -1,17 +1,15 @@
 // What kind of place the caret is in, which every key press asks.
 #include "bench/page.h"
+#include "bench/timing.h"
 #include "editor/place.h"
 #include "platform/edit_surface.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <vector>
 
 namespace vellum::bench {
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 // Far enough from both ends that a whole window lies around it, in the smallest page too.
 constexpr int leastOffset = 12500;
@@ -30,12 +28,10 @@ void PlaceOfCaret(benchmark::State& state) {
         surface.SetSelText(QStringLiteral("x"));
         const auto start = Clock::now();
         benchmark::DoNotOptimize(PosInfoAtCaret(surface));
-        seconds.push_back(std::chrono::duration<double>(Clock::now() - start).count());
+        seconds.push_back(SecondsSince(start));
         state.SetIterationTime(seconds.back());
     }
-    std::ranges::sort(seconds);
-    state.counters["median_ms"] = 1000 * seconds[seconds.size() / 2];
-    state.counters["p95_ms"] = 1000 * seconds[seconds.size() * 95 / 100];
+    ReportPresses(state, std::move(seconds));
 }
 
 BENCHMARK(PlaceOfCaret)->Arg(20)->Arg(10000)->UseManualTime()->Iterations(500)->Unit(benchmark::kMillisecond);

@@ -1,5 +1,6 @@
 // Colouring the markup of a page, against a well-known editor's lexer over the same page.
 #include "bench/page.h"
+#include "bench/timing.h"
 #include "editor/document.h"
 #include "editor/markup_scan.h"
 #include "editor/reference_tree.h"
@@ -11,19 +12,11 @@
 #include <Qsci/qsciscintilla.h>
 
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <memory>
 #include <vector>
 
 namespace vellum::bench {
 namespace {
-
-constexpr qsizetype megabyte = 1'000'000;
-using Clock = std::chrono::steady_clock;
-
-double SecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
 
 class OneDocument : public Document {
 public:

@@ -1,4 +1,5 @@
 // From the end of the splash to the main window on the screen, as a whole and by its parts.
+#include "bench/timing.h"
 #include "platform/fonts.h"
 #include "platform/recovery_store.h"
 #include "platform/settings_keys.h"
@@ -9,13 +10,10 @@
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <memory>
 
 namespace vellum::bench {
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 // Nobody is asked anything during a start.
 class SilentPrompts : public DialogPrompts {
@@ -34,7 +32,7 @@ public:
     void Time(const char* part, const Step& step) {
         const auto start = Clock::now();
         step();
-        const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+        const double seconds = SecondsSince(start);
         total_ += seconds;
         benchmark::Counter& counter = state_.counters[part];
         counter.flags = benchmark::Counter::kAvgIterations;

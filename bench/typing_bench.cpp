@@ -1,5 +1,6 @@
 // Typing, pasting and replacing in a document of the main window, with all that follows a key.
 #include "bench/page.h"
+#include "bench/timing.h"
 #include "platform/recovery_store.h"
 #include "shell/document_window.h"
 #include "shell/mdiform1.h"
@@ -8,21 +9,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <memory>
 #include <vector>
 
 namespace vellum::bench {
 namespace {
-
-constexpr qsizetype megabyte = 1'000'000;
-using Clock = std::chrono::steady_clock;
-
-double SecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
 
 // The main window with a coloured page in its one document, which has no preview.
 class OpenPage {
@@ -57,13 +49,6 @@ private:
     RecoveryStore recovery_{home_.filePath("recovery")};
     MDIform1 window_{settings_, prompts_, recovery_, {}, false};
 };
-
-// Sets the counters median_ms and p95_ms from single presses.
-void ReportPresses(benchmark::State& state, std::vector<double> seconds) {
-    std::ranges::sort(seconds);
-    state.counters["median_ms"] = 1000 * seconds[seconds.size() / 2];
-    state.counters["p95_ms"] = 1000 * seconds[seconds.size() * 95 / 100];
-}
 
 void TypeKeys(benchmark::State& state, const QString& before) {
     OpenPage page(state.range(0) * megabyte);

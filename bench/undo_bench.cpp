@@ -1,4 +1,5 @@
 #include "bench/page.h"
+#include "bench/timing.h"
 #include "editor/undo_history.h"
 #include "platform/edit_surface.h"
 
@@ -6,7 +7,6 @@
 #include <QTest>
 
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <malloc.h>
 #include <memory>
 #include <vector>
@@ -14,13 +14,7 @@
 namespace vellum::bench {
 namespace {
 
-constexpr qsizetype megabyte = 1'000'000;
 constexpr int steps = 31;
-using Clock = std::chrono::steady_clock;
-
-double SecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
 
 // A shown page in its colours, with the caret in the middle.
 std::unique_ptr<EditSurface> ColoredPage(qsizetype size) {

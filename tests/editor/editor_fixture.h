@@ -87,6 +87,22 @@ protected:
         return text.replace("\r\n", "\n");
     }
 
+    // One letter a character: "." plain, "o" other tags, "a" links, "t" tables, "f" frames, "c" comments and regions,
+    // "s" server blocks; bold in capitals, "B" for bold plain text.
+    [[nodiscard]] QString Colours() {
+        static const QMap<ColorNumber, QChar> letters{{0, u'.'},   {32768, u'o'},   {8388608, u'a'}, {8388736, u't'},
+                                                      {192, u'f'}, {8421504, u'c'}, {6776628, u's'}};
+        const QString text = Surface().Text();
+        QString shown;
+        for (int offset = 0; offset < text.size(); ++offset) {
+            if (text.at(offset) == u'\r') continue;
+            const QChar letter = text.at(offset) == u'\n' ? u'\n' : letters.value(ColorAt(offset), u'?');
+            const bool bold = Surface().FormatAt(offset).bold;
+            shown += !bold ? letter : letter == u'.' ? u'B' : letter.toUpper();
+        }
+        return shown;
+    }
+
     [[nodiscard]] EditSurface& Surface() { return *document.Text1; }
     [[nodiscard]] ColorNumber ColorAt(int offset) {
         return Surface().FormatAt(offset).color.value_or(Surface().ForeColor());

@@ -14,25 +14,6 @@ protected:
         Put("|");
     }
 
-    // One letter a character: "." plain, "o" other tags, "a" links, "t" tables, "f" frames, "c" comments and regions,
-    // "s" server blocks; bold in capitals, "B" for bold plain text.
-    QString Colours() {
-        const QMap<ColorNumber, QChar> letters{
-            {0, u'.'}, {32768, u'o'}, {8388608, u'a'}, {8388736, u't'}, {192, u'f'}, {8421504, u'c'}, {6776628, u's'},
-        };
-        const QString text = Surface().Text();
-        QString shown;
-        for (int offset = 0; offset < text.size(); ++offset) {
-            const CharFormat format = Surface().FormatAt(offset);
-            if (text.at(offset) == u'\r') continue;
-            const QChar letter = letters.value(format.color.value_or(Surface().ForeColor()), u'?');
-            shown += text.at(offset) == u'\n' ? u'\n'
-                     : !format.bold           ? letter
-                     : letter == u'.'         ? u'B'
-                                              : letter.toUpper();
-        }
-        return shown;
-    }
     // Everything that a snapshot holds.
     QString Whole() { return Shown() + u'\n' + Colours(); }
 };

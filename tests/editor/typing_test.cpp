@@ -10,36 +10,9 @@ namespace vellum {
 namespace {
 
 constexpr ColorNumber plain = 0;
-constexpr ColorNumber tagColor = 32768;
-constexpr ColorNumber linkColor = 8388608;
-constexpr ColorNumber commentColor = 8421504;
-constexpr ColorNumber serverColor = 6776628;
 
 class TypingTest : public test::EditorFixture {
 protected:
-    // What each character is painted in: "." plain, "o" other tags, "a" links, "c" comments, "s" server blocks, which
-    // are in capitals when bold ("B" for bold plain text).
-    QString Colours() {
-        QString letters;
-        const QString text = Surface().Text();
-        for (int offset = 0; offset < text.size(); ++offset) {
-            if (text.at(offset) == u'\r') continue;
-            if (text.at(offset) == u'\n') {
-                letters += u'\n';
-                continue;
-            }
-            const ColorNumber color = ColorAt(offset);
-            const QChar letter = color == plain          ? u'.'
-                                 : color == tagColor     ? u'o'
-                                 : color == linkColor    ? u'a'
-                                 : color == commentColor ? u'c'
-                                 : color == serverColor  ? u's'
-                                                         : u'?';
-            const bool bold = Surface().FormatAt(offset).bold;
-            letters += !bold ? letter : letter == u'.' ? u'B' : letter.toUpper();
-        }
-        return letters;
-    }
     void ExpectTyped(const QString& typed, const QString& shown, const QString& colours) {
         Put("|");
         Type(typed);
