@@ -17,6 +17,7 @@ RATIOS = [
     ("The caret's place in 10 MB, against 20 KB", "PlaceOfCaret/10000", "PlaceOfCaret/20", "median_ms", 1.2),
     ("A key typed in 10 MB, against 1 MB", "TypeInText/10", "TypeInText/1", "median_ms", 1.3),
     ("A key typed in a tag in 10 MB, against 1 MB", "TypeInTag/10", "TypeInTag/1", "median_ms", 1.3),
+    ("Read the XHTML type, against an XML parser", "ReadXhtmlDtd", "ParseXhtmlDtdByLibxml2", "real_time", 1),
 ]
 
 # Title, the run, its figure, the unit, and the greatest value that is fine.
@@ -30,6 +31,7 @@ LIMITS = [
     ("One step back in 10 MB", "UndoOneLine/10", "real_time", "ms", 20),
     ("Full stacks of undo and redo in 10 MB", "FullHistory/10", "percent_of_text", "% of the text", 5),
     ("The same, as the heap grew", "FullHistory/10", "percent_of_heap", "% of the text", 5),
+    ("The reference tree with every type", "FillReferenceTree", "real_time", "ms", 150),
 ]
 
 

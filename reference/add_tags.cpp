@@ -1,12 +1,10 @@
 #include "reference/add_tags.h"
 
-#include "platform/number_rules.h"
 #include "platform/programs.h"
 #include "platform/settings_keys.h"
 #include "reference/entity_reader.h"
 #include "reference/script_vocabulary.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 #include <stdexcept>
@@ -50,6 +48,11 @@ void Guarded(const Stretch& stretch) {
     }
 }
 
+// No folder is none, rather than the one that the program happens to run in.
+QString PathIn(const QString& folder, const char* file) {
+    return folder.isEmpty() ? QString() : JoinPath(folder, QString::fromLatin1(file));
+}
+
 const TypeFile* ChosenXhtml(const SettingsStore& settings) {
     const QString choice = ReadSetting(settings, keys::dtdXhtml);
     for (std::size_t index = 0; index < xhtmlTypes.size(); ++index) {
@@ -61,7 +64,7 @@ const TypeFile* ChosenXhtml(const SettingsStore& settings) {
 void AddDocumentTypes(ReferenceTree& tree, const SettingsStore& settings, const QString& folder,
                       const CaptionHook& caption) {
     const auto read = [&](const TypeFile& type, int& index, int parentIndex) {
-        index = AddDtD(tree, index, JoinPath(folder, type.file), parentIndex, type.title, caption);
+        index = AddDtD(tree, index, PathIn(folder, type.file), parentIndex, type.title, caption);
     };
     int index = 2;
     Guarded([&] {
@@ -89,7 +92,7 @@ void AddCharacterSets(ReferenceTree& tree, const QString& folder) {
     int parentIndex = ++index;
     Guarded([&] {
         for (const TypeFile& set : entities) {
-            index = AddEnt(tree, index, JoinPath(folder, set.file), parentIndex, set.title);
+            index = AddEnt(tree, index, PathIn(folder, set.file), parentIndex, set.title);
         }
     });
 }
@@ -107,20 +110,15 @@ void AddList(ReferenceTree& tree, const QString& title, const QStringList& items
     for (const QString& item : items) AddNoder(tree, root, item);
 }
 
-QStringList CustomTags(const SettingsStore& settings) {
-    QStringList tags;
-    const QString count = ReadSetting(settings, keys::customTagsCount);
-    if (count == QLatin1String("-1")) return tags;
-    constexpr double most = 32767;
-    const int last = static_cast<int>(std::clamp(LeadingNumber(count), 0.0, most));
-    for (int index = 0; index < last; ++index) tags << ReadSetting(settings, keys::customTagsEntry, index);
-    return tags;
-}
-
-// The locale's long time without the name of the time zone.
+// The locale's long time without the name of the time zone, which some put between brackets.
 QString LongTime(const QTime& time, const QLocale& locale) {
-    QString format = locale.timeFormat(QLocale::LongFormat);
-    return locale.toString(time, format.remove(u't').simplified());
+    QString format;
+    bool quoted = false;
+    for (const QChar c : locale.timeFormat(QLocale::LongFormat)) {
+        if (c == u'\'') quoted = !quoted;
+        if (quoted || c != u't') format += c;
+    }
+    return locale.toString(time, format.remove(QLatin1String("()")).remove(QLatin1String("[]")).simplified());
 }
 
 }  // namespace
@@ -153,7 +151,8 @@ void AddTags5(ReferenceTree& tree, const SettingsStore& settings, int& index) {
 void AddTags4(ReferenceTree& tree, const SettingsStore& settings, int& index) {
     AddList(tree, QStringLiteral("Date/Time"), {"1", "2", "3", "4", "5", "6", "7"});
     AddList(tree, QStringLiteral("Emoticons"), Emoticons());
-    AddList(tree, QStringLiteral("Custom List"), CustomTags(settings));
+    AddList(tree, QStringLiteral("Custom List"),
+            ReadListSetting(settings, keys::customTagsCount, keys::customTagsEntry).value_or(QStringList()));
     index = tree.Count();
 }
 

@@ -15,9 +15,13 @@ Insertion PlanInsertion(const ReferenceTree& tree, int index, const QString& sel
     if (isUnder("Emoticons") || isUnder("Date/Time") || isUnder("Custom List")) return {InsertionKind::Text, text};
     if (text.contains(u'=')) return {InsertionKind::Attribute, text + QLatin1String("\"\"")};
     if (parent.tag == QLatin1String("DTD")) {
-        const bool empty = text.contains(QLatin1String("EMPTY"));
-        return {InsertionKind::Element, empty ? u'<' + text.chopped(emptyElementMark.size()) + QLatin1String(" />")
-                                              : u'<' + text + u'>' + selection + QLatin1String("</") + text + u'>'};
+        if (!text.contains(QLatin1String("EMPTY"))) {
+            const QString markup = u'<' + text + u'>' + selection + QLatin1String("</") + text + u'>';
+            return {InsertionKind::Element, markup};
+        }
+        // An element may have the word for a name, without the mark.
+        if (text.size() < emptyElementMark.size()) return {};
+        return {InsertionKind::Element, u'<' + text.chopped(emptyElementMark.size()) + QLatin1String(" />")};
     }
     if (isUnder("Character Sets")) return {};
     if (!text.startsWith(u'&')) return {InsertionKind::Text, text};

@@ -8,8 +8,12 @@
 #include <QAbstractItemModel>
 #include <QContextMenuEvent>
 #include <QFont>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
+
+#include <algorithm>
 
 namespace vellum {
 
@@ -43,8 +47,6 @@ public:
         switch (role) {
             case Qt::DisplayRole:
                 return node.text.contains(u'\n') ? node.text.simplified() : node.text;
-            case Qt::ToolTipRole:
-                return node.text;
             case Qt::FontRole:
                 return node.bold ? QVariant(BoldFont()) : QVariant();
             default:
@@ -113,7 +115,9 @@ void ReferenceView::mousePressEvent(QMouseEvent* event) {
 
 void ReferenceView::mouseDoubleClickEvent(QMouseEvent* event) {
     QTreeView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton) Run(indexAt(event->pos()));
+    // The sign in front of the text opens and closes the node, however quickly it is clicked.
+    const QModelIndex index = indexAt(event->pos());
+    if (event->button() == Qt::LeftButton && event->pos().x() >= visualRect(index).left()) Run(index);
 }
 
 void ReferenceView::mouseMoveEvent(QMouseEvent* event) {
@@ -124,10 +128,12 @@ void ReferenceView::mouseMoveEvent(QMouseEvent* event) {
 void ReferenceView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Run(currentIndex());
-        event->accept();
-        return;
+    } else if (event->key() == Qt::Key_Menu ||
+               (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)) {
+        MakeActive(currentIndex());
+    } else {
+        QTreeView::keyPressEvent(event);
     }
-    QTreeView::keyPressEvent(event);
 }
 
 void ReferenceView::contextMenuEvent(QContextMenuEvent* event) {
@@ -135,17 +141,42 @@ void ReferenceView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
 
+bool ReferenceView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    ShowCutText(*static_cast<QHelpEvent*>(event));
+    return true;
+}
+
+bool ReferenceView::IsCut(const QModelIndex& index) const {
+    const QString& text = tree_->Node(NodeOf(index)).text;
+    const QRect place = visualRect(index);
+    const int seen = std::min(place.right(), viewport()->rect().right()) + 1 - place.left();
+    return text.contains(u'\n') || sizeHintForIndex(index).width() > seen;
+}
+
+void ReferenceView::ShowCutText(const QHelpEvent& event) {
+    const QModelIndex index = indexAt(event.pos());
+    if (!index.isValid() || !IsCut(index)) {
+        QToolTip::hideText();
+        return;
+    }
+    // Own tags look like formatted text and must not be taken for it.
+    const QString text = tree_->Node(NodeOf(index)).text.toHtmlEscaped();
+    QToolTip::showText(event.globalPos(), QLatin1String("<p style='white-space:pre'>") + text + QLatin1String("</p>"),
+                       viewport(), visualRect(index));
+}
+
 void ReferenceView::Run(const QModelIndex& index) {
     if (!index.isValid()) return;
     const int node = NodeOf(index);
-    const Document* document = bench_->ActiveDocument();
-    const QString selection = document ? document->Text1->SelText() : QString();
-    const Insertion insertion = PlanInsertion(*tree_, node, selection);
-    if (insertion.kind == InsertionKind::Nothing) {  // a heading: it opens and closes, as in any tree
+    if (tree_->Node(node).parent == 0) {  // a root opens and closes, as in any tree
         setExpanded(index, !isExpanded(index));
         return;
     }
     if (bench_->OpenDocCount() == QLatin1String("0")) return;
+    const Document* document = bench_->ActiveDocument();
+    const QString selection = document ? document->Text1->SelText() : QString();
+    const Insertion insertion = PlanInsertion(*tree_, node, selection);
     if (insertion.kind == InsertionKind::Element) expand(index);
     RunInsertion(*bench_, insertion);
 }

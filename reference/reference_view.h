@@ -6,6 +6,8 @@
 
 #include <QTreeView>
 
+class QHelpEvent;
+
 namespace vellum {
 
 class ReferenceModel;
@@ -34,8 +36,11 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
+    [[nodiscard]] bool IsCut(const QModelIndex& index) const;
+    void ShowCutText(const QHelpEvent& event);
     void Run(const QModelIndex& index);
     void RefreshDates(const QModelIndex& index);
     void MakeActive(const QModelIndex& index);

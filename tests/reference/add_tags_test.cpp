@@ -94,6 +94,62 @@ TEST_F(AddTagsTest, AnUnknownXhtmlGivesNone) {
     EXPECT_TRUE(tree.Node(1).bold);
 }
 
+// The count of a branch goes on from the one before, so without that one it names nodes that aren't there yet.
+TEST_F(AddTagsTest, WithoutAnXhtmlTheNextTypesMissTheirRoots) {
+    Set(keys::dtdXhtml, "3");
+    Set(keys::dtdOpen, "0");
+    Write("smil.dtd", "<!ELEMENT par ANY>\n");
+    Build();
+    EXPECT_EQ(RootTexts(), QStringList{"SMIL 1.0"} + fixedRoots);
+    EXPECT_TRUE(tree.Node(1).children.empty());
+}
+
+TEST_F(AddTagsTest, ACountThatLagsHangsTheNextTypeElsewhere) {
+    Set(keys::dtdOpen, "0");
+    // The second element isn't found again by its name, after the first was added.
+    Write("xhtml1-transitional.dtd", "<!ENTITY % z \"q\"><!ELEMENT a (x)><!ELEMENT b%z; (x)>\n");
+    Write("smil.dtd", "<!ELEMENT par ANY>\n");
+    Build();
+    EXPECT_EQ(ChildTexts(1), QStringList{"a"});
+    EXPECT_EQ(tree.Node(3).text, "SMIL 1.0");
+    EXPECT_TRUE(tree.Node(3).children.empty());
+    EXPECT_EQ(ChildTexts(2), QStringList{"par"});
+    EXPECT_EQ(ChildTexts(Root("Character Sets")), QStringList{"Latin Characters"}) << "the count is taken anew there";
+}
+
+TEST_F(AddTagsTest, AnOpenEbookThatFailsKeepsTheOtherOneOut) {
+    Set(keys::dtdSmil, "0");
+    Write("xhtml1-transitional.dtd", "<!ELEMENT a ANY>\n");
+    Write("oebpkg1.dtd", "<!ELEMENT b ANY>\n");
+    Build();
+    EXPECT_EQ(RootTexts(), (QStringList{"XHTML1 Transitional", "OpenEBook Documents 1.0 "} + fixedRoots));
+}
+
+TEST_F(AddTagsTest, ACharacterSetThatFailsLeavesTheOthersUnread) {
+    Write("xhtml-lat1.ent", "<!ENTITY a1 \"&#161;\">\n");
+    Write("xhtml-special.ent", "<!ENTITY lt \"&#38;#60;\">\n");
+    Build();
+    const int sets = Root("Character Sets");
+    EXPECT_EQ(ChildTexts(sets), (QStringList{"Latin Characters", "Symbol Characters"}));
+}
+
+TEST_F(AddTagsTest, TheGuideThatCantBeFoundReachesTheCaption) {
+    Write("xhtml1-transitional.dtd", "<!ENTITY % z \"de\"><!ELEMENT gui%z; (x)>\n");
+    QString caption;
+    AddTags(tree, settings, folder.path(), [&caption](const QString& text) { caption = text; });
+    EXPECT_EQ(caption, "ga");
+}
+
+TEST_F(AddTagsTest, WithoutAFolderOnlyTheRootsStand) {
+    const QString before = QDir::currentPath();
+    Write("xhtml1-transitional.dtd", "<!ELEMENT a ANY>\n");
+    ASSERT_TRUE(QDir::setCurrent(folder.path()));
+    AddTags(tree, settings, {});
+    QDir::setCurrent(before);
+    EXPECT_EQ(tree.Node(1).text, "XHTML1 Transitional");
+    EXPECT_TRUE(tree.Node(1).children.empty());
+}
+
 TEST_F(AddTagsTest, ABlockThatFailsLeavesTheOthersAlone) {
     Write("xhtml1-transitional.dtd", "<!ELEMENT a ANY>\n<!ELEMENT b %missing;>\n");
     Write("smil.dtd", "<!ELEMENT par ANY>\n");
@@ -162,6 +218,13 @@ TEST(DateTimeTexts, AreTheSevenNamedFormats) {
     const QStringList texts = DateTimeTexts(moment, QLocale(QLocale::English, QLocale::UnitedStates));
     EXPECT_EQ(texts, (QStringList{"3/9/01 4:05:07 PM", "Friday, March 9, 2001", "09-Mar-01", "3/9/01", "4:05:07 PM",
                                   "04:05 PM", "16:05"}));
+}
+
+TEST(DateTimeTexts, NameNoTimeZone) {
+    const QDateTime moment(QDate(2001, 3, 9), QTime(16, 5, 7));
+    EXPECT_EQ(DateTimeTexts(moment, QLocale(QLocale::Spanish, QLocale::Spain)).at(4), "16:05:07");
+    EXPECT_EQ(DateTimeTexts(moment, QLocale(QLocale::German, QLocale::Germany)).at(4), "16:05:07");
+    EXPECT_EQ(DateTimeTexts(moment, QLocale::c()).at(4), "16:05:07");
 }
 
 }  // namespace

@@ -48,6 +48,15 @@ TEST_F(InsertionTest, ElementsGoAroundTheSelection) {
               (Insertion{InsertionKind::Element, "<br />"}));
 }
 
+TEST_F(InsertionTest, AnElementNamedLikeTheMarkGivesNothing) {
+    EXPECT_EQ(Plan(tree.AddChild(tree.AddRoot("XHTML1 Transitional", "DTD"), "EMPTY"), "text"), Insertion());
+}
+
+TEST_F(InsertionTest, TheDocumentTypeGoesInLikeAnEmptyElement) {
+    const int type = tree.AddChild(tree.AddRoot("XHTML1 Strict", "DTD"), "!DOCTYPE html" + emptyElementMark);
+    EXPECT_EQ(Plan(type), (Insertion{InsertionKind::Element, "<!DOCTYPE html />"}));
+}
+
 TEST_F(InsertionTest, AttributesGetQuotes) {
     const int root = tree.AddRoot("XHTML1 Transitional", "DTD");
     EXPECT_EQ(Plan(tree.AddChild(tree.AddChild(root, "p"), "id=")), (Insertion{InsertionKind::Attribute, "id=\"\""}));

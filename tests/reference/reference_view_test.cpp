@@ -3,11 +3,14 @@
 #include "reference/add_tags.h"
 #include "tests/support/test_workbench.h"
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -187,11 +190,87 @@ TEST_F(ReferenceViewTest, ARefillStartsAtTheFirstNodeAgain) {
     EXPECT_EQ(view.NodeOf(view.currentIndex()), 1);
 }
 
-TEST_F(ReferenceViewTest, LongTextsShowWholeInATooltip) {
-    const int type = tree.AddRoot("!DOCTYPE html\r\n    PUBLIC");
+TEST_F(ReferenceViewTest, TheModelKeepsTheRulesOfModels) {
+    const QAbstractItemModelTester tester(view.model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    view.expandAll();
+    view.BeginRefill();
+    tree.AddChild(tree.AddRoot("More"), "one");
+    view.EndRefill();
+    view.expandAll();
+    EXPECT_EQ(view.model()->rowCount(), 6);
+}
+
+TEST_F(ReferenceViewTest, TheTitlesOfCharacterSetsDoNothing) {
+    DoubleClick(sets + 1);
+    EXPECT_EQ(Text(), "");
+    EXPECT_FALSE(view.isExpanded(view.IndexOf(sets + 1)));
+}
+
+TEST_F(ReferenceViewTest, TheSignInFrontOfANodeInsertsNothing) {
+    const QPoint place = PlaceOf(p);
+    const QPoint sign(view.visualRect(view.IndexOf(p)).left() - view.indentation() / 2, place.y());
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, sign);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, sign);
+    EXPECT_EQ(Text(), "");
+}
+
+TEST_F(ReferenceViewTest, TheRightButtonInsertsNothing) {
+    const QPoint place = PlaceOf(br);
+    QTest::mouseDClick(view.viewport(), Qt::RightButton, {}, place);
+    EXPECT_EQ(Text(), "");
+}
+
+TEST_F(ReferenceViewTest, TheMenuKeysMakeADocumentTypeTheActiveOne) {
+    view.setCurrentIndex(view.IndexOf(smil));
+    QTest::keyClick(&view, Qt::Key_Menu);
+    EXPECT_EQ(tree.ActiveRoot(), smil);
+    view.setCurrentIndex(view.IndexOf(1));
+    QTest::keyClick(&view, Qt::Key_F10);
+    EXPECT_EQ(tree.ActiveRoot(), smil);
+    QTest::keyClick(&view, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(tree.ActiveRoot(), 1);
+}
+
+TEST_F(ReferenceViewTest, LettersFindANode) {
+    QTest::keyClicks(&view, "sm");
+    EXPECT_EQ(view.NodeOf(view.currentIndex()), smil);
+}
+
+TEST_F(ReferenceViewTest, EnterOpensARoot) {
+    view.setCurrentIndex(view.IndexOf(script));
+    QTest::keyClick(&view, Qt::Key_Enter);
+    EXPECT_TRUE(view.isExpanded(view.IndexOf(script)));
+    QTest::keyClick(&view, Qt::Key_Enter);
+    EXPECT_FALSE(view.isExpanded(view.IndexOf(script)));
+}
+
+TEST_F(ReferenceViewTest, TheCaretsOfMethodsAndAttributesGetTheKeyboard) {
+    document.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&document));
+    document.Text1->clearFocus();
+    ASSERT_FALSE(document.Text1->hasFocus());
+    DoubleClick(abs);
+    EXPECT_TRUE(document.Text1->hasFocus());
+    document.Text1->clearFocus();
+    DoubleClick(id);
+    EXPECT_TRUE(document.Text1->hasFocus());
+}
+
+TEST_F(ReferenceViewTest, TextsThatAreCutShowWhole) {
+    const int type = tree.AddRoot("<b>Type</b>\r\n    PUBLIC");
+    const int wide = tree.AddRoot(QString(200, 'w'));
     view.Show(tree, bench);
-    EXPECT_EQ(view.IndexOf(type).data().toString(), "!DOCTYPE html PUBLIC");
-    EXPECT_EQ(view.IndexOf(type).data(Qt::ToolTipRole).toString(), "!DOCTYPE html\r\n    PUBLIC");
+    EXPECT_EQ(view.IndexOf(type).data().toString(), "<b>Type</b> PUBLIC");
+    const auto tipOver = [this](int node) {
+        QToolTip::hideText();
+        const QPoint place = PlaceOf(node) - QPoint(view.visualRect(view.IndexOf(node)).width() / 2 - 4, 0);
+        QHelpEvent help(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(view.viewport(), &help);
+        return QToolTip::text();
+    };
+    EXPECT_TRUE(tipOver(type).contains("&lt;b&gt;Type&lt;/b&gt;\r\n    PUBLIC")) << tipOver(type).toStdString();
+    EXPECT_TRUE(tipOver(wide).contains(QString(200, 'w')));
+    EXPECT_FALSE(tipOver(script).contains("JScript"));
 }
 
 }  // namespace
