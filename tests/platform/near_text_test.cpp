@@ -2,11 +2,18 @@
 
 #include "platform/edit_surface.h"
 
+#include <QApplication>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QMimeData>
 #include <QPlainTextEdit>
+#include <QTest>
 #include <QTextCursor>
 
+#include <array>
 #include <gtest/gtest.h>
 #include <random>
+#include <vector>
 
 namespace vellum {
 namespace {
@@ -124,6 +131,85 @@ TEST(NearTextOfASurface, KnowsItAfterEveryWayToChangeTheText) {
     surface.SetText("");
     check();
 }
+
+// A surface changed in every way that there is, its own routines and a person's hands alike.
+class NearTextOfABusySurface : public testing::TestWithParam<unsigned> {
+protected:
+    int Below(qsizetype limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
+
+    QString AnyText() {
+        const QStringList pieces{
+            "", "x", "\r\n", "a\nb", "word ", QString(QChar(0x2029)), QString(QChar(0xFFFD)), QString::fromUtf8("😀")};
+        QString text;
+        for (int count = Below(6); count >= 0; --count) text += pieces.at(Below(pieces.size()));
+        return text;
+    }
+    void Compose(const QString& preedit, const QString& committed, int from, int length) {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(committed, from, length);
+        QApplication::sendEvent(&surface, &event);
+    }
+    void Drop() {
+        QMimeData data;
+        data.setText(AnyText());
+        const QPoint place(Below(surface.viewport()->width()), Below(surface.viewport()->height()));
+        QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(surface.viewport(), &event);
+    }
+    void ChangeIt() {
+        static constexpr std::array keys{Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Return, Qt::Key_Tab};
+        switch (Below(14)) {
+            case 0:
+                return surface.SetText(Below(3) == 0 ? AnyText() : Lines(1000 + Below(500), Below(9000)));
+            case 1:
+            case 2:
+                snapshots.push_back(surface.TakeSnapshot());
+                return;
+            case 3:
+            case 4:
+                if (!snapshots.empty()) surface.Restore(snapshots.at(Below(snapshots.size())));
+                return;
+            case 5:
+                return Compose("preedit", {}, 0, 0);
+            case 6:
+                return Compose({}, AnyText().remove('\r'), -Below(3), Below(4));
+            case 7:
+                return Drop();
+            case 8:
+                return surface.SetSelText(AnyText());
+            case 9:
+                surface.SetSelLength(Below(9000));
+                return surface.SetSelText(AnyText());
+            case 10:
+                return surface.SetFormat(Below(surface.Length() + 1), 100, {0x0000FF, true});
+            case 11:
+                return QTest::keyClicks(&surface, "typed");
+            default:
+                return QTest::keyClick(&surface, keys.at(Below(keys.size())),
+                                       Below(4) == 0 ? Qt::ControlModifier : Qt::NoModifier);
+        }
+    }
+
+    std::mt19937 random{GetParam()};
+    EditSurface surface;
+    std::vector<EditSurface::Snapshot> snapshots;
+};
+
+TEST_P(NearTextOfABusySurface, KnowsItAfterEachChange) {
+    surface.resize(300, 200);
+    surface.show();
+    surface.SetText(Lines(1500));
+    int place = 10000;
+    for (int round = 0; round < 600; ++round) {
+        if (Below(3) == 0) surface.SetSelStart(place + Below(8000));
+        ChangeIt();
+        if (Below(8) == 0) place = Below(surface.Length() + 1);
+        const int length = 2000 + Below(12000);
+        ASSERT_EQ(surface.Mid(place, length), surface.Text().mid(place, length)) << "round " << round;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, NearTextOfABusySurface, testing::Range(1U, 5U));
 
 }  // namespace
 }  // namespace vellum
