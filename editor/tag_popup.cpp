@@ -69,11 +69,13 @@ QRect PopupPlace(const QRect& caret, const QRect& area, QSize size) {
     const int roomBelow = area.bottom() - caret.bottom() - caretGap;
     const int roomAbove = caret.top() - caretGap - area.top();
     const bool above = size.height() > roomBelow && roomAbove > roomBelow;
-    const int height = std::clamp(above ? roomAbove : roomBelow, 0, size.height());
+    const int height = std::clamp(above ? roomAbove : roomBelow, 0, std::min(size.height(), area.height()));
     const int width = std::min(size.width(), area.width());
     const int top = above ? caret.top() - caretGap - height : caret.bottom() + caretGap + 1;
     const int rightmost = std::max(area.right() + 1 - edgeGap - width, area.left());
-    return {std::clamp(caret.left(), area.left(), rightmost), top, width, height};
+    // A caret that is scrolled out of the area has its popup at the edge.
+    const int lowest = area.bottom() + 1 - height;
+    return {std::clamp(caret.left(), area.left(), rightmost), std::clamp(top, area.top(), lowest), width, height};
 }
 
 }  // namespace vellum

@@ -115,5 +115,16 @@ TEST(PopupPlace, StaysInsideTheSurface) {
     EXPECT_EQ(PopupPlace({790, 50, 1, 14}, {0, 0, 800, 600}, {200, 120}).right(), 800 - 20 - 1);
 }
 
+TEST(PopupPlace, StaysInsideWhenTheCaretIsScrolledOut) {
+    const QRect area(10, 30, 400, 300);
+    for (const int y : {-5000, -20, 20, 320, 340, 5000}) {
+        for (const int x : {-5000, 100, 5000}) {
+            const QRect place = PopupPlace({x, y, 1, 14}, area, {200, 120});
+            EXPECT_TRUE(area.contains(place)) << x << ' ' << y << ' ' << place.top();
+            EXPECT_EQ(place.size(), QSize(200, 120)) << x << ' ' << y;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace vellum
