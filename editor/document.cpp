@@ -4,6 +4,7 @@
 #include "editor/typing.h"
 #include "editor/workbench.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QListWidget>
 #include <QScrollBar>
@@ -89,10 +90,21 @@ void Document::WirePopup() {
     connect(cmbTags, &QListWidget::itemClicked, this, [this] { workbench_.TakeTag(); });
     connect(cmbattr, &QListWidget::itemClicked, this, [this] { workbench_.TakeAttribute(); });
     for (const QScrollBar* bar : {Text1->verticalScrollBar(), Text1->horizontalScrollBar()}) {
-        connect(bar, &QScrollBar::valueChanged, this, [this] {
-            if (picAttr->isVisible()) PositionAttr();
-        });
+        connect(bar, &QScrollBar::valueChanged, this, &Document::FollowCaret);
     }
+    Text1->installEventFilter(this);
+}
+
+bool Document::eventFilter(QObject* watched, QEvent* event) {
+    // Where the caret stands is known when the surface has laid out its lines anew.
+    if (watched == Text1 && (event->type() == QEvent::Resize || event->type() == QEvent::Move)) {
+        QMetaObject::invokeMethod(this, &Document::FollowCaret, Qt::QueuedConnection);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Document::FollowCaret() {
+    if (picAttr->isVisible()) PositionAttr();
 }
 
 void Document::PositionAttr() {

@@ -65,10 +65,13 @@ signals:
     void SaverChanged(bool saver);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     Workbench& workbench_;
 
 private:
     void WirePopup();
+    void FollowCaret();  // with the popup, when it shows
 
     std::unique_ptr<TypingAssist> typing_;
     QString caption_ = QStringLiteral("New");

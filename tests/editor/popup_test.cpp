@@ -1,6 +1,8 @@
 #include "editor/list_tag.h"
 #include "tests/editor/editor_fixture.h"
 
+#include <QScrollBar>
+
 namespace vellum {
 namespace {
 
@@ -253,6 +255,36 @@ TEST_F(PopupTest, ItFollowsTheCaret) {
     const int left = document.picAttr->x();
     Type("tab");
     EXPECT_GT(document.picAttr->x(), left);
+}
+
+TEST_F(PopupTest, ItStaysInTheSurfaceWhenTheCaretIsScrolledOut) {
+    Put("|" + QString("\n").repeated(200));
+    Type("<");
+    ASSERT_TRUE(Tags());
+    Surface().verticalScrollBar()->setValue(100);
+    EXPECT_TRUE(Surface().geometry().contains(document.picAttr->geometry()));
+}
+
+TEST_F(PopupTest, ItFollowsTheCaretWhenTheSurfaceGetsAnotherSize) {
+    Surface().SetRightMargin(20000);
+    Put(QString("word ").repeated(12) + "|");
+    Type("<");
+    ASSERT_TRUE(Tags());
+    Surface().resize(250, 300);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return Surface().geometry().contains(document.picAttr->geometry()) &&
+               document.picAttr->y() > Surface().CaretRect().bottom();
+    }));
+}
+
+TEST_F(PopupTest, ItFollowsTheCaretWhenLinesAreWrapped) {
+    Put(QString("word ").repeated(60) + "|");
+    Type("<");
+    ASSERT_TRUE(Tags());
+    const int before = Surface().CaretRect().top();
+    Surface().SetRightMargin(12000);
+    ASSERT_GT(Surface().CaretRect().top(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return document.picAttr->y() == Surface().CaretRect().bottom() + 3; }));
 }
 
 TEST_F(PopupTest, TheTagsAreFilledOnceForADocumentType) {
