@@ -22,6 +22,7 @@ constexpr int popupRows = 8;
 constexpr int popupNarrowest = 140;
 constexpr int popupWidest = 320;
 constexpr int popupPadding = 12;
+constexpr int popupSpacing = 1;
 
 QListWidget* MakeList(const QString& name, QFrame* panel) {
     auto* const list = new QListWidget(panel);
@@ -30,6 +31,7 @@ QListWidget* MakeList(const QString& name, QFrame* panel) {
     // The keyboard stays with the text, whose keys work the list.
     list->setFocusPolicy(Qt::NoFocus);
     list->setUniformItemSizes(true);
+    list->setSpacing(popupSpacing);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->hide();
     panel->layout()->addWidget(list);
@@ -114,7 +116,7 @@ void Document::PositionAttr() {
     const int frame = 2 * picAttr->frameWidth();
     const int wanted = list.sizeHintForColumn(0) + scrollBar + frame + popupPadding;
     const QSize size(std::clamp(wanted, popupNarrowest, popupWidest),
-                     rows * std::max(list.sizeHintForRow(0), 1) + frame);
+                     rows * (std::max(list.sizeHintForRow(0), 1) + 2 * popupSpacing) + frame);
     const QRect caret = Text1->CaretRect().translated(Text1->pos());
     picAttr->setGeometry(PopupPlace(caret, Text1->geometry(), size));
     picAttr->raise();
