@@ -30,6 +30,16 @@ bool IsOneCharacter(const QString& text) {
     return (length == 1 && text.at(0).isPrint()) || (length == 2 && text.at(0).isHighSurrogate());
 }
 
+// Modifiers that make no other key of one: where it stands, and a held AltGr, which typing braces leaves behind.
+constexpr Qt::KeyboardModifiers noModifiers = Qt::KeypadModifier | Qt::GroupSwitchModifier;
+
+// The toolkit types the digits of the keypad although Ctrl is held.
+bool IsDigitWithCtrl(const QKeyEvent& event) {
+    const QString text = event.text();
+    return event.modifiers().testFlags(Qt::ControlModifier | Qt::KeypadModifier) && !text.isEmpty() &&
+           text.at(0).isPrint();
+}
+
 int ShiftState(const QKeyEvent& event) {
     const auto modifiers = event.modifiers();
     return (modifiers.testFlag(Qt::ShiftModifier) ? shiftBit : 0) |
@@ -70,6 +80,7 @@ void EditSurface::keyPressEvent(QKeyEvent* event) {
         if (d_->HandleDeletion(event) || d_->HandleTyping(event)) return;
         // These would set a direction for the block, which plain text has no place for.
         if (event->key() == Qt::Key_Direction_L || event->key() == Qt::Key_Direction_R) return;
+        if (IsDigitWithCtrl(*event)) return event->ignore();
     }
     QPlainTextEdit::keyPressEvent(event);
 }
@@ -135,7 +146,7 @@ bool EditSurface::Private::HandleDeletion(QKeyEvent* event) {
     QTextCursor cursor = q.textCursor();
     if (event->matches(QKeySequence::Cut)) {
         if (cursor.hasSelection()) q.copy();
-    } else if (event->key() == Qt::Key_Backspace && !(event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))) {
+    } else if (event->key() == Qt::Key_Backspace && !(event->modifiers() & ~(Qt::ShiftModifier | noModifiers))) {
         if (handlers && handlers->KeyPress(QStringLiteral("\b"), ShiftState(*event))) {
             event->accept();
             return true;
@@ -157,7 +168,7 @@ bool EditSurface::Private::HandleDeletion(QKeyEvent* event) {
 
 bool EditSurface::Private::HandleTyping(QKeyEvent* event) {
     QString text;
-    const auto modifiers = event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    const auto modifiers = event->modifiers() & ~(Qt::ShiftModifier | noModifiers);
     if (modifiers == Qt::NoModifier && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         text = QStringLiteral("\r");
     } else if (modifiers == Qt::NoModifier && (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab)) {

@@ -101,6 +101,13 @@ TEST_F(SurfaceHandlersTest, EnterTabAndBackspaceAreCharacters) {
     EXPECT_EQ(surface.Text(), "\r\n\t");
 }
 
+TEST_F(SurfaceHandlersTest, EnterAndBackspaceAreCharactersWhileAltGrIsHeld) {
+    QTest::keyClick(&surface, Qt::Key_Return, Qt::GroupSwitchModifier);
+    QTest::keyClick(&surface, Qt::Key_Backspace, Qt::GroupSwitchModifier);
+    EXPECT_EQ(handlers.Taken().filter("press"), (QStringList{"press CR 0", "press BS 0"}));
+    EXPECT_EQ(surface.Text(), "");
+}
+
 TEST_F(SurfaceHandlersTest, OtherKeysAreNone) {
     surface.SetText("ab");
     QTest::keyClick(&surface, Qt::Key_Right);

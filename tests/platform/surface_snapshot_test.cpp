@@ -187,6 +187,30 @@ TEST_F(SurfaceSnapshotTest, GivesUpWhatOtherCodeMadeUnknown) {
     EXPECT_EQ(surface.Text(), "on\r\ntwo");
 }
 
+TEST_F(SurfaceSnapshotTest, ComesBackAfterAnyKey) {
+    const QString text = "one two\r\nthree four\r\nfive";
+    std::vector<int> keys;
+    for (int key = Qt::Key_Space; key <= Qt::Key_AsciiTilde; ++key) keys.push_back(key);
+    for (int key = Qt::Key_Escape; key <= Qt::Key_F35; ++key) keys.push_back(key);
+    for (int key = Qt::Key_Cut; key <= Qt::Key_Paste; ++key) keys.push_back(key);
+    for (const Qt::Key key : {Qt::Key_Copy, Qt::Key_Undo, Qt::Key_Redo, Qt::Key_Clear, Qt::Key_Delete, Qt::Key_Find}) {
+        keys.push_back(key);
+    }
+    for (int modifiers = 0; modifiers < 64; ++modifiers) {
+        const auto held = Qt::KeyboardModifiers::fromInt(modifiers << 25);  // from Shift to the switch of groups
+        for (const int key : keys) {
+            surface.SetText(text);
+            surface.SetSelStart(12);
+            if (key % 2 == 1) surface.SetSelLength(3);
+            const auto snapshot = surface.TakeSnapshot();
+            QKeyEvent press(QEvent::KeyPress, key, held, key <= Qt::Key_AsciiTilde ? QString(QChar(key)) : QString());
+            QApplication::sendEvent(&surface, &press);
+            EXPECT_TRUE(surface.Restore(snapshot)) << std::hex << key << ' ' << held.toInt();
+            EXPECT_EQ(surface.Text(), text) << std::hex << key << ' ' << held.toInt();
+        }
+    }
+}
+
 TEST_F(SurfaceSnapshotTest, ComposingIsNoChange) {
     surface.SetText("one");
     const auto snapshot = surface.TakeSnapshot();
