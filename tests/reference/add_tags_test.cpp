@@ -3,6 +3,7 @@
 #include "platform/settings_keys.h"
 #include "reference/script_vocabulary.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -190,6 +191,24 @@ TEST_F(AddTagsTest, ScriptsHaveGroupsOfWords) {
     EXPECT_EQ(ChildTexts(tree.Node(basic).children.at(0)), (QStringList{"Initialize", "Terminate"}));
     EXPECT_EQ(ChildTexts(tree.Node(basic).children.at(1)).size(), 92);
     EXPECT_EQ(ChildTexts(tree.Node(basic).children.at(5)).back(), "With");
+}
+
+// A digest of the lists as they were agreed: of a line for each group, its name, ": " and its words with ", " between.
+TEST_F(AddTagsTest, NoWordOfTheScriptsIsMissingOrMisspelt) {
+    Build();
+    const auto digest = [](const QStringList& lines) {
+        return QCryptographicHash::hash(lines.join('\n').toLatin1(), QCryptographicHash::Sha1).toHex();
+    };
+    const auto groups = [this](const QString& root) {
+        QStringList lines;
+        for (const int group : tree.Node(Root(root)).children) {
+            lines << tree.Node(group).text + ": " + ChildTexts(group).join(", ");
+        }
+        return lines;
+    };
+    EXPECT_EQ(digest(groups("JScript 5.0 Language")), "49263ee96b68dddcdd1dd13d54c6874d45aac9cb");
+    EXPECT_EQ(digest(groups("VBScript 5.0 Language")), "32109f7399df0c80dae25da14eb9753bcbba0191");
+    EXPECT_EQ(digest(ChildTexts(Root("Emoticons"))), "258437dfceeb3340a3fc5384573ad40175ff4d67");
 }
 
 TEST_F(AddTagsTest, DatesEmoticonsAndOwnTagsComeLast) {
