@@ -104,6 +104,31 @@ TEST_F(PopupTest, AClosingFormIsWrittenAtOnce) {
     EXPECT_EQ(ColorAt(0), 0U);
 }
 
+TEST_F(PopupTest, AClosingFormTakesThePlaceOfWhatWasTypedOfIt) {
+    Put("x |");
+    Type("</ta");
+    EXPECT_EQ(Chosen(), "/table");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "x </table>|");
+}
+
+TEST_F(PopupTest, ATypeWithoutElementsOffersTheCommentAlone) {
+    workbench.references.Clear();
+    workbench.references.SetBold(workbench.references.AddRoot("Bare", "DTD"), true);
+    Put("|");
+    Type("<");
+    EXPECT_EQ(Entries(document.cmbTags), QStringList{"!--"});
+    Type("a ");
+    EXPECT_FALSE(Attributes());
+}
+
+TEST_F(PopupTest, ANameIsKnownHoweverFarItsTagGoesOn) {
+    Put("<a title=\"" + QString(5000, u'x') + "\"|>");
+    Type(" ");
+    EXPECT_TRUE(Attributes());
+    EXPECT_EQ(ListTag(document.cmbattr), "a");
+}
+
 TEST_F(PopupTest, ACommentIsWrittenWithTheCaretInIt) {
     Put("|");
     Type("<");
