@@ -23,18 +23,17 @@ bool ContainsAny(QStringView text, QStringView characters) {
 }  // namespace
 
 PopupDecision DecidePopup(QStringView tag, int caret) {
-    const PopupDecision leave{PopupStep::Leave, {}};
-    const PopupDecision hide{PopupStep::Hide, {}};
     const bool atEnd = caret >= tag.size();
     const auto* const found = std::ranges::find_if(tag, [](QChar c) { return nameEnds.contains(c); });
-    if (caret < 1 || (found == tag.end() && !atEnd)) return leave;
+    if (caret < 1 || (found == tag.end() && !atEnd)) return {PopupStep::Leave, {}};
     const QStringView name = tag.first(found - tag.begin()).mid(1);
     const QStringView soFar = tag.first(std::min<qsizetype>(caret, tag.size()));
     const QChar before = soFar.back();
-    if (!atEnd && !wordEnds.contains(tag.at(caret)) && !wordEnds.contains(before) && before != u'"') return hide;
-    if (soFar.count(u'"') % 2 != 0 || (name.isEmpty() && before != u'<')) return hide;
+    if (!atEnd && !wordEnds.contains(tag.at(caret)) && !wordEnds.contains(before) && before != u'"')
+        return {PopupStep::Hide, {}};
+    if (soFar.count(u'"') % 2 != 0 || (name.isEmpty() && before != u'<')) return {PopupStep::Hide, {}};
     if (before == u'<' && name.isEmpty() && soFar.size() == 1) return {PopupStep::Tags, {}};
-    if (!ContainsAny(soFar, blanks)) return hide;
+    if (!ContainsAny(soFar, blanks)) return {PopupStep::Hide, {}};
     return {PopupStep::Attributes, name.toString()};
 }
 

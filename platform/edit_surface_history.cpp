@@ -45,9 +45,11 @@ std::size_t EditSurface::SnapshotBytes() const {
 }
 
 void EditSurface::Private::RecordChange(int position, int removed, int added) {
-    // What went out is gone: only what merely came in can be told.
-    if (removed == 0) {
-        history.Record(position, QString(), added);
+    const bool known =
+        handedOut.revision == revision && handedOut.position == position && handedOut.text.size() == removed;
+    // What went out is gone by now: it can be told only when it is known from before.
+    if (removed == 0 || known) {
+        history.Record(position, removed == 0 ? QString() : handedOut.text, added);
     } else {
         history.Forget();
     }

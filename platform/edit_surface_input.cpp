@@ -233,7 +233,9 @@ void EditSurface::inputMethodEvent(QInputMethodEvent* event) {
 QMimeData* EditSurface::createMimeDataFromSelection() const {
     const QTextCursor cursor = textCursor();
     auto* const copied = new QMimeData;
-    copied->setText(d_->Characters(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()));
+    const int begin = cursor.selectionStart();
+    d_->handedOut = {begin, d_->Characters(begin, cursor.selectionEnd() - begin), d_->revision};
+    copied->setText(d_->handedOut.text);
     return copied;
 }
 

@@ -45,6 +45,13 @@ struct EditSurface::Private {
     ColorNumber backColor = 0xFFFFFF;
     int rightMargin = noWrapMargin;
     SurfaceHandlers* handlers = nullptr;
+    // What was handed out last by copying or dragging: dragged into another window, the toolkit takes it away by
+    // itself.
+    struct {
+        int position = -1;
+        QString text;
+        quint64 revision = 0;
+    } handedOut;
 
     [[nodiscard]] int OffsetOf(int position) const;
     [[nodiscard]] int PositionOf(int offset) const;
@@ -65,6 +72,7 @@ struct EditSurface::Private {
     [[nodiscard]] CharFormat FormatBefore(TextPlace place) const;  // of the character before it; the base at the start
 
     void OnContentsChange(int position, int removed, int added);
+    // A change that the toolkit made by itself.
     void RecordChange(int position, int removed, int added);
     void OnContentsChanged();
     void OnCaretMoved();

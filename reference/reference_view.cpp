@@ -47,6 +47,8 @@ public:
         switch (role) {
             case Qt::DisplayRole:
                 return node.text.contains(u'\n') ? node.text.simplified() : node.text;
+            case Qt::AccessibleDescriptionRole:
+                return node.bold ? ReferenceView::tr("Active document type") : QString();
             case Qt::FontRole:
                 return node.bold ? QVariant(BoldFont()) : QVariant();
             default:
@@ -127,7 +129,7 @@ void ReferenceView::mouseMoveEvent(QMouseEvent* event) {
 
 void ReferenceView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Run(currentIndex());
+        if (!event->isAutoRepeat()) Run(currentIndex());
     } else if (event->key() == Qt::Key_Menu ||
                (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)) {
         MakeActive(currentIndex());
@@ -203,6 +205,7 @@ void ReferenceView::MakeActive(const QModelIndex& index) {
     if (types.empty() || chosen > types.back()) return;
     for (const int type : types) tree_->SetBold(type, type == chosen);
     model_->ReportChange(IndexOf(types.front()), IndexOf(types.back()));
+    bench_->HideAttr();  // an open popup offers what the other type had
 }
 
 }  // namespace vellum

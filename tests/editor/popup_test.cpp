@@ -255,7 +255,6 @@ TEST_F(PopupTest, AClickInATagOpensIt) {
     EXPECT_EQ(Surface().SelStart(), place);
     EXPECT_TRUE(Attributes());
     cursor.setPosition(1);
-    QTest::qWait(QApplication::doubleClickInterval() + 1);
     QTest::mouseClick(Surface().viewport(), Qt::LeftButton, {}, Surface().cursorRect(cursor).center());
     EXPECT_FALSE(document.picAttr->isVisible());
 }

@@ -187,6 +187,20 @@ TEST_F(SurfaceSnapshotTest, GivesUpWhatOtherCodeMadeUnknown) {
     EXPECT_EQ(surface.Text(), "on\r\ntwo");
 }
 
+TEST_F(SurfaceSnapshotTest, ComesBackAfterTextWasDraggedAway) {
+    surface.SetText("one\r\ntwo\r\nthree");
+    surface.SetFormat(1, 6, redBold);
+    const FullCopy before(surface);
+    const auto snapshot = surface.TakeSnapshot();
+    surface.SetSelStart(2);
+    surface.SetSelLength(5);
+    surface.copy();  // a drag hands the text out the same way
+    surface.textCursor().removeSelectedText();
+    ASSERT_EQ(surface.Text(), "ono\r\nthree");
+    EXPECT_TRUE(surface.Restore(snapshot));
+    EXPECT_EQ(FullCopy(surface), before);
+}
+
 TEST_F(SurfaceSnapshotTest, ComesBackAfterAnyKey) {
     const QString text = "one two\r\nthree four\r\nfive";
     std::vector<int> keys;

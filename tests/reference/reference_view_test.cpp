@@ -6,6 +6,7 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QFrame>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>
@@ -155,6 +156,8 @@ TEST_F(ReferenceViewTest, TheRightButtonMakesADocumentTypeTheActiveOne) {
     EXPECT_EQ(tree.ActiveRoot(), smil);
     EXPECT_FALSE(tree.Node(1).bold);
     EXPECT_TRUE(view.IndexOf(smil).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_EQ(view.IndexOf(smil).data(Qt::AccessibleDescriptionRole).toString(), "Active document type");
+    EXPECT_EQ(view.IndexOf(1).data(Qt::AccessibleDescriptionRole).toString(), "");
     for (const int node : {script, sets, dates, p}) {
         RightClick(node);
         EXPECT_EQ(tree.ActiveRoot(), smil) << node;
@@ -164,6 +167,15 @@ TEST_F(ReferenceViewTest, TheRightButtonMakesADocumentTypeTheActiveOne) {
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
     QApplication::sendEvent(&view, &key);
     EXPECT_EQ(tree.ActiveRoot(), 1);
+}
+
+TEST_F(ReferenceViewTest, AnotherDocumentTypeClosesThePopup) {
+    document.Text1->setFocus();
+    bench.references = tree;
+    QTest::keyClicks(document.Text1, "<p ");
+    ASSERT_TRUE(document.picAttr->isVisible());
+    RightClick(smil);
+    EXPECT_FALSE(document.picAttr->isVisible());
 }
 
 TEST_F(ReferenceViewTest, TheLeftButtonMakesNothingActive) {
