@@ -93,6 +93,14 @@ void ReferenceView::Show(ReferenceTree& tree, Workbench& bench) {
     EndRefill();
 }
 
+void ReferenceView::Forget() {
+    BeginRefill();
+    tree_ = nullptr;
+    bench_ = nullptr;
+    model_->tree = nullptr;
+    EndRefill();
+}
+
 void ReferenceView::BeginRefill() {
     model_->BeginRefill();
 }

@@ -20,6 +20,8 @@ public:
 
     // Shows `tree`, which outlives the view's use, and works on the active document of `bench`.
     void Show(ReferenceTree& tree, Workbench& bench);
+    // Shows nothing any more, for the time when the tree goes.
+    void Forget();
     // To be called around a change of the nodes. The first node is the current one afterwards.
     void BeginRefill();
     void EndRefill();

@@ -59,6 +59,7 @@ MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& rec
 // The documents go first, as they speak to the window until their end.
 MDIform1::~MDIform1() {
     area->disconnect(this);
+    Picture11->TreeView1->Forget();  // it outlives the nodes that it shows
     qDeleteAll(area->subWindowList());
 }
 

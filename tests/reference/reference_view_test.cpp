@@ -268,6 +268,16 @@ TEST_F(ReferenceViewTest, TheCaretsOfMethodsAndAttributesGetTheKeyboard) {
     EXPECT_TRUE(document.Text1->hasFocus());
 }
 
+TEST_F(ReferenceViewTest, ShowsNothingOnceTheTreeHasGone) {
+    view.Forget();
+    tree.Clear();
+    EXPECT_EQ(view.model()->rowCount(), 0);
+    EXPECT_FALSE(view.currentIndex().isValid());
+    QTest::keyClick(&view, Qt::Key_Return);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, {20, 5});
+    EXPECT_EQ(Text(), "");
+}
+
 TEST_F(ReferenceViewTest, TextsThatAreCutShowWhole) {
     const int type = tree.AddRoot("<b>Type</b>\r\n    PUBLIC");
     const int wide = tree.AddRoot(QString(200, 'w'));
