@@ -47,6 +47,8 @@ std::size_t EditSurface::SnapshotBytes() const {
 void EditSurface::Private::RecordChange(int position, int removed, int added) {
     const bool known =
         handedOut.revision == revision && handedOut.position == position && handedOut.text.size() == removed;
+    // Dragged into another window it went without a key, which would have taken the snapshot.
+    if (removed > 0 && known && handlers) static_cast<void>(handlers->KeyDown(Qt::Key_unknown, 0, true));
     // What went out is gone by now: it can be told only when it is known from before.
     if (removed == 0 || known) {
         history.Record(position, removed == 0 ? QString() : handedOut.text, added);

@@ -5,11 +5,13 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 
+#include <algorithm>
 #include <array>
 
 namespace vellum {
@@ -52,6 +54,12 @@ bool DeletesByItself(const QKeyEvent& event) {
            event.matches(QKeySequence::DeleteEndOfLine);
 }
 
+bool MovesCaret(int key) {
+    static constexpr std::array keys{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,     Qt::Key_Down,
+                                     Qt::Key_Home, Qt::Key_End,   Qt::Key_PageUp, Qt::Key_PageDown};
+    return std::ranges::find(keys, key) != keys.end();
+}
+
 // The position before `position` that Backspace deletes to.
 int PositionBefore(const QTextDocument& text, int position) {
     const bool pair = position > 1 && text.characterAt(position - 1).isLowSurrogate() &&
@@ -81,6 +89,7 @@ void EditSurface::keyPressEvent(QKeyEvent* event) {
         // These would set a direction for the block, which plain text has no place for.
         if (event->key() == Qt::Key_Direction_L || event->key() == Qt::Key_Direction_R) return;
         if (IsDigitWithCtrl(*event)) return event->ignore();
+        if (MovesCaret(event->key())) d_->EndComposition();
     }
     QPlainTextEdit::keyPressEvent(event);
 }
@@ -197,6 +206,15 @@ void EditSurface::Private::TypeAsKey(const QString& text) {
     if (handlers && handlers->KeyDown(Qt::Key_unknown, 0, false)) return;
     Type(text, 0);
     if (handlers) handlers->KeyUp(Qt::Key_unknown, 0);
+}
+
+// The toolkit takes what is being composed for text when the caret moves, and may never come to an end over it.
+void EditSurface::Private::EndComposition() {
+    const auto composes = [this] { return !q.textCursor().block().layout()->preeditAreaText().isEmpty(); };
+    if (!composes()) return;
+    QGuiApplication::inputMethod()->commit();
+    QInputMethodEvent nothing;
+    if (composes()) q.inputMethodEvent(&nothing);
 }
 
 void EditSurface::inputMethodEvent(QInputMethodEvent* event) {

@@ -100,6 +100,7 @@ struct EditSurface::Private {
     void Type(const QString& text, int shiftState);
     // The same for what comes without a key of its own, as from an input method.
     void TypeAsKey(const QString& text);
+    void EndComposition();
     void Drop(const QString& text, int target, bool moved);
 };
 

@@ -11,6 +11,8 @@
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 
 #include <gtest/gtest.h>
 
@@ -173,6 +175,21 @@ TEST_F(SurfaceHandlersTest, DroppedTextIsPasted) {
     Drop("<i>", {395, 5});
     EXPECT_EQ(handlers.Taken().filter("paste"), QStringList{"paste <i>"});
     EXPECT_EQ(surface.Text(), "one<i>");
+}
+
+TEST_F(SurfaceHandlersTest, AKeyThatMovesTheCaretEndsTheComposition) {
+    surface.SetText("one");
+    surface.SetSelStart(3);
+    const auto composed = [this] { return surface.textCursor().block().layout()->preeditAreaText(); };
+    QInputMethodEvent compose("xyz", {});
+    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Down}) {
+        QApplication::sendEvent(&surface, &compose);
+        QTest::keyClick(&surface, Qt::Key_Shift);
+        ASSERT_EQ(composed(), "xyz");
+        QTest::keyClick(&surface, key);
+        EXPECT_EQ(composed(), QString()) << key;
+    }
+    EXPECT_EQ(surface.Text(), "one");
 }
 
 TEST_F(SurfaceHandlersTest, ButtonsAndMovesAreReported) {
