@@ -7,6 +7,8 @@
 #include <QEvent>
 #include <QFrame>
 #include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -87,6 +89,11 @@ void Document::SetSaver(bool saver) {
 }
 
 Document::~Document() = default;
+
+void Document::Activate() {
+    auto* const child = qobject_cast<QMdiSubWindow*>(parentWidget());
+    if (child && child->mdiArea()) child->mdiArea()->setActiveSubWindow(child);
+}
 
 void Document::WirePopup() {
     connect(cmbTags, &QListWidget::itemClicked, this, [this] { workbench_.TakeTag(); });

@@ -46,6 +46,9 @@ public:
     [[nodiscard]] bool Saver() const { return saver_; }
     void SetSaver(bool saver);
 
+    // Makes this the active one of the windows in its area.
+    void Activate();
+
     // Lays the window out anew.
     virtual void ResizeMe() = 0;
 

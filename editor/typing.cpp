@@ -144,13 +144,11 @@ bool TypingAssist::KeyPress(const QString& character, int shiftState) {
 // Enter takes what the popup has selected. False when it has nothing to take.
 bool TypingAssist::TakeChosenEntry() {
     if (!document_.picAttr->isVisible()) return false;
+    FollowHeldKey();
     const bool attributeChosen = HasChoice(*document_.cmbattr);
     switch (document_.PosInfo.kind) {
         case PlaceKind::Plain:
-            if (!document_.cmbattr->isVisible() || !attributeChosen ||
-                ListTag(document_.cmbattr) != QLatin1String("Character Sets")) {
-                return false;
-            }
+            if (!ShowsEntities() || !attributeChosen) return false;
             bench_.TakeAttribute();
             return true;
         case PlaceKind::Tag:
@@ -163,6 +161,18 @@ bool TypingAssist::TakeChosenEntry() {
             return true;
         default:
             return false;
+    }
+}
+
+// The release of a key takes its character into the partial word. Who types fast hits Enter before that.
+void TypingAssist::FollowHeldKey() {
+    if (document_.PosInfo.kind == PlaceKind::Tag) {
+        const QString word = bench_.GetStrAtt(document_.TagStart);
+        if (word == document_.strAtt) return;
+        document_.strAtt = word;
+        SelectByWord();
+    } else if (ShowsEntities() && EntityWord() != document_.strAtt) {
+        SelectEntity();
     }
 }
 
@@ -254,7 +264,7 @@ bool TypingAssist::CompleteTag() {
 }
 
 void TypingAssist::KeyUp(int key, int /*shiftState*/) {
-    if (key == popupKey_) {
+    if (popupKey_ != 0 && key == popupKey_) {
         popupKey_ = 0;
         return;
     }
@@ -276,9 +286,11 @@ void TypingAssist::KeyUpOutsideTag() {
         document_.Text1->SetSelColor(PlainColor(bench_));
         if (document_.LastKey == u'&' && PopupsWanted()) LoadEntities();
     }
-    if (document_.cmbattr->isVisible() && ListTag(document_.cmbattr) == QLatin1String("Character Sets")) {
-        SelectEntity();
-    }
+    if (ShowsEntities()) SelectEntity();
+}
+
+bool TypingAssist::ShowsEntities() const {
+    return document_.cmbattr->isVisible() && ListTag(document_.cmbattr) == QLatin1String("Character Sets");
 }
 
 void TypingAssist::LoadEntities() {
@@ -299,12 +311,18 @@ void TypingAssist::LoadEntities() {
     SetListTag(&list, QStringLiteral("Character Sets"));
 }
 
-void TypingAssist::SelectEntity() {
+// From the last "&" before the caret; as it was when there is none.
+QString TypingAssist::EntityWord() const {
     constexpr int reach = 12000;  // characters; an "&" farther back belongs to something else
     const int caret = document_.Text1->SelStart();
     const int begin = std::max(caret - reach, 0);
     const QString before = document_.Text1->Mid(begin, caret - begin);
-    if (const auto mark = before.lastIndexOf(u'&'); mark >= 0) document_.strAtt = before.mid(mark);
+    const auto mark = before.lastIndexOf(u'&');
+    return mark >= 0 ? before.mid(mark) : document_.strAtt;
+}
+
+void TypingAssist::SelectEntity() {
+    document_.strAtt = EntityWord();
     SelectEntry(*document_.cmbattr, document_.strAtt, Qt::CaseSensitive);
 }
 
@@ -315,6 +333,10 @@ void TypingAssist::KeyUpInTag() {
         return;
     }
     if (LastKeyIsOneOf(u" \t\r\"\b><") && PopupsWanted()) bench_.ShowAttr(document_.TagStart);
+    SelectByWord();
+}
+
+void TypingAssist::SelectByWord() {
     for (QListWidget* list : {document_.cmbattr, document_.cmbTags}) {
         if (document_.strAtt.isEmpty()) {
             list->setCurrentRow(-1);
@@ -357,6 +379,7 @@ void TypingAssist::ContextMenu(QPoint place) {
 }
 
 void TypingAssist::Paste(const QString& text) {
+    document_.Activate();  // text can be dropped on any window
     QString markup = text;
     bench_.PortableColor(markup);
 }

@@ -33,6 +33,7 @@ private:
     [[nodiscard]] bool RunCommandKey(int key);
     [[nodiscard]] bool Navigate(int key);
     [[nodiscard]] bool TakeChosenEntry();
+    void FollowHeldKey();
     [[nodiscard]] bool AssistLines(int shiftState);
     [[nodiscard]] bool AssistMarkup();
     [[nodiscard]] bool QuoteAttribute();
@@ -41,7 +42,10 @@ private:
     void KeyUpOutsideTag();
     void KeyUpInTag();
     void LoadEntities();
+    [[nodiscard]] bool ShowsEntities() const;
+    [[nodiscard]] QString EntityWord() const;
     void SelectEntity();
+    void SelectByWord();
     [[nodiscard]] bool LastKeyIsOneOf(QStringView keys) const;
     [[nodiscard]] bool PopupsWanted() const;
 

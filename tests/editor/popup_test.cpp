@@ -203,6 +203,31 @@ TEST_F(PopupTest, EnterTakesAnAttributeOnlyForATypedWord) {
     EXPECT_EQ(Shown(), "<a \n|");
 }
 
+TEST_F(PopupTest, EnterTakesTheWordOfAKeyThatIsStillHeld) {
+    const auto hold = [this](char key) { QTest::keyPress(&Surface(), key); };
+    Put("|");
+    Type("<t");
+    hold('b');
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "<tbody |");
+    Put("|");
+    Type("<a h");
+    hold('r');
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "<a href=\"|\"");
+    Put("|");
+    Type("&n");
+    hold('b');
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), "&nbsp;|");
+}
+
+TEST_F(PopupTest, AKeyWithoutACodeBringsItToo) {
+    Put("|");
+    QTest::sendKeyEvent(QTest::Click, &Surface(), static_cast<Qt::Key>(0), "&", Qt::NoModifier);
+    EXPECT_TRUE(Attributes());
+}
+
 TEST_F(PopupTest, EscapeClosesIt) {
     Put("|");
     Type("<a ");

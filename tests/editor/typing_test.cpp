@@ -4,7 +4,14 @@
 #include "tests/editor/editor_fixture.h"
 
 #include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+
+#include <array>
 
 namespace vellum {
 namespace {
@@ -197,6 +204,77 @@ TEST_F(TypingTest, WritingOnAfterACaretMoveTakesTheColourOfTheTag) {
     EXPECT_EQ(Colours(), "aaaaa");
 }
 
+// An area with two windows, of which the one that is active there is the active document.
+class WindowsWorkbench : public test::TestWorkbench {
+public:
+    [[nodiscard]] Document* ActiveDocument() const override {
+        const QMdiSubWindow* const child = area->currentSubWindow();
+        return child ? qobject_cast<Document*>(child->widget()) : nullptr;
+    }
+
+    QMdiArea* area = nullptr;
+};
+
+TEST(TypingInWindows, WhatIsDroppedOnAWindowBehindGoesThere) {
+    WindowsWorkbench workbench;
+    QMdiArea area;
+    workbench.area = &area;
+    auto* const behind = new test::PlainDocument(workbench);
+    auto* const front = new test::PlainDocument(workbench);
+    for (auto* document : {behind, front}) area.addSubWindow(document);
+    area.resize(800, 600);
+    area.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&area));
+    area.setActiveSubWindow(area.subWindowList().at(1));
+    ASSERT_EQ(workbench.ActiveDocument(), front);
+    front->Text1->SetText("front");
+
+    QMimeData data;
+    data.setText("<b>x</b>");
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(behind->Text1->viewport(), &enter);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(behind->Text1->viewport(), &drop);
+    EXPECT_EQ(behind->Text1->Text(), "<b>x</b>");
+    EXPECT_EQ(front->Text1->Text(), "front");
+    EXPECT_EQ(workbench.ActiveDocument(), behind);
+}
+
+TEST_F(TypingTest, AGreaterSignAtTheSecondPlacePaintsNothing) {
+    Put("<|");
+    Surface().SetColor(0, 1, static_cast<ColorNumber>(workbench.LinksColor));
+    Type(">");
+    EXPECT_EQ(Colours(), "aa");
+}
+
+TEST_F(TypingTest, KeysThatGoOnWithARunAndKeysThatEndIt) {
+    const std::array ending{Qt::Key_Up,      Qt::Key_Down,   Qt::Key_PageUp,   Qt::Key_PageDown, Qt::Key_Pause,
+                            Qt::Key_Control, Qt::Key_Escape, Qt::Key_CapsLock, Qt::Key_End,      Qt::Key_Home,
+                            Qt::Key_Select,  Qt::Key_Print,  Qt::Key_SysReq,   Qt::Key_Help,     Qt::Key_NumLock,
+                            Qt::Key_F1,      Qt::Key_F12};
+    for (const Qt::Key key : ending) {
+        document.usingKeys = true;
+        Press(key);
+        EXPECT_FALSE(document.usingKeys) << key;
+        document.usingKeys = true;
+        Press(key, Qt::ShiftModifier);
+        EXPECT_FALSE(document.usingKeys) << "Shift and " << key;
+    }
+    for (const Qt::Key key :
+         {Qt::Key_Left, Qt::Key_Right, Qt::Key_Shift, Qt::Key_Alt, Qt::Key_Insert, Qt::Key_Delete}) {
+        Put("|");
+        document.usingKeys = false;
+        Type("abc");
+        Press(Qt::Key_Z, Qt::ControlModifier);
+        ASSERT_EQ(Surface().Text(), "");
+        document.usingKeys = false;
+        Press(key);
+        EXPECT_TRUE(document.usingKeys) << key;
+        Press(Qt::Key_R, Qt::ControlModifier);
+        EXPECT_EQ(Surface().Text(), "") << key << " clears what could be redone";
+    }
+}
+
 class UndoByKeysTest : public TypingTest {
 protected:
     void Undo() { Press(Qt::Key_Z, Qt::ControlModifier); }
@@ -297,6 +375,19 @@ TEST_F(UndoByKeysTest, ADeletedWordComesBack) {
     EXPECT_EQ(Surface().Text(), "one ");
     Undo();
     EXPECT_EQ(Surface().Text(), "one two");
+}
+
+TEST_F(UndoByKeysTest, TextThatIsDraggedAwayIsAStep) {
+    Put("one\n|<b>two</b>| three");
+    document.usingKeys = false;
+    Surface().copy();  // a drag hands the text out the same way, and the toolkit takes it away
+    Surface().textCursor().removeSelectedText();
+    ASSERT_EQ(Shown(), "one\n| three");
+    Undo();
+    EXPECT_EQ(Shown(), "one\n|<b>two</b> three");
+    EXPECT_EQ(Colours(), "...\nooo...oooo......");
+    Redo();
+    EXPECT_EQ(Shown(), "one\n| three");
 }
 
 TEST_F(UndoByKeysTest, ClosingATagBelongsToTheRun) {
