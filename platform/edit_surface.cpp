@@ -108,6 +108,7 @@ void EditSurface::SetText(const QString& text) {
 
     const bool recorded = d_->history.Records();
     const QString before = recorded ? RawText() : QString();
+    d_->EndComposition(false);
     d_->loading = true;
     document()->clear();  // so that no format of an old character clings to the new ones
     if (!plain.text.isEmpty()) setPlainText(plain.text);
@@ -169,6 +170,7 @@ void EditSurface::Private::ReplaceSelection(const QString& text) {
 
 void EditSurface::Private::Replace(int position, int length, const QString& text, const CharFormat& format) {
     if (length == 0 && text.isEmpty()) return;
+    EndComposition(false);
     const DocumentText plain = ToDocumentText(text);
     if (history.Records()) history.Record(position, Characters(position, length), static_cast<int>(plain.text.size()));
     QTextCursor cursor(q.document());
@@ -253,6 +255,7 @@ void EditSurface::Private::OnCaretMoved() {
     if (cursor.anchor() == knownAnchor && cursor.position() == knownCaret) return;
     knownAnchor = cursor.anchor();
     knownCaret = cursor.position();
+    EndComposition(false);
     insertion.reset();
     emit q.SelChanged();
 }

@@ -10,6 +10,7 @@ EditSurface::Snapshot EditSurface::TakeSnapshot() {
 }
 
 bool EditSurface::Restore(const Snapshot& snapshot) {
+    d_->EndComposition(false);
     d_->loading = true;
     d_->restoring = true;
     d_->MarkAllOutdated();

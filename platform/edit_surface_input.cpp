@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vellum {
 namespace {
@@ -54,10 +55,12 @@ bool DeletesByItself(const QKeyEvent& event) {
            event.matches(QKeySequence::DeleteEndOfLine);
 }
 
-bool MovesCaret(int key) {
-    static constexpr std::array keys{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,     Qt::Key_Down,
-                                     Qt::Key_Home, Qt::Key_End,   Qt::Key_PageUp, Qt::Key_PageDown};
-    return std::ranges::find(keys, key) != keys.end();
+// Keys that change the text or move the caret when no input method takes them.
+bool ActsOnText(const QKeyEvent& event) {
+    static constexpr std::array keys{Qt::Key_Left, Qt::Key_Right,   Qt::Key_Up,        Qt::Key_Down,  Qt::Key_Home,
+                                     Qt::Key_End,  Qt::Key_PageUp,  Qt::Key_PageDown,  Qt::Key_Enter, Qt::Key_Return,
+                                     Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Backspace, Qt::Key_Delete};
+    return IsTypedText(event) || std::ranges::find(keys, event.key()) != keys.end();
 }
 
 // The position before `position` that Backspace deletes to.
@@ -79,6 +82,7 @@ QRect EditSurface::CaretRect() const {
 
 void EditSurface::keyPressEvent(QKeyEvent* event) {
     if (!isReadOnly()) {
+        if (ActsOnText(*event)) d_->EndComposition(true);
         if (d_->HandleClipboardKey(event)) return;
         if (d_->handlers && d_->handlers->KeyDown(event->key(), ShiftState(*event), DeletesByItself(*event))) {
             event->accept();
@@ -89,7 +93,6 @@ void EditSurface::keyPressEvent(QKeyEvent* event) {
         // These would set a direction for the block, which plain text has no place for.
         if (event->key() == Qt::Key_Direction_L || event->key() == Qt::Key_Direction_R) return;
         if (IsDigitWithCtrl(*event)) return event->ignore();
-        if (MovesCaret(event->key())) d_->EndComposition();
     }
     QPlainTextEdit::keyPressEvent(event);
 }
@@ -106,6 +109,7 @@ void EditSurface::mousePressEvent(QMouseEvent* event) {
         event->accept();
         return;
     }
+    d_->EndComposition(true);
     if (d_->handlers) d_->handlers->MouseDown(event->button());
     QPlainTextEdit::mousePressEvent(event);
 }
@@ -208,13 +212,16 @@ void EditSurface::Private::TypeAsKey(const QString& text) {
     if (handlers) handlers->KeyUp(Qt::Key_unknown, 0);
 }
 
-// The toolkit takes what is being composed for text when the caret moves, and may never come to an end over it.
-void EditSurface::Private::EndComposition() {
-    const auto composes = [this] { return !q.textCursor().block().layout()->preeditAreaText().isEmpty(); };
-    if (!composes()) return;
-    QGuiApplication::inputMethod()->commit();
-    QInputMethodEvent nothing;
-    if (composes()) q.inputMethodEvent(&nothing);
+// The toolkit takes what is being composed for text when it looks for a place beside it, and finds none that there is.
+void EditSurface::Private::EndComposition(bool commits) {
+    if (composing || composed.isNull()) return;
+    QInputMethod& method = *QGuiApplication::inputMethod();
+    commits ? method.commit() : method.reset();
+    if (composed.isNull()) return;
+    const QTextBlock block = std::exchange(composed, QTextCursor()).block();
+    block.layout()->setPreeditArea(-1, QString());
+    MarkOutdated(block.blockNumber(), block.blockNumber());
+    q.document()->markContentsDirty(block.position(), block.length());
 }
 
 void EditSurface::inputMethodEvent(QInputMethodEvent* event) {
@@ -243,6 +250,7 @@ void EditSurface::inputMethodEvent(QInputMethodEvent* event) {
     }
     QInputMethodEvent composition(event->preeditString(), event->attributes());
     QPlainTextEdit::inputMethodEvent(&composition);
+    d_->composed = event->preeditString().isEmpty() ? QTextCursor() : textCursor();
     d_->composing = false;
     event->accept();
     ensureCursorVisible();
@@ -271,6 +279,7 @@ void EditSurface::insertFromMimeData(const QMimeData* source) {
 }
 
 void EditSurface::dropEvent(QDropEvent* event) {
+    d_->EndComposition(true);
     const bool takes = !isReadOnly() && event->mimeData() != nullptr && event->mimeData()->hasText();
     const int target = cursorForPosition(event->position().toPoint()).position();
     // The toolkit ends its part of the dragging, and has nothing to insert.

@@ -34,6 +34,7 @@ struct EditSurface::Private {
     bool loading = false;    // the document is being filled; its reports don't count
     bool restoring = false;  // and it is being filled with a snapshot, whose formats are here already
     bool composing = false;  // an input method shows or hides what isn't text yet
+    QTextCursor composed;    // where that stands, else null
     bool replacing = false;  // Replace reports the change itself
     bool unreported = false;
     int knownAnchor = 0;
@@ -100,7 +101,9 @@ struct EditSurface::Private {
     void Type(const QString& text, int shiftState);
     // The same for what comes without a key of its own, as from an input method.
     void TypeAsKey(const QString& text);
-    void EndComposition();
+    // Whatever else changes the text or moves the caret ends what an input method composes. What it commits then is
+    // text; else what is being composed is gone.
+    void EndComposition(bool commits);
     void Drop(const QString& text, int target, bool moved);
 };
 

@@ -177,19 +177,60 @@ TEST_F(SurfaceHandlersTest, DroppedTextIsPasted) {
     EXPECT_EQ(surface.Text(), "one<i>");
 }
 
-TEST_F(SurfaceHandlersTest, AKeyThatMovesTheCaretEndsTheComposition) {
-    surface.SetText("one");
-    surface.SetSelStart(3);
-    const auto composed = [this] { return surface.textCursor().block().layout()->preeditAreaText(); };
-    QInputMethodEvent compose("xyz", {});
-    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Down}) {
-        QApplication::sendEvent(&surface, &compose);
-        QTest::keyClick(&surface, Qt::Key_Shift);
-        ASSERT_EQ(composed(), "xyz");
-        QTest::keyClick(&surface, key);
-        EXPECT_EQ(composed(), QString()) << key;
+class ComposingTest : public SurfaceHandlersTest {
+protected:
+    void SetUp() override {
+        SurfaceHandlersTest::SetUp();
+        surface.SetText("<b>\r\none");
+        surface.SetFormat(0, 3, {.color = 0xFF, .bold = true});
+        Compose();
     }
-    EXPECT_EQ(surface.Text(), "one");
+    void Compose() {
+        surface.SetSelStart(3);
+        QInputMethodEvent compose("xyz", {});
+        QApplication::sendEvent(&surface, &compose);
+        ASSERT_EQ(Composed(), "xyz");
+    }
+    [[nodiscard]] QString Composed() const {
+        QString all;
+        for (QTextBlock block = surface.document()->begin(); block.isValid(); block = block.next()) {
+            all += block.layout()->preeditAreaText();
+        }
+        return all;
+    }
+};
+
+TEST_F(ComposingTest, KeysThatActOnTheTextEndIt) {
+    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Down, Qt::Key_A, Qt::Key_Return,
+                              Qt::Key_Tab, Qt::Key_Backspace, Qt::Key_Delete}) {
+        Compose();
+        QTest::keyClick(&surface, Qt::Key_Shift);
+        ASSERT_EQ(Composed(), "xyz");
+        QTest::keyClick(&surface, key);
+        EXPECT_EQ(Composed(), QString()) << key;
+    }
+}
+
+TEST_F(ComposingTest, AClickEndsItAndLeavesTheColours) {
+    QTest::mouseClick(surface.viewport(), Qt::LeftButton, {}, {300, 200});
+    EXPECT_EQ(Composed(), QString());
+    surface.grab();
+    EXPECT_EQ(surface.document()->begin().layout()->formats().size(), 1);
+}
+
+TEST_F(ComposingTest, ACommandEndsIt) {
+    surface.SetSelStart(5);
+    EXPECT_EQ(Composed(), QString());
+    Compose();
+    const EditSurface::Snapshot snapshot = surface.TakeSnapshot();
+    surface.Restore(snapshot);
+    EXPECT_EQ(Composed(), QString());
+    Compose();
+    surface.SetSelText("one\ntwo");
+    EXPECT_EQ(Composed(), QString());
+    Compose();
+    surface.SetText("other");
+    EXPECT_EQ(Composed(), QString());
 }
 
 TEST_F(SurfaceHandlersTest, ButtonsAndMovesAreReported) {
