@@ -62,6 +62,9 @@ public:
     [[nodiscard]] virtual QStringList FontNames() const = 0;
     [[nodiscard]] virtual QString WebsiteDirectory() const = 0;  // the directory that File2 shows
     virtual void RefreshWebsite() = 0;                           // File2 reads its directory again
+    // What the names of images and of documents hold, as ".gif" (List4, lstDocTypes).
+    [[nodiscard]] virtual QStringList ImageTypes() const = 0;
+    [[nodiscard]] virtual QStringList DocumentTypes() const = 0;
 
     // What the panel TreeView1 shows.
     [[nodiscard]] virtual const ReferenceTree& References() const = 0;
@@ -89,6 +92,9 @@ public:
     virtual Document* CreateDocument() = 0;
     // A blank document with its number, counted among the open ones.
     Document* NewForm();
+    // Opens a file in a window of its own and counts it. When it can't be read, the window stays, blank, and `failure`
+    // is shown.
+    virtual void OpenInNewWindow(const QString& path, const QString& failure) = 0;
     void CountOpenedDocument();
     void CountClosedDocument();
     virtual void LoadPage(QString& html) = 0;

@@ -169,6 +169,11 @@ QString FindProgram(const QString& name) {
     return Located(name, QDir::currentPath());
 }
 
+QString WindowsDirectoryPath() {
+    const QString directory = QStringLiteral("/usr/bin");
+    return QFileInfo(directory).isDir() ? directory : QString();
+}
+
 QString EditVerbDesktopEntry(const QString& program) {
     // NoDisplay keeps the entry out of the menus, where the program has its own, and leaves it in "Open With".
     return "[Desktop Entry]\n"

@@ -18,6 +18,9 @@ bool OpenWithDefault(const QString& pathOrAddress, const QString& workingDirecto
 // The full path of a program on the search path, by the name of its counterpart ("calc.exe") or its own; empty if none.
 [[nodiscard]] QString FindProgram(const QString& name);
 
+// Where the system's own programs stand; empty when there is no such directory.
+[[nodiscard]] QString WindowsDirectoryPath();
+
 // "Edit with Vellumcraft" for HTML files: the text of a desktop entry that runs `program`.
 [[nodiscard]] QString EditVerbDesktopEntry(const QString& program);
 

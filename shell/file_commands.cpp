@@ -54,7 +54,10 @@ Document* FileCommands::OpenFile(const QString& path) {
 }
 
 void FileCommands::OpenRecent(int index) {
-    const QString path = recent_.Slot(index);
+    OpenInNewWindow(QString(recent_.Slot(index)), "File Unavailable.");
+}
+
+void FileCommands::OpenInNewWindow(const QString& path, const QString& failure) {
     Document* document = workbench_.CreateDocument();
     bool loaded = false;
     {
@@ -67,7 +70,7 @@ void FileCommands::OpenRecent(int index) {
             document->SetSaver(true);
         }
     }
-    if (!loaded) workbench_.Ask().Message(workbench_.Window(), "File Unavailable.");
+    if (!loaded) workbench_.Ask().Message(workbench_.Window(), failure);
 }
 
 void FileCommands::Save() {

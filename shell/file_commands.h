@@ -24,6 +24,8 @@ public:
     Document* OpenFile(const QString& path);
     // Opens the file of a recent slot, 0 the newest. A window is made even when the file is gone.
     void OpenRecent(int index);
+    // Opens a file in a window of its own. When it can't be read, the window stays, blank, and `failure` is shown.
+    void OpenInNewWindow(const QString& path, const QString& failure);
 
     void Save();
     void SaveAs();

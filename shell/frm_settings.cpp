@@ -34,7 +34,7 @@ frmSettings::frmSettings(Workbench& workbench, SettingsTarget& target, QWidget* 
     BuildDefinitionsPanel();
     BuildPreviewPanel();
     BuildFrame();
-    Show(LoadSettingsFields(workbench_, target_));
+    Show(LoadSettingsFields(workbench_));
     Wire();
     Grid1->setCurrentCell(0, captionColumn);
 }

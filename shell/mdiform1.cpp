@@ -151,6 +151,10 @@ Document* MDIform1::CreateDocument() {
     return document;
 }
 
+void MDIform1::OpenInNewWindow(const QString& path, const QString& failure) {
+    files_.OpenInNewWindow(path, failure);
+}
+
 void MDIform1::LoadPage(QString& html) {
     vellum::LoadPage(*this, html);
 }

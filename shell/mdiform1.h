@@ -72,15 +72,16 @@ public:
     QStringList FontNames() const override;
     QString WebsiteDirectory() const override;
     void RefreshWebsite() override;
+    QStringList ImageTypes() const override;
+    QStringList DocumentTypes() const override;
     const ReferenceTree& References() const override { return references_; }
     void AddRecentFile(const QString& path) override;
     void SetWrapChecked(bool checked) override;
     Document* CreateDocument() override;
+    void OpenInNewWindow(const QString& path, const QString& failure) override;
     void LoadPage(QString& html) override;
 
     // SettingsTarget
-    QStringList ImageTypes() const override;
-    QStringList DocumentTypes() const override;
     void SetImageTypes(const QStringList& types) override;
     void SetDocumentTypes(const QStringList& types) override;
     void SetCustomCaption(int row, const QString& caption) override;

@@ -111,9 +111,9 @@ void ApplyLists(const SettingsFields& fields, SettingsStore& store, SettingsTarg
     WriteList(store, keys::customTagsCount, keys::customTagsEntry, fields.customTags);
 }
 
-void LoadLists(SettingsFields& fields, const SettingsStore& store, const SettingsTarget& target) {
-    fields.documentTypes = target.DocumentTypes();
-    fields.imageTypes = target.ImageTypes();
+void LoadLists(SettingsFields& fields, const SettingsStore& store, const Workbench& workbench) {
+    fields.documentTypes = workbench.DocumentTypes();
+    fields.imageTypes = workbench.ImageTypes();
     for (int row = 0; row < customButtonCount; ++row) {
         fields.customCaptions[row] = ReadCustomCaption(store, row);
         fields.customTexts[row] = ReadCustomText(store, row);
@@ -123,7 +123,7 @@ void LoadLists(SettingsFields& fields, const SettingsStore& store, const Setting
 
 }  // namespace
 
-SettingsFields LoadSettingsFields(Workbench& workbench, const SettingsTarget& target) {
+SettingsFields LoadSettingsFields(Workbench& workbench) {
     constexpr int lastXhtmlVariant = 2;
     const SettingsStore& store = workbench.Settings();
     SettingsFields fields;
@@ -138,7 +138,7 @@ SettingsFields LoadSettingsFields(Workbench& workbench, const SettingsTarget& ta
     fields.colorCodingOff = ReadTruth(store, keys::colorOnOff);
     for (int i = 0; i < tagColorCount; ++i) fields.tagColors[i] = ReadColor(store, *tagColorKeys[i]);
     fields.aspBold = ReadTruth(store, keys::aspBold);
-    LoadLists(fields, store, target);
+    LoadLists(fields, store, workbench);
     fields.ftpUrl = ReadSetting(store, keys::ftpUrl);
     fields.ftpUserName = ReadSetting(store, keys::ftpUserName);
     fields.ftpPassword = ReadSetting(store, keys::ftpPassword);

@@ -21,10 +21,8 @@ public:
     SettingsTarget(const SettingsTarget&) = delete;
     SettingsTarget& operator=(const SettingsTarget&) = delete;
 
-    [[nodiscard]] virtual QStringList ImageTypes() const = 0;     // List4
-    [[nodiscard]] virtual QStringList DocumentTypes() const = 0;  // lstDocTypes
-    virtual void SetImageTypes(const QStringList& types) = 0;
-    virtual void SetDocumentTypes(const QStringList& types) = 0;
+    virtual void SetImageTypes(const QStringList& types) = 0;     // List4
+    virtual void SetDocumentTypes(const QStringList& types) = 0;  // lstDocTypes
     // Row 0 to 5 is tab row + 2 of the custom bar.
     virtual void SetCustomCaption(int row, const QString& caption) = 0;
     // The font of RichTextBox1 and of the active document; `pointSize` as the settings keep it.
@@ -85,7 +83,7 @@ struct SettingsFields {
     QString editPercent;  // as typed
 };
 
-[[nodiscard]] SettingsFields LoadSettingsFields(Workbench& workbench, const SettingsTarget& target);
+[[nodiscard]] SettingsFields LoadSettingsFields(Workbench& workbench);
 
 [[nodiscard]] bool IsValidRefreshRate(const QString& text);  // a number from 1 to 30
 [[nodiscard]] bool IsValidEditPercent(const QString& text);  // a number from 0 to 100

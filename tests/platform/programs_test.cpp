@@ -285,5 +285,9 @@ TEST(Paths, DataOfTheRunningProgram) {
               QCoreApplication::applicationFilePath());
 }
 
+TEST(SystemDirectory, HoldsTheSystemsPrograms) {
+    EXPECT_EQ(WindowsDirectoryPath(), "/usr/bin");
+}
+
 }  // namespace
 }  // namespace vellum

@@ -21,14 +21,14 @@ struct SettingsEvent {
 
 class SettingsBench : public TestWorkbench, public SettingsTarget {
 public:
+    SettingsBench() { imageTypes = QStringList{".bmp", ".jpg"}; }
+
     [[nodiscard]] Document* ActiveDocument() const override { return document; }
     [[nodiscard]] SettingsStore& Settings() override { return store; }
     [[nodiscard]] QString OpenDocCount() const override { return openDocCount; }
     [[nodiscard]] QStringList FontNames() const override { return {"Arial", "Courier New", "Times"}; }
     void Smartcolor() override { Record("Smartcolor"); }
 
-    [[nodiscard]] QStringList ImageTypes() const override { return imageTypes; }
-    [[nodiscard]] QStringList DocumentTypes() const override { return documentTypes; }
     void SetImageTypes(const QStringList& types) override {
         imageTypes = types;
         Record("SetImageTypes " + types.join(u' '));
@@ -68,8 +68,6 @@ public:
     SettingsStore store{folder.filePath("settings.json")};
     QString openDocCount = "1";
     Document* document = nullptr;
-    QStringList imageTypes{".bmp", ".jpg"};
-    QStringList documentTypes{".htm", ".txt"};
     std::vector<SettingsEvent> events;
 
 private:

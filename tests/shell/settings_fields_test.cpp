@@ -17,7 +17,7 @@ class SettingsFieldsTest : public testing::Test {
 protected:
     test::SettingsBench bench;
 
-    SettingsFields Load() { return LoadSettingsFields(bench, bench); }
+    SettingsFields Load() { return LoadSettingsFields(bench); }
     void Apply(const SettingsFields& fields) { ApplySettings(fields, bench, bench); }
 };
 
@@ -289,7 +289,7 @@ TEST_F(SettingsFieldsTest, AllOfItIsOneWriteOfTheFile) {
         void AddTags() override { existed = QFileInfo::exists(folder.filePath("settings.json")); }
         bool existed = true;
     } watching;
-    ApplySettings(LoadSettingsFields(watching, watching), watching, watching);
+    ApplySettings(LoadSettingsFields(watching), watching, watching);
     EXPECT_FALSE(watching.existed);
     EXPECT_TRUE(QFileInfo::exists(watching.folder.filePath("settings.json")));
 }

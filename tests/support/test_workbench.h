@@ -6,6 +6,7 @@
 #include "editor/workbench.h"
 #include "tests/support/scripted_prompts.h"
 
+#include <QFileInfo>
 #include <QMap>
 #include <QTemporaryDir>
 
@@ -20,9 +21,15 @@ public:
     [[nodiscard]] QString OpenDocCount() const override { return count; }
     void SetOpenDocCount(const QString& text) override { count = text; }
     void SetPanel(int panel, const QString& text) override { panels[panel] = text; }
-    [[nodiscard]] QStringList FontNames() const override { return {}; }
+    [[nodiscard]] QStringList FontNames() const override { return fontNames; }
     [[nodiscard]] QString WebsiteDirectory() const override { return website; }
-    void RefreshWebsite() override {}
+    void RefreshWebsite() override { ++websiteRefreshed; }
+    [[nodiscard]] QStringList ImageTypes() const override { return imageTypes; }
+    [[nodiscard]] QStringList DocumentTypes() const override { return documentTypes; }
+    void OpenInNewWindow(const QString& path, const QString& failure) override {
+        opened << path;
+        if (!QFileInfo(path).isReadable()) prompts.Message(nullptr, failure, {});
+    }
     [[nodiscard]] const ReferenceTree& References() const override { return references; }
     void AddRecentFile(const QString& /*path*/) override {}
     void SetWrapChecked(bool /*checked*/) override {}
@@ -35,6 +42,11 @@ public:
     QMap<int, QString> panels;  // what each panel of the status bar shows
     QString count = QStringLiteral("1");
     QString website;
+    QStringList fontNames;
+    QStringList imageTypes{".bmp", ".jpg", ".gif", ".png", ".wrl"};
+    QStringList documentTypes{".htm", ".txt"};
+    QStringList opened;  // paths that were to be opened
+    int websiteRefreshed = 0;
 
 private:
     QTemporaryDir folder_;

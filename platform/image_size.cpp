@@ -1,0 +1,17 @@
+#include "platform/image_size.h"
+
+#include <QImageReader>
+
+namespace vellum {
+
+std::optional<QSize> ImageSize(const QString& path) {
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    if (!reader.canRead()) return std::nullopt;
+    // Some formats have no size in their head, so the picture itself must tell.
+    if (const QSize size = reader.size(); size.isValid()) return size;
+    const QImage picture = reader.read();
+    return picture.isNull() ? std::nullopt : std::optional(picture.size());
+}
+
+}  // namespace vellum

@@ -1,0 +1,65 @@
+#include "tools/hrule.h"
+
+#include "tests/tools/tool_fixture.h"
+
+namespace vellum::test {
+namespace {
+
+TEST(HRuleMarkupOf, TheDefaults) {
+    EXPECT_EQ(HRuleMarkup({}), "<hr size=\"4\" width=\"100%\" />");
+}
+
+TEST(HRuleMarkupOf, EveryField) {
+    EXPECT_EQ(HRuleMarkup({"RED", "2", "50%", true, true}),
+              "<hr color=\"RED\" size=\"2\" width=\"50%\" noshade=\"noshade\" invertborder=\"invertborder\" />");
+}
+
+TEST(HRuleMarkupOf, EmptyFieldsAreLeftOut) {
+    EXPECT_EQ(HRuleMarkup({"", "", "", false, false}), "<hr />");
+    EXPECT_EQ(HRuleMarkup({"", "", "", false, true}), "<hr invertborder=\"invertborder\" />");
+}
+
+class HRuleForm : public ToolFixture {};
+
+TEST_F(HRuleForm, OffersItsValues) {
+    Open<HRule>([](HRule& tool) {
+        EXPECT_EQ(tool.windowTitle(), "Horizontal Rule");
+        const auto values = [&](const char* name) {
+            const auto& box = Get<QComboBox>(tool, name);
+            QStringList list;
+            for (int i = 0; i < box.count(); ++i) list << box.itemText(i);
+            return list.join(' ');
+        };
+        EXPECT_EQ(values("cboColor"),
+                  "AQUA BLACK BLUE FUCHSIA GRAY GREEN LIME MAROON NAVY OLIVE PURPLE RED SILVER TEAL WHITE YELLOW");
+        EXPECT_EQ(values("cboHeight"), "1 2 3 4 5 6 7 8 9 10");
+        EXPECT_EQ(values("cboWidth"), "10% 20% 30% 40% 50% 60% 70% 80% 90% 100%");
+        EXPECT_EQ(Get<QComboBox>(tool, "cboColor").currentText(), "");
+        EXPECT_EQ(Get<QComboBox>(tool, "cboHeight").currentText(), "4");
+        EXPECT_EQ(Get<QComboBox>(tool, "cboWidth").currentText(), "100%");
+    });
+}
+
+TEST_F(HRuleForm, WritesWhatWasTypedAndChecked) {
+    bench.prompts.colors = {0x0080FF};
+    Open<HRule>([](HRule& tool) {
+        Click(tool, "cmdColor");
+        Type(tool, "cboHeight", "3");
+        Type(tool, "cboWidth", "5%");
+        Click(tool, "chkNoshade");
+        Click(tool, "chkTVRaised");
+        Click(tool, "cmdOK");
+    });
+    EXPECT_EQ(Text(),
+              "<hr color=\"#FF8000\" size=\"3\" width=\"5%\" noshade=\"noshade\" invertborder=\"invertborder\" />");
+}
+
+TEST_F(HRuleForm, EnterIsOkAndEscIsCancel) {
+    Open<HRule>([](HRule& tool) { QTest::keyClick(&tool, Qt::Key_Escape); });
+    EXPECT_EQ(Text(), "");
+    Open<HRule>([](HRule& tool) { QTest::keyClick(tool.focusWidget(), Qt::Key_Return); });
+    EXPECT_EQ(Text(), "<hr size=\"4\" width=\"100%\" />");
+}
+
+}  // namespace
+}  // namespace vellum::test

@@ -1,0 +1,14 @@
+// Attributes of generated markup. A value goes in as it stands: what the author types into a field is markup already.
+#pragma once
+
+#include <QString>
+
+namespace vellum {
+
+// ` name="value"`, also when the value is empty.
+[[nodiscard]] QString Attribute(QLatin1String name, const QString& value);
+
+// The same, or nothing when the value is empty.
+[[nodiscard]] QString AttributeIfAny(QLatin1String name, const QString& value);
+
+}  // namespace vellum
