@@ -140,7 +140,9 @@ void DriveList::showPopup() {
 
 DirectoryList::DirectoryList(QWidget* parent) : QListWidget(parent), reader_(FolderContent::Folders) {
     setItemDelegate(new DepthDelegate(this));
-    setIconSize({16, 16});
+    constexpr int least = 16;
+    const int side = std::max(least, fontMetrics().height());
+    setIconSize({side, side});
     connect(&reader_, &FolderReader::Read, this, &DirectoryList::Fill);
     connect(this, &QListWidget::itemDoubleClicked, this, &DirectoryList::OpenRow);
 }

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 
+#include <algorithm>
+
 namespace vellum {
 
 DocumentWindow::DocumentWindow(Workbench& workbench, QWidget* parent)
@@ -92,6 +94,11 @@ void DocumentWindow::closeEvent(QCloseEvent* event) {
     }
     emit Closing(saved);
     event->accept();
+}
+
+int DocumentWindow::FormatHeight() const {
+    constexpr int least = 27;
+    return std::max(lblFormat_->fontMetrics().height() + 4, least);
 }
 
 bool DocumentWindow::MayClose(bool& saved) {

@@ -38,6 +38,9 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    // What that label needs at the font's size, in pixels.
+    [[nodiscard]] int FormatHeight() const;
+
     QLabel* const lblFormat_;  // how the file spells its text; stands in the strip below the editor
 
 private:

@@ -13,11 +13,17 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 namespace vellum {
 namespace {
 
 // The slider's range before the first layout; fine enough for any percentage.
 constexpr int designSliderMaximum = 10000;
+
+// What the layout leaves free below the panes, and how high a bar may be that still stands in it, in twips.
+constexpr int barRoom = 400;
+constexpr int largestBar = 450;
 
 // Milliseconds; stays where the settings hold no period that a timer can have.
 constexpr int designRefreshInterval = 7000;
@@ -132,11 +138,15 @@ void Form16::RunTab(int index) {
     }
 }
 
+// The room below the panes has a fixed height in the layout; what a large font needs beyond it is taken off the
+// window.
 WindowSize Form16::Sizes() const {
     const QWidget* active = workbench_.ActiveDocument();
     if (!active) active = this;
-    return {TwipsFromPixels(width()), TwipsFromPixels(height()), TwipsFromPixels(active->width()),
-            TwipsFromPixels(active->height())};
+    const int bar = bar_->sizeHint().height();
+    const int more = bar > PixelsFromTwips(largestBar) ? bar - PixelsFromTwips(barRoom) : 0;
+    return {TwipsFromPixels(width()), TwipsFromPixels(height() - more), TwipsFromPixels(active->width()),
+            TwipsFromPixels(active->height() - more)};
 }
 
 void Form16::LayOut() {
@@ -189,7 +199,7 @@ void Form16::Apply() {
     bar_->raise();
     const QRect text = PixelRect(layout_.text);
     lblFormat_->setGeometry(text.left(), slider.horizontal ? text.bottom() + 1 : browser.bottom() + 1,
-                            std::min(text.width(), slider.horizontal ? bar.x() : text.width()), 27);
+                            std::min(text.width(), slider.horizontal ? bar.x() : text.width()), FormatHeight());
 }
 
 }  // namespace vellum

@@ -5,7 +5,15 @@
 
 #include <QLabel>
 
+#include <algorithm>
+
 namespace vellum {
+namespace {
+
+// What the layout leaves free below the editor, in twips.
+constexpr int stripHeight = 450;
+
+}  // namespace
 
 Form26::Form26(Workbench& workbench, QWidget* parent) : DocumentWindow(workbench, parent) {
     setObjectName("Form26");
@@ -14,10 +22,12 @@ Form26::Form26(Workbench& workbench, QWidget* parent) : DocumentWindow(workbench
 }
 
 void Form26::LayOut() {
-    const TwipRect text = PlainTextRect(TwipsFromPixels(width()), TwipsFromPixels(height()));
+    // What a large font needs beyond the strip of the layout is taken off the window.
+    const int more = std::max(TwipsFromPixels(FormatHeight()) - stripHeight, 0);
+    const TwipRect text = PlainTextRect(TwipsFromPixels(width()), TwipsFromPixels(height()) - more);
     SetTwipGeometry(Text1, text);
     Text1->SetRightMargin(RightMarginFor(WordWrapOn, text.width));
-    SetTwipGeometry(lblFormat_, {0, text.height, text.width, 450});
+    SetTwipGeometry(lblFormat_, {0, text.height, text.width, stripHeight + more});
 }
 
 }  // namespace vellum

@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace vellum {
@@ -48,6 +49,8 @@ MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(4, 2, 4, 2);
     row->setSpacing(2);
+    constexpr int smallest = 22;
+    const int side = std::max(smallest, fontMetrics().height() * 4 / 3);
     for (const ToolbarButton& design : buttons) {
         if (design.startsGroup) {
             auto* rule = new QFrame(this);
@@ -58,7 +61,7 @@ MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
         auto* button = new QToolButton(this);
         button->setObjectName(ButtonName(design.array, design.index));
         button->setIcon(ThemeIcon(design.icon));
-        button->setIconSize({22, 22});
+        button->setIconSize({side, side});
         button->setAutoRaise(true);
         button->setToolTip(design.toolTip);
         button->setAccessibleName(design.toolTip);

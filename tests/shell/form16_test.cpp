@@ -48,6 +48,18 @@ TEST_F(Form16Test, StartsHalfAndHalfSideBySide) {
     EXPECT_EQ(form.Slider1->toolTip(), "Resizes the Editing and Preview Panes.");
 }
 
+TEST_F(Form16Test, ALargeFontCutsNothingOffTheStripBelowThePanes) {
+    Form16& form = OpenWithPreview();
+    QFont large = form.font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    form.setFont(large);
+    form.ResizeMe();
+    const QRect strip(form.TabStrip1->mapTo(&form, QPoint()), form.TabStrip1->size());
+    EXPECT_GE(strip.height(), form.TabStrip1->sizeHint().height());
+    EXPECT_LE(strip.bottom(), form.height());
+    EXPECT_LE(form.Text1->geometry().bottom(), strip.top());
+}
+
 TEST_F(Form16Test, ANewWindowIsLaidOutByItsOwnSize) {
     OpenWithPreview();
     window->area->currentSubWindow()->showNormal();
