@@ -23,7 +23,7 @@ void InModal(const std::function<void()>& command, const std::function<void(Form
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, [&] {
         QWidget* const front = QApplication::activeModalWidget();
-        auto* const form = qobject_cast<Form*>(front);
+        auto* const form = dynamic_cast<Form*>(front);
         constexpr int patience = 10000;
         if (!form && since.elapsed() < patience) return;
         poll.stop();

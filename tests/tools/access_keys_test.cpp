@@ -1,0 +1,62 @@
+#include "tools/framework/access_keys.h"
+
+#include "tests/tools/tool_fixture.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace vellum::test {
+namespace {
+
+TEST(AccessKeys, AreTheFirstLettersOfWordsFirst) {
+    EXPECT_EQ(WithAccessKeys({"Color", "Height (Pixels)", "Width"}),
+              (QStringList{"&Color", "&Height (Pixels)", "&Width"}));
+    EXPECT_EQ(WithAccessKeys({"Link Caption", "Link Target"}), (QStringList{"&Link Caption", "Link &Target"}));
+}
+
+TEST(AccessKeys, AreThenAnyLetter) {
+    EXPECT_EQ(WithAccessKeys({"Color", "Color", "Color"}), (QStringList{"&Color", "C&olor", "Co&lor"}));
+}
+
+TEST(AccessKeys, StayWhereTheyAreWritten) {
+    EXPECT_EQ(WithAccessKeys({"Cover", "&Cancel"}), (QStringList{"C&over", "&Cancel"}));
+    EXPECT_EQ(WithAccessKeys({"Black && White"}), (QStringList{"&Black && White"}));
+}
+
+TEST(AccessKeys, KeepClearOfThoseThatAreTaken) {
+    EXPECT_EQ(WithAccessKeys({"Color"}, "co"), (QStringList{"Co&lor"}));
+}
+
+TEST(AccessKeys, RunOut) {
+    EXPECT_EQ(WithAccessKeys({"aa", "a", "..."}), (QStringList{"&aa", "a", "..."}));
+}
+
+// Two panes with a field each.
+class PanedTool : public ToolDialog {
+public:
+    explicit PanedTool(Workbench& bench) : ToolDialog(bench, "PanedTool", "Panes") {
+        AddPane("First");
+        AddText("txtOne", "Name");
+        AddPane("Second");
+        AddText("txtTwo", "Name");
+        AddCheck("chkTwo", "Nothing");
+        Finish([] { return QString(); });
+    }
+};
+
+TEST_F(ToolFixture, EachPaneHasTheLettersForItself) {
+    const PanedTool tool(bench);
+    const auto& tabs = Get<QTabWidget>(tool, "TabStrip1");
+    EXPECT_EQ(tabs.tabText(0), "&First");
+    EXPECT_EQ(tabs.tabText(1), "&Second");
+    QStringList labels;
+    for (const QLabel* label : tool.findChildren<QLabel*>()) {
+        if (label->buddy()) labels << label->text();
+    }
+    EXPECT_EQ(labels, (QStringList{"&Name", "&Name"}));
+    EXPECT_EQ(Get<QCheckBox>(tool, "chkTwo").text(), "No&thing") << "s and the like are of the tabs and the buttons";
+    EXPECT_EQ(Get<QPushButton>(tool, "cmdOK").text(), "&OK");
+}
+
+}  // namespace
+}  // namespace vellum::test

@@ -1,0 +1,146 @@
+#include "tools/framework/tool_dialog.h"
+
+#include "tests/tools/tool_fixture.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace vellum::test {
+namespace {
+
+// One field of each kind.
+class SampleTool : public ToolDialog {
+public:
+    explicit SampleTool(Workbench& bench) : ToolDialog(bench, "SampleTool", "Sample") {
+        txtName = AddText("txtName", "Name", "first");
+        cboSize = AddCombo("cboSize", "Size", {"50", "100"}, "100");
+        cboColor = AddColor("cboColor", "Text Color", "Set Color", ColorStart::Field);
+        txtFile = AddFile("txtFile", "File", "Find", "All Files|*.*", [this](const QString& path) { chosen = path; });
+        BeginFrame("More");
+        AddCheck("chkMore", "More of it", true);
+        EndFrame();
+        AddText("txtLast", "Last");
+        Finish([this] { return "<" + txtName->text() + cboSize->currentText() + ">"; }, OnCancel::FocusText);
+    }
+
+    QLineEdit* txtName;
+    QComboBox* cboSize;
+    QComboBox* cboColor;
+    QLineEdit* txtFile;
+    QString chosen;
+};
+
+class ToolDialogs : public ToolFixture {};
+
+TEST_F(ToolDialogs, HandTheirTextToTheDocumentWhenTheyAreGone) {
+    document.Text1->SetText("ab");
+    document.Text1->SetSelStart(1);
+    Open<SampleTool>([this](SampleTool& tool) {
+        Click(tool, "cmdOK");
+        EXPECT_EQ(Text(), "ab") << "the form is still there";
+    });
+    EXPECT_EQ(Text(), "a<first100>b");
+    EXPECT_FALSE(document.Saver());
+}
+
+TEST_F(ToolDialogs, StartWithTheirDefaultsEachTime) {
+    for (int i = 0; i < 2; ++i) {
+        Open<SampleTool>([](SampleTool& tool) {
+            EXPECT_EQ(tool.txtName->text(), "first");
+            EXPECT_EQ(tool.cboSize->currentText(), "100");
+            Type(tool, "txtName", "other");
+            QTest::keyClick(&tool, Qt::Key_Escape);
+        });
+    }
+    EXPECT_EQ(Text(), "");
+}
+
+TEST_F(ToolDialogs, ABoxTakesAnyTextAsItIsTyped) {
+    Open<SampleTool>([](SampleTool& tool) {
+        Type(tool, "cboSize", "5");
+        EXPECT_EQ(tool.cboSize->currentText(), "5");
+        QTest::keyClick(tool.cboSize->lineEdit(), Qt::Key_Return);
+    });
+    EXPECT_EQ(Text(), "<first5>");
+}
+
+TEST_F(ToolDialogs, FieldsFollowInTheOrderOfTheirLines) {
+    const SampleTool tool(bench);
+    const QStringList order{"txtName", "cboSize", "cboColor", "cmdColor", "txtFile",
+                            "cmdFile", "chkMore", "txtLast",  "cmdOK",    "cmdCancel"};
+    QStringList chain;
+    const QWidget* widget = &tool;
+    do {
+        if (order.contains(widget->objectName())) chain << widget->objectName();
+        widget = widget->nextInFocusChain();
+    } while (widget != &tool);
+    EXPECT_EQ(chain, order);
+}
+
+TEST_F(ToolDialogs, EveryFieldIsNamedForAScreenReader) {
+    const SampleTool tool(bench);
+    QStringList named;
+    for (const QLabel* label : tool.findChildren<QLabel*>()) {
+        if (label->buddy()) named << label->buddy()->objectName();
+    }
+    EXPECT_EQ(named, (QStringList{"txtName", "cboSize", "cboColor", "txtFile", "txtLast"}));
+    EXPECT_EQ(Get<QPushButton>(tool, "cmdColor").accessibleName(), "Set Color, Text Color");
+    EXPECT_EQ(Get<QPushButton>(tool, "cmdFile").accessibleName(), "Find, File");
+    EXPECT_TRUE(Get<QPushButton>(tool, "cmdOK").isDefault());
+}
+
+TEST_F(ToolDialogs, APickedColorGoesIntoItsBoxAndACancelChangesNothing) {
+    bench.prompts.colors = {0x00FF00};
+    Open<SampleTool>([](SampleTool& tool) {
+        Click(tool, "cmdColor");
+        EXPECT_EQ(tool.cboColor->currentText(), "#00FF00");
+        Click(tool, "cmdColor");
+        EXPECT_EQ(tool.cboColor->currentText(), "#00FF00");
+    });
+}
+
+TEST_F(ToolDialogs, APickedFileGivesItsBareNameAndACancelChangesNothing) {
+    bench.prompts.openNames = {"/site/img/a \"b\" #1.gif"};
+    Open<SampleTool>([this](SampleTool& tool) {
+        Click(tool, "cmdFile");
+        EXPECT_EQ(tool.txtFile->text(), "a \"b\" #1.gif");
+        EXPECT_EQ(tool.chosen, "/site/img/a \"b\" #1.gif");
+        Click(tool, "cmdFile");
+        EXPECT_EQ(tool.txtFile->text(), "a \"b\" #1.gif");
+        ASSERT_EQ(bench.prompts.requests.size(), 2U);
+        EXPECT_EQ(bench.prompts.requests[0].filter, "All Files|*.*");
+        EXPECT_EQ(bench.prompts.requests[0].directory, folder.path());
+    });
+}
+
+TEST_F(ToolDialogs, ClosingGivesTheMainWindowBack) {
+    Open<SampleTool>([this](SampleTool& tool) {
+        window.setEnabled(false);
+        tool.setEnabled(true);
+        tool.close();
+    });
+    EXPECT_TRUE(window.isEnabled());
+}
+
+TEST_F(ToolDialogs, CancelMayGiveTheKeyboardToTheText) {
+    QLineEdit elsewhere(&window);
+    elsewhere.show();
+    elsewhere.setFocus();
+    Open<SampleTool>([](SampleTool& tool) { Click(tool, "cmdCancel"); });
+    EXPECT_EQ(window.focusWidget(), document.Text1);
+}
+
+TEST_F(ToolDialogs, NothingHappensWithoutADocument) {
+    EXPECT_EQ(SelectedText(bench), "");
+    document.Text1->SetText("word");
+    document.Text1->SetSelLength(4);
+    EXPECT_EQ(SelectedText(bench), "word");
+    bench.active = nullptr;
+    EXPECT_EQ(SelectedText(bench), "");
+    Open<SampleTool>([](SampleTool& tool) { Click(tool, "cmdOK"); });
+    EXPECT_EQ(Text(), "word");
+}
+
+}  // namespace
+}  // namespace vellum::test
