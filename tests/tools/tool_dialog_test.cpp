@@ -31,7 +31,84 @@ public:
     QString chosen;
 };
 
+// Three panes, the first with a field at its top that can't take the keyboard.
+class PanedTool : public ToolDialog {
+public:
+    explicit PanedTool(Workbench& bench) : ToolDialog(bench, "PanedTool", "Panes") {
+        AddPane("First");
+        AddText("txtOff", "Off")->setEnabled(false);
+        AddText("txtOne", "One", "1");
+        AddPane("Second");
+        AddCombo("cboTwo", "Two", {"a", "b"}, "a");
+        AddPane("Third");
+        AddText("txtThree", "Three");
+        Finish([this] { return QString::number(VisiblePane()); });
+    }
+};
+
 class ToolDialogs : public ToolFixture {};
+
+TEST_F(ToolDialogs, StartInTheirFirstFieldWithItsTextSelected) {
+    Open<SampleTool>([](SampleTool& tool) {
+        EXPECT_EQ(tool.focusWidget(), tool.txtName);
+        EXPECT_EQ(tool.txtName->selectedText(), "first");
+    });
+    Open<PanedTool>([](PanedTool& tool) {
+        EXPECT_EQ(tool.focusWidget()->objectName(), "txtOne");
+        EXPECT_EQ(Get<QLineEdit>(tool, "txtOne").selectedText(), "1");
+    });
+}
+
+TEST_F(ToolDialogs, GoToTheFirstFieldOfAPaneThatIsTurnedTo) {
+    Open<PanedTool>([](PanedTool& tool) {
+        Tab(tool, 1);
+        EXPECT_EQ(tool.focusWidget()->objectName(), "cboTwo");
+        Get<QAbstractButton>(tool, "cmdOK").setFocus();
+        Tab(tool, 0);
+        EXPECT_EQ(tool.focusWidget()->objectName(), "txtOne");
+        QTest::keyClick(tool.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        QTest::keyClick(tool.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(tool.focusWidget()->objectName(), "txtThree");
+        Click(tool, "cmdOK");
+    });
+    EXPECT_EQ(Text(), "2");
+}
+
+TEST_F(ToolDialogs, TurnTheirPanesFromTheButtonsToo) {
+    Open<PanedTool>([](PanedTool& tool) {
+        const auto& tabs = Get<QTabWidget>(tool, "TabStrip1");
+        const std::vector<std::pair<Qt::Key, int>> turns{{Qt::Key_Tab, 1},     {Qt::Key_Tab, 2},
+                                                         {Qt::Key_Tab, 0},     {Qt::Key_Backtab, 2},
+                                                         {Qt::Key_Backtab, 1}, {Qt::Key_Backtab, 0}};
+        for (const auto& [key, pane] : turns) {
+            auto& button = Get<QAbstractButton>(tool, "cmdCancel");
+            button.setFocus();
+            QTest::keyClick(&button, key, Qt::ControlModifier);
+            EXPECT_EQ(tabs.currentIndex(), pane);
+        }
+    });
+}
+
+TEST_F(ToolDialogs, LeaveTheKeyboardToWhoWalksAlongTheTabs) {
+    Open<PanedTool>([](PanedTool& tool) {
+        auto* const bar = Get<QTabWidget>(tool, "TabStrip1").tabBar();
+        bar->setFocus();
+        QTest::keyClick(bar, Qt::Key_Right);
+        EXPECT_EQ(bar->currentIndex(), 1);
+        EXPECT_EQ(tool.focusWidget(), bar);
+        QTest::keyClick(bar, Qt::Key_Right);
+        EXPECT_EQ(bar->currentIndex(), 2);
+    });
+}
+
+TEST_F(ToolDialogs, LabelsHaveRoomForLettersThatTheAccessKeySetsApart) {
+    Open<SampleTool>([](SampleTool& tool) {
+        for (const QLabel* label : tool.findChildren<QLabel*>()) {
+            const int measured = label->fontMetrics().size(Qt::TextShowMnemonic, label->text()).width();
+            EXPECT_TRUE(!label->buddy() || label->width() > measured) << label->text().toStdString();
+        }
+    });
+}
 
 TEST_F(ToolDialogs, HandTheirTextToTheDocumentWhenTheyAreGone) {
     document.Text1->SetText("ab");

@@ -8,8 +8,10 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -24,6 +26,18 @@ constexpr int narrowField = 18;
 void SetLeastWidth(QWidget* field, int characters) {
     field->setMinimumWidth(field->fontMetrics().averageCharWidth() * characters);
 }
+
+// The letter of an access key is drawn apart, and where that breaks a kerning pair the text runs longer than it
+// measures: without the room, its last letter is cut.
+class FieldLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+    [[nodiscard]] QSize sizeHint() const override { return WithRoom(QLabel::sizeHint()); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return WithRoom(QLabel::minimumSizeHint()); }
+
+private:
+    [[nodiscard]] QSize WithRoom(QSize size) const { return size + QSize(fontMetrics().averageCharWidth() / 2, 0); }
+};
 
 }  // namespace
 
@@ -58,7 +72,12 @@ int ToolDialog::AddPane(const QString& caption, const QString& toolTip) {
         tabs_->setAccessibleName(windowTitle());
         outer_->addWidget(tabs_, 1);
         places_.front().parent->hide();
-        tabs_->setFocus();
+        // The arrow keys walk along the tabs; whoever comes another way wants to type.
+        connect(tabs_, &QTabWidget::currentChanged, this, [this] {
+            if (!tabs_->tabBar()->hasFocus()) FocusFirstField();
+        });
+    } else {
+        places_.back().column->addStretch();
     }
     auto* pane = new QWidget(tabs_);
     const int index = tabs_->addTab(pane, caption);
@@ -66,6 +85,23 @@ int ToolDialog::AddPane(const QString& caption, const QString& toolTip) {
     tabs_->setTabToolTip(index, toolTip);
     places_ = {PlaceIn(pane)};
     return index;
+}
+
+void ToolDialog::FocusFirstField() {
+    const QWidget* const pane = tabs_ ? tabs_->currentWidget() : places_.front().parent;
+    if (!pane) return;
+    for (QWidget* field = pane->nextInFocusChain(); pane->isAncestorOf(field); field = field->nextInFocusChain()) {
+        if ((field->focusPolicy() & Qt::TabFocus) == 0 || !field->isEnabled()) continue;
+        field->setFocus(Qt::TabFocusReason);
+        return;
+    }
+}
+
+void ToolDialog::keyPressEvent(QKeyEvent* event) {
+    const int step = event->key() == Qt::Key_Backtab ? -1 : 1;
+    const bool turns = (event->key() == Qt::Key_Tab || step < 0) && (event->modifiers() & Qt::ControlModifier) != 0;
+    if (!tabs_ || !turns) return QDialog::keyPressEvent(event);
+    tabs_->setCurrentIndex((tabs_->currentIndex() + step + tabs_->count()) % tabs_->count());
 }
 
 int ToolDialog::VisiblePane() const {
@@ -104,7 +140,7 @@ void ToolDialog::AddRow(const QString& caption, QWidget* buddy, QWidget* beside)
     }
     QLabel* label = nullptr;
     if (!caption.isEmpty()) {
-        label = new QLabel(caption, place.parent);
+        label = new FieldLabel(caption, place.parent);
         label->setBuddy(buddy);
     }
     if (!beside) {
@@ -224,6 +260,7 @@ void ToolDialog::AddButtonRow(std::initializer_list<QPushButton*> buttons) {
     outer_->addLayout(row);
     for (Place& place : places_) place.column->addStretch();
     SetAccessKeys(*this);
+    if (!focusWidget()) FocusFirstField();
 }
 
 void ToolDialog::Finish(const std::function<QString()>& build, OnCancel onCancel) {

@@ -40,6 +40,9 @@ public:
     void done(int result) override;
 
 protected:
+    // Ctrl+Tab turns the panes from the buttons too.
+    void keyPressEvent(QKeyEvent* event) override;
+
     ToolDialog(Workbench& bench, const QString& name, const QString& caption);
 
     // A tab of TabStrip1 and its pane picOption(n); what is added next stands on it. Returns its index from 0.
@@ -92,6 +95,7 @@ private:
     QLineEdit* MakeText(const QString& name, const QString& initial);
     QComboBox* MakeCombo(const QString& name, const QStringList& values, const QString& initial);
     void AddRow(const QString& caption, QWidget* buddy, QWidget* beside);
+    void FocusFirstField();  // of the pane that shows, or of the form
     void AddButtonRow(std::initializer_list<QPushButton*> buttons);
     QPushButton* MakeFieldButton(const QString& fieldName, const QString& caption, const QString& fieldCaption);
 
