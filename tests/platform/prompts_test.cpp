@@ -208,6 +208,25 @@ TEST_F(DialogPromptsTest, OpenReturnsSeveralFilesInTheSplitForm) {
     EXPECT_EQ(chosen.split(QChar(u'\0')), QStringList({folder.path(), "a.htm", "b.htm"}));
 }
 
+TEST_F(DialogPromptsTest, OpenShowsFilesOfEitherCaseAlsoByPatternsWithoutADot) {
+    for (const char* name : {"a.au", "b.MID", "c.mid", "d.rmi", "e.wav", "f.txt"}) MakeFile(folder.filePath(name));
+    When<QFileDialog>("OpenFileDialog", [](QFileDialog& dialog) {
+        auto* list = dialog.findChild<QListView*>("listView");
+        const auto names = [list] {
+            QStringList shown;
+            for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
+                shown << list->model()->index(row, 0, list->rootIndex()).data().toString();
+            }
+            return shown;
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return names().join(' ') == "a.au b.MID c.mid d.rmi e.wav"; }))
+            << names().join(' ').toStdString();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    const QString filter = "Sound Files (*.AU;*.MID;*.RMI;*.WAV)|*.AU;*MID;*RMI;*.WAV";
+    EXPECT_EQ(prompts.OpenFile(nullptr, {filter, folder.path(), false}), "");
+}
+
 TEST_F(DialogPromptsTest, ACancelledOpenIsEmpty) {
     When<QFileDialog>("OpenFileDialog", [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(prompts.OpenFile(nullptr, {"All Files|*.*", "/no/such/folder", false}), "");
