@@ -7,6 +7,7 @@
 #include "tools/framework/tool_dialog.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -71,6 +72,25 @@ protected:
         auto* const bar = Get<QTabWidget>(form, "TabStrip1").tabBar();
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
     }
+
+    // What a box offers.
+    static QStringList Values(const QWidget& form, const QString& name) {
+        const auto& box = Get<QComboBox>(form, name);
+        QStringList values;
+        for (int i = 0; i < box.count(); ++i) values << box.itemText(i);
+        return values;
+    }
+
+    // What stands before a field, as it shows.
+    static QString Caption(const QWidget& form, const QString& name) {
+        for (const QLabel* label : form.findChildren<QLabel*>()) {
+            if (label->buddy() && label->buddy()->objectName() == name) return Shown(label->text());
+        }
+        return {};
+    }
+
+    // A caption without the marks of access keys.
+    static QString Shown(QString caption) { return caption.remove(u'&'); }
 
     [[nodiscard]] QString Text() const { return document.Text1->Text(); }
 
