@@ -1,0 +1,88 @@
+#include "tests/contact_sheet/forms.h"
+
+#include "help/didyouknow.h"
+#include "help/frm_about.h"
+#include "shell/frm_settings.h"
+#include "shell/start.h"
+#include "tools/hrule.h"
+#include "tools/new_wizards.h"
+
+#include <QFile>
+
+namespace vellum::contact_sheet {
+namespace {
+
+constexpr auto samplePage =
+    "<html>\n<head>\n<title>Paper</title>\n</head>\n<body bgcolor=\"#FFFFFF\">\n<!-- The first page -->\n"
+    "<p>Vellum is made of <a href=\"calf.htm\">calfskin</a>.</p>\n<table border=\"1\"><tr><td>1</td></tr></table>\n"
+    "</body>\n</html>\n";
+
+void WriteFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("can't write a sample file");
+}
+
+// For a form that is made from the main window alone.
+template <typename Tool>
+std::unique_ptr<QWidget> Make(Stage& stage) {
+    return std::make_unique<Tool>(stage.bench);
+}
+
+// Without the tips, which would wait for an answer.
+class MainWindow : public MDIform1 {
+public:
+    using MDIform1::MDIform1;
+    void startup() override {}
+};
+
+std::unique_ptr<QWidget> MakeStart(Stage& stage) {
+    auto start = std::make_unique<Start>(stage.settings, stage.bench.prompts);
+    start->timAnimation->stop();
+    return start;
+}
+
+}  // namespace
+
+Stage::Stage() {
+    for (const char* name : {"index.htm", "calf.htm", "style.css", "script.js", "a longer name with blanks.htm"}) {
+        WriteFile(site.filePath(name), samplePage);
+    }
+    bench.active = &document;
+    bench.document = &document;
+    bench.website = site.path();
+    WriteSetting(settings, keys::drive, "/");
+    WriteSetting(settings, keys::director, site.path());
+    WriteSetting(settings, keys::filePath, site.path());
+}
+
+const std::vector<Form>& Forms() {
+    static const std::vector<Form> forms{
+        {"Start", MakeStart},
+        {"Didyouknow", Make<Didyouknow>},
+        {"frmAbout", Make<frmAbout>},
+        {"NewWizards", [](Stage&) { return std::make_unique<NewWizards>(); }},
+        {"HRule", Make<HRule>},
+        {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},
+    };
+    return forms;
+}
+
+const std::vector<Box>& Boxes() {
+    static const std::vector<Box> boxes{
+        {"MessageBox", [] { DialogPrompts().Message(nullptr, "File Unavailable.", "Vellumcraft"); }},
+        {"QuestionBox", [] { DialogPrompts().AskYesNoCancel(nullptr, "Do you want to save New 1?", "Save Document"); }},
+        {"InputBox", [] { DialogPrompts().Input(nullptr, "What Line?", "Go To Line", "12"); }},
+    };
+    return boxes;
+}
+
+std::unique_ptr<MDIform1> MakeMainWindow(Stage& stage) {
+    auto window = std::make_unique<MainWindow>(stage.settings, stage.bench.prompts, stage.recovery,
+                                               stage.bench.FontNames(), true);
+    window->Load(stage.site.filePath("index.htm"), [] {});
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(1280, 800);
+    return window;
+}
+
+}  // namespace vellum::contact_sheet
