@@ -83,7 +83,9 @@ Didyouknow::Didyouknow(Workbench& bench, std::function<double()> random)
     auto* columns = new QHBoxLayout(this);
     columns->addLayout(BuildTip(), 1);
     columns->addLayout(BuildButtons());
-    columns->setSpacing(2 * columns->spacing());
+    const int space = fontMetrics().height();
+    columns->setSpacing(space);
+    columns->setContentsMargins(space, space, space, space);
     QWidget* before = Label2;
     for (QWidget* next : std::initializer_list<QWidget*>{Check1, Command2, Command3, Command5, Command1}) {
         setTabOrder(before, next);
@@ -136,6 +138,7 @@ QLayout* Didyouknow::BuildTip() {
     top->addWidget(heading, 1);
     auto* column = new QVBoxLayout;
     column->addLayout(top);
+    column->setSpacing(fontMetrics().height() * 2 / 3);
     column->addWidget(Label2, 1);
     column->addWidget(Check1);
     return column;
@@ -151,6 +154,7 @@ QLayout* Didyouknow::BuildButtons() {
     connect(Command3, &QPushButton::clicked, this, [this] { Choose(TipsChoice::NewDocument); });
     connect(Command5, &QPushButton::clicked, this, [this] { Choose(TipsChoice::OpenPage); });
     auto* column = new QVBoxLayout;
+    column->setSpacing(fontMetrics().height() / 2);
     for (QPushButton* button : {Command2, Command3, Command5}) column->addWidget(button);
     column->addStretch();
     column->addWidget(Command1);

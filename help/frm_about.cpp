@@ -12,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTextCursor>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -21,9 +22,10 @@
 namespace vellum {
 namespace {
 
-constexpr int factsWidth = 46;  // in characters, as wide as the longest line is likely to be
-constexpr int factsHeight = 12;
+// Of the texts, in lines.
 constexpr int leastHeight = 3;
+constexpr int factsHeight = 11;
+constexpr int creditsHeight = 8;
 constexpr double headingScale = 1.8;
 constexpr auto site = "https://vellumcraft.example/";
 
@@ -79,6 +81,22 @@ QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent) {
     return label;
 }
 
+template <typename TextWidget>
+int HeightOf(const TextWidget& text, int lines) {
+    const double margins = 2 * (text.document()->documentMargin() + text.frameWidth());
+    return text.fontMetrics().lineSpacing() * lines + static_cast<int>(margins) + 1;
+}
+
+// As wide as its longest line, with room for a scroll bar.
+int FullWidth(const QPlainTextEdit& text) {
+    int width = 0;
+    for (const QString& line : text.toPlainText().split(u'\n')) {
+        width = qMax(width, text.fontMetrics().horizontalAdvance(line));
+    }
+    const double margins = 2 * (text.document()->documentMargin() + text.frameWidth());
+    return width + static_cast<int>(margins) + text.verticalScrollBar()->sizeHint().width() + 1;
+}
+
 // Read-only, with a cursor for the keyboard and for screen readers; the Tab key goes on.
 template <typename TextWidget>
 QLabel* PrepareText(TextWidget* text, const QString& name, const QString& caption, QWidget* parent) {
@@ -86,7 +104,7 @@ QLabel* PrepareText(TextWidget* text, const QString& name, const QString& captio
     text->setReadOnly(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setTabChangesFocus(true);
-    text->setMinimumHeight(text->fontMetrics().lineSpacing() * leastHeight + 2 * text->frameWidth());
+    text->setMinimumHeight(HeightOf(*text, leastHeight));
     auto* label = new QLabel(caption, parent);
     label->setBuddy(text);
     return label;
@@ -141,6 +159,7 @@ frmAbout::frmAbout(Workbench& bench, const SystemFacts& facts, Opener open)
     if (!open_) open_ = [](const QString& address) { return OpenWithDefault(address); };
     auto* outer = new QVBoxLayout(this);
     outer->addLayout(BuildHeader());
+    outer->addSpacing(fontMetrics().height() / 2);
     outer->addLayout(BuildTexts(facts), 1);
     outer->addLayout(BuildButtons());
     QWidget* before = Label5;
@@ -191,14 +210,15 @@ QLayout* frmAbout::BuildHeader() {
 
 QLayout* frmAbout::BuildTexts(const SystemFacts& facts) {
     auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(fontMetrics().height());
     grid->addWidget(PrepareText(Text1, "Text1", tr("&Disclaimer"), this), 0, 0);
     grid->addWidget(Text1, 1, 0);
     grid->addWidget(PrepareText(Text2, "Text2", tr("&System"), this), 0, 1);
     grid->addWidget(Text2, 1, 1);
     grid->addWidget(PrepareText(Text3, "Text3", tr("&Credits"), this), 2, 0, 1, 2);
     grid->addWidget(Text3, 3, 0, 1, 2);
-    grid->setRowStretch(1, 3);
-    grid->setRowStretch(3, 2);
+    grid->setRowStretch(1, factsHeight);
+    grid->setRowStretch(3, creditsHeight);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
     Text1->setPlainText(QString::fromUtf8(disclaimer));
@@ -218,11 +238,15 @@ QLayout* frmAbout::BuildButtons() {
 
 // The facts show without scrolling where the screen has the room.
 void frmAbout::FitToScreen() {
-    const QFontMetrics metrics = Text2->fontMetrics();
-    const QSize facts(metrics.averageCharWidth() * factsWidth, metrics.lineSpacing() * factsHeight);
-    const QSize wanted(2 * facts.width(), sizeHint().height() - Text1->sizeHint().height() -
-                                              Text3->sizeHint().height() + facts.height() * 5 / 3);
-    resize(wanted.expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize() * 9 / 10));
+    const QSize room = screen()->availableSize() * 9 / 10;
+    Text2->setMinimumWidth(qMin(FullWidth(*Text2), room.width() * 3 / 5));
+    const QSize least = minimumSizeHint();
+    const int taller = HeightOf(*Text2, factsHeight) + HeightOf(*Text3, creditsHeight) - Text2->minimumHeight() -
+                       Text3->minimumHeight();
+    const QMargins margins = layout()->contentsMargins();
+    const int width = 2 * FullWidth(*Text2) + margins.left() + margins.right() + fontMetrics().height();
+    const QSize wanted = least.expandedTo({width, least.height() + taller});
+    resize(wanted.boundedTo(room));
 }
 
 void frmAbout::OpenSite() {

@@ -47,7 +47,6 @@ Stage::Stage() {
     for (const char* name : {"index.htm", "calf.htm", "style.css", "script.js", "a longer name with blanks.htm"}) {
         WriteFile(site.filePath(name), samplePage);
     }
-    bench.active = &document;
     bench.document = &document;
     bench.website = site.path();
     WriteSetting(settings, keys::drive, "/");

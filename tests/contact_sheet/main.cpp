@@ -16,7 +16,7 @@
 namespace vellum::contact_sheet {
 namespace {
 
-constexpr int sheetWidth = 2600;
+constexpr int sheetWidth = 2760;
 
 QPalette Palette(bool dark) {
     const QColor window = dark ? QColor(0x2a, 0x2e, 0x32) : QColor(0xf0, 0xf0, 0xf0);
@@ -87,12 +87,12 @@ void TakeMainWindow(Stage& stage, std::vector<Shot>& shots) {
 std::vector<Shot> TakeAll() {
     std::vector<Shot> shots;
     Stage stage;
-    TakeMainWindow(stage, shots);
     for (const Form& form : Forms()) {
         const auto widget = form.make(stage);
         TakeForm(form.name, *widget, shots);
     }
     for (const Box& box : Boxes()) TakeBox(box, shots);
+    TakeMainWindow(stage, shots);
     return shots;
 }
 
