@@ -9,6 +9,7 @@
 #include "platform/wait_pointer.h"
 #include "preview/preview_pipeline.h"
 #include "reference/add_tags.h"
+#include "shell/color_bar.h"
 #include "shell/form16.h"
 #include "shell/form26.h"
 #include "shell/mdi_arrange.h"
@@ -27,13 +28,15 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include <array>
+
 namespace vellum {
 
 MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& recovery, QStringList fontNames,
                    bool usePreview)
     : Picture1(new MainToolbar(this)),
-      Picture14(new QWidget(this)),
-      clrbutton(new TabStrip(Picture14)),
+      Picture14(new ColorBar(this)),
+      clrbutton(Picture14->clrbutton),
       Picture15(new QWidget(this)),
       TabStrip2(new TabStrip(Picture15)),
       TabStrip1(new TabStrip(this)),
@@ -54,6 +57,7 @@ MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& rec
     BuildRegions();
     BuildMenus();
     WireRegions();
+    BuildShortcuts();
 }
 
 // The documents go first, as they speak to the window until their end.
@@ -91,7 +95,9 @@ void MDIform1::AddRecentFile(const QString& path) {
 }
 
 void MDIform1::startup() {}
-void MDIform1::ColorBarSetup() {}
+void MDIform1::ColorBarSetup() {
+    Picture14->update();
+}
 
 void MDIform1::AddTags() {
     const WaitPointer wait;
@@ -199,9 +205,8 @@ void MDIform1::ApplyNoDocumentRule() {
         if (QAction* item = Item(name)) item->setEnabled(open);
     }
     for (const int index : {2, 3, 4, 5, 6, 8, 9, 10}) Picture1->Button(ButtonArray::Command44, index)->setEnabled(open);
-    for (QWidget* panel : {Picture14, Picture15, static_cast<QWidget*>(TabStrip1), static_cast<QWidget*>(TabStrip2)}) {
-        panel->setEnabled(open);
-    }
+    const std::array<QWidget*, 4> panels{Picture14, Picture15, TabStrip1, TabStrip2};
+    for (QWidget* panel : panels) panel->setEnabled(open);
 }
 
 QAction* MDIform1::Item(const QString& name) const {

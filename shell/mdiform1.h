@@ -20,6 +20,7 @@ class QTreeWidget;
 
 namespace vellum {
 
+class ColorBar;
 class DocumentWindow;
 class EditSurface;
 class MainToolbar;
@@ -45,7 +46,7 @@ public:
 
     // Regions, from the top.
     MainToolbar* const Picture1;
-    QWidget* const Picture14;  // colour bar
+    ColorBar* const Picture14;
     TabStrip* const clrbutton;
     QWidget* const Picture15;  // custom bar
     TabStrip* const TabStrip2;
@@ -115,6 +116,11 @@ public:
     void mnuSettingsItem(int index);
     void mnuVisualItem(int index);
     void mnuWindowItem(int index);
+    void mnuFindFileItem(int index);
+    void mnuMSAppsItem(int index);
+    void mnuManualItem(int index);
+    void mnuDidYouKnow(int index);
+    void mnuAboutItem(int index);
 
     virtual void startup();  // the tips, when the author wants them
     void ColorBarSetup();    // paints the colour bar
@@ -133,6 +139,7 @@ private:
     void BuildRegions();
     void BuildMenus();
     void WireRegions();
+    void BuildShortcuts();
     void RestoreWindow();
     void RestoreValues();
     void RestoreTypes();
@@ -145,6 +152,9 @@ private:
     void ShowRecentFiles();
     void RunToolbar(ButtonArray array, int index);
     void RunCustomBar(int tab);
+    void InsertColor(ColorNumber color);
+    void InsertOtherColor();
+    void StepDocument(int step);
     void OpenSettings();
     void ApplyNoDocumentRule();
     void ApplyLayout();

@@ -3,9 +3,11 @@
 #include "platform/edit_surface.h"
 #include "platform/icons.h"
 #include "platform/tab_strip.h"
+#include "shell/color_bar.h"
 #include "shell/mdiform1.h"
 #include "shell/menus.h"
 #include "shell/status_bar.h"
+#include "shell/tag_bar.h"
 #include "shell/toolbar.h"
 #include "shell/twip_geometry.h"
 #include "website/website_panel.h"
@@ -24,15 +26,13 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 
 namespace vellum {
 namespace {
 
 // Where Drive1 and Dir1 stand in the panel, in twips.
 constexpr int directoryLeft = 45;
-
-// The colour bar's ramps end here; its "Other!" tab stands behind them.
-constexpr int colorBarTwips = 8370;
 
 QFrame* MakeRule(QWidget* parent, const QString& name) {
     auto* rule = new QFrame(parent);
@@ -52,14 +52,6 @@ QHBoxLayout* BarLayout(QWidget* bar) {
 }  // namespace
 
 void MDIform1::BuildBars() {
-    Picture14->setObjectName("Picture14");
-    clrbutton->setObjectName("clrbutton");
-    clrbutton->AddTab("Other!", "Opens a Color Chooser Dialog Box.");
-    clrbutton->setAccessibleName(tr("Colour chooser"));
-    QHBoxLayout* colors = BarLayout(Picture14);
-    colors->addSpacing(PixelsFromTwips(colorBarTwips));
-    colors->addWidget(clrbutton);
-    colors->addStretch();
     Picture15->setObjectName("Picture15");
     TabStrip2->setObjectName("TabStrip2");
     TabStrip2->setAccessibleName(tr("Custom bar"));
@@ -70,10 +62,7 @@ void MDIform1::BuildBars() {
     custom->addStretch();
     TabStrip1->setObjectName("TabStrip1");
     TabStrip1->setAccessibleName(tr("Tag bar"));
-    for (const char* caption : {"Non-Coding Tools", "Fonts", "Forms", "Frames", "Graphics and Sound", "Lists", "Tables",
-                                "Scripts", "Style Sheets"}) {
-        TabStrip1->AddTab(caption);
-    }
+    BuildTagBar(*TabStrip1, *this);
 }
 
 void MDIform1::BuildRegions() {
@@ -98,7 +87,8 @@ void MDIform1::BuildRegions() {
     column->addWidget(MakeRule(centre, "Line1"));
     column->addWidget(Picture1);
     column->addWidget(MakeRule(centre, "Line2"));
-    for (QWidget* region : {Picture14, Picture15, static_cast<QWidget*>(TabStrip1)}) column->addWidget(region);
+    const std::array<QWidget*, 3> bars{Picture14, Picture15, TabStrip1};
+    for (QWidget* bar : bars) column->addWidget(bar);
     column->addWidget(area, 1);
     column->addWidget(Picture11);
     column->addSpacing(PixelsFromTwips(StatusBarTop(0, 0)));
@@ -131,8 +121,8 @@ void MDIform1::WireRegions() {
     connect(Picture1, &MainToolbar::Pressed, this, &MDIform1::RunToolbar);
     connect(Picture1, &MainToolbar::Hint, this, [this](const QString& text) { SetHint(text); });
     connect(TabStrip2, &TabStrip::TabClicked, this, &MDIform1::RunCustomBar);
-    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this, [this] { StepPane(1); });
-    connect(new QShortcut(Qt::SHIFT | Qt::Key_F6, this), &QShortcut::activated, this, [this] { StepPane(-1); });
+    connect(Picture14, &ColorBar::ColorTaken, this, &MDIform1::InsertColor);
+    connect(clrbutton, &TabStrip::TabClicked, this, &MDIform1::InsertOtherColor);
     connect(Text5, &QLineEdit::textChanged, this, &MDIform1::ApplyNoDocumentRule);
     connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
@@ -143,6 +133,19 @@ void MDIform1::WireRegions() {
     connect(Picture11->Picture2, &DragBar::Released, this, [this](int y) { DragPanel(y, DragPhase::Released); });
 }
 
+// Keys of no menu item. The window takes them before the text could.
+void MDIform1::BuildShortcuts() {
+    const auto add = [this](QKeyCombination key, void (MDIform1::*go)(int step), int step) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, go, step] { (this->*go)(step); });
+    };
+    add(Qt::Key_F6, &MDIform1::StepPane, 1);
+    add(Qt::SHIFT | Qt::Key_F6, &MDIform1::StepPane, -1);
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_F6}) {
+        add(Qt::CTRL | key, &MDIform1::StepDocument, 1);
+        add(Qt::CTRL | Qt::SHIFT | key, &MDIform1::StepDocument, -1);
+    }
+}
+
 // The editor takes the Tab key for itself, so F6 and Shift+F6 lead out of it, from pane to pane.
 void MDIform1::StepPane(int step) {
     QWidgetList panes;
@@ -150,7 +153,7 @@ void MDIform1::StepPane(int step) {
         panes << document->Text1;
         if (auto* commands = document->findChild<TabStrip*>("TabStrip1")) panes << commands;
     }
-    panes << Picture11->Dir1 << Picture11->File2 << Picture11->TreeView1 << TabStrip2 << TabStrip1;
+    panes << Picture11->Dir1 << Picture11->File2 << Picture11->TreeView1 << Picture14 << TabStrip2 << TabStrip1;
     panes.removeIf([](const QWidget* pane) { return !pane->isVisible() || !pane->isEnabled(); });
     if (panes.isEmpty()) return;
     const auto current = std::find_if(panes.begin(), panes.end(), [](const QWidget* pane) {

@@ -6,6 +6,7 @@
 #include "platform/settings_keys.h"
 #include "platform/tab_strip.h"
 #include "platform/units.h"
+#include "shell/color_bar.h"
 #include "shell/document_window.h"
 #include "shell/mdiform1.h"
 #include "shell/status_bar.h"

@@ -1,5 +1,4 @@
 #include "platform/programs.h"
-#include "shell/menus.h"
 #include "tests/shell/main_window_fixture.h"
 
 #include <QDir>
@@ -170,18 +169,6 @@ TEST_F(FileCommandsTest, BlankDocumentsAreNumberedAndNumbersAreNotReused) {
     Trigger("mnuClose");
     EXPECT_EQ(window->NewForm()->Caption(), "New 4");
     EXPECT_EQ(window->OpenDocCount(), "3");
-}
-
-TEST_F(FileCommandsTest, TheFileMenuHoldsItsCommandsInOrder) {
-    QStringList captions;
-    bool inFile = false;
-    for (const MenuEntry& entry : MenuTable()) {
-        if (entry.depth == 0) inFile = QLatin1String(entry.name) == QLatin1String("mnuFile");
-        if (inFile && entry.depth == 1 && *entry.name) captions << QLatin1String(entry.name) + "=" + entry.caption;
-    }
-    EXPECT_EQ(captions, (QStringList{"mnuNewItem=&New...", "mnuOpenItem=&Open...", "mnuRecentFile=Open &Recent File",
-                                     "mnuClose=&Close", "mnuCloseAll=Close All", "mnuSaveItem=Save &As...",
-                                     "mnuSaveregItem=&Save", "mnuPrintItem=&Print", "mnuExitItem=E&xit"}));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "platform/tab_strip.h"
+#include "shell/color_bar.h"
 #include "shell/status_bar.h"
 #include "shell/toolbar.h"
 #include "tests/shell/main_window_fixture.h"

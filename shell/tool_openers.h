@@ -1,0 +1,38 @@
+// The tools by name, so that a menu item and a bar item of one tool can't differ.
+#pragma once
+
+#include "shell/command.h"
+#include "tools/hrule.h"
+
+namespace vellum {
+
+inline constexpr Command anchorTool = Later();
+inline constexpr Command aspTool = Later();
+inline constexpr Command soundTool = Later();
+inline constexpr Command floatingFrameTool = Later();
+inline constexpr Command frameBuilderTool = Later();
+inline constexpr Command fontTool = Later();
+inline constexpr Command formWizardTool = Later();
+inline constexpr Command formInputTool = Later();
+inline constexpr Command horizontalRuleTool = Tool(ShowTool<HRule>);
+inline constexpr Command imageTool = Later();
+inline constexpr Command imageMapTool = Later();
+inline constexpr Command inlineStyleTool = Later();
+inline constexpr Command inTagScriptTool = Later();
+inline constexpr Command inTagStyleTool = Later();
+inline constexpr Command appletTool = Later();
+inline constexpr Command listTool = Later();
+inline constexpr Command marqueeTool = Later();
+inline constexpr Command objectTool = Later();
+inline constexpr Command paragraphTool = Later();
+inline constexpr Command parameterTool = Later();
+inline constexpr Command quickstartTool = Later();
+inline constexpr Command scriptTagTool = Later();
+inline constexpr Command scriptingTool = Later();
+inline constexpr Command searchEngineTool = Later();
+inline constexpr Command specialEffectsTool = Later();
+inline constexpr Command styleSheetTool = Later();
+inline constexpr Command tableTool = Later();
+inline constexpr Command orbiterTool = Later();
+
+}  // namespace vellum
