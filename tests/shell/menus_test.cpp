@@ -183,7 +183,7 @@ constexpr WrittenTag tags[] = {
 
 class MenusTest : public MainWindowFixture {
 protected:
-    static void Describe(const QWidget& menu, int depth, QString& text) {
+    static void Describe(const QWidget& menu, qsizetype depth, QString& text) {
         for (const QAction* item : menu.actions()) {
             text += QString(2 * depth, ' ');
             text += item->isSeparator() ? QStringLiteral("-") : item->objectName();
