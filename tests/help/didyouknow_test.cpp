@@ -29,13 +29,12 @@ const QStringList allTips{
     "Internet Explorer 5.0 or higher is used as the main preview window.",
     "Vellumcraft constructs its XHTML tree references straight from the XML DTDs.",
     "Vellumcraft has a new and improved color coding engine.",
-    "Tree References included with Vellumcraft include all three DTDs for XHTML as well as Open eBook, SVG 1.0, and "
-    "SMIL "
-    "1.0.",
+    ("Tree References included with Vellumcraft include all three DTDs for XHTML as well as Open eBook, SVG 1.0, and "
+     "SMIL 1.0."),
     "The editing and preview panes can be divided horizontally or vertically, and both are resizable.  (IE)",
     "You can select transitional, strict, or frameset references for XHTML 1.0 from the Settings box.",
-    "Right-clicking on an XML-based language in the tree reference will activate the popup tag/attribute box for that "
-    "language.",
+    ("Right-clicking on an XML-based language in the tree reference will activate the popup tag/attribute box for that "
+     "language."),
 };
 
 TEST(TipsOf, TheListInItsOrder) {
