@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -136,6 +137,8 @@ void frmSettings::BuildCustomPanel() {
     Grid1->setRowCount(customButtonCount);
     Grid1->setColumnCount(2);
     Grid1->setHorizontalHeaderLabels({"Caption", "Text Inserted"});
+    constexpr int captionLetters = 18;
+    Grid1->setColumnWidth(0, Grid1->fontMetrics().averageCharWidth() * captionLetters);
     Grid1->horizontalHeader()->setStretchLastSection(true);
     Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -246,7 +249,10 @@ void frmSettings::BuildFrame() {
     column->addWidget(TabStrip1);
     column->addWidget(panels_, 1);
     column->addLayout(buttons);
-    resize(sizeHint());  // a dialog that sizes itself stays below two thirds of the screen, which can cut off tabs
+    // A dialog that sizes itself stays below two thirds of the screen, which can cut off tabs; large fonts may need
+    // more than there is, and the tabs then get arrows.
+    TabStrip1->setUsesScrollButtons(true);
+    resize(sizeHint().boundedTo(screen()->availableSize() * 19 / 20));
     TabStrip1->setFocus();
 }
 
