@@ -94,7 +94,6 @@ void MDIform1::AddRecentFile(const QString& path) {
     files_.AddRecentFile(path);
 }
 
-void MDIform1::startup() {}
 void MDIform1::ColorBarSetup() {
     Picture14->update();
 }

@@ -1,7 +1,10 @@
 // The main window's commands on colours, other programs, help and the next document.
 #include "editor/document.h"
+#include "help/didyouknow.h"
+#include "help/frm_about.h"
 #include "help/manual.h"
 #include "platform/programs.h"
+#include "platform/settings_keys.h"
 #include "platform/tab_strip.h"
 #include "shell/mdiform1.h"
 #include "tools/framework/color_hex.h"
@@ -64,8 +67,25 @@ void MDIform1::mnuManualItem(int /*index*/) {
     LoadPage(page);
 }
 
-void MDIform1::mnuDidYouKnow(int /*index*/) {}
+// What the author went for in the tips follows when they are gone.
+void MDIform1::mnuDidYouKnow(int /*index*/) {
+    TipsChoice choice{};
+    {
+        Didyouknow tips(*this);
+        tips.exec();
+        choice = tips.Choice();
+    }
+    if (choice == TipsChoice::NewDocument) mnuNewItem(0);
+    if (choice == TipsChoice::OpenPage) mnuOpenItem(0);
+}
 
-void MDIform1::mnuAboutItem(int /*index*/) {}
+void MDIform1::startup() {
+    if (ReadSetting(settings_, keys::showStart) == QLatin1String("yes")) mnuDidYouKnow(0);
+}
+
+void MDIform1::mnuAboutItem(int /*index*/) {
+    frmAbout about(*this);
+    about.exec();
+}
 
 }  // namespace vellum

@@ -2,14 +2,18 @@
 #pragma once
 
 #include "shell/command.h"
+#include "tools/frm_anchors.h"
+#include "tools/frm_applet.h"
+#include "tools/frm_iframe.h"
+#include "tools/frm_sound.h"
 #include "tools/hrule.h"
 
 namespace vellum {
 
-inline constexpr Command anchorTool = Later();
+inline constexpr Command anchorTool = Tool(ShowTool<frmAnchors>);
 inline constexpr Command aspTool = Later();
-inline constexpr Command soundTool = Later();
-inline constexpr Command floatingFrameTool = Later();
+inline constexpr Command soundTool = Tool(ShowTool<frmSound>);
+inline constexpr Command floatingFrameTool = Tool(ShowTool<frmIFrame>);
 inline constexpr Command frameBuilderTool = Later();
 inline constexpr Command fontTool = Later();
 inline constexpr Command formWizardTool = Later();
@@ -20,7 +24,7 @@ inline constexpr Command imageMapTool = Later();
 inline constexpr Command inlineStyleTool = Later();
 inline constexpr Command inTagScriptTool = Later();
 inline constexpr Command inTagStyleTool = Later();
-inline constexpr Command appletTool = Later();
+inline constexpr Command appletTool = Tool(ShowTool<frmApplet>);
 inline constexpr Command listTool = Later();
 inline constexpr Command marqueeTool = Later();
 inline constexpr Command objectTool = Later();

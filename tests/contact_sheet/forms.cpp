@@ -4,6 +4,10 @@
 #include "help/frm_about.h"
 #include "shell/frm_settings.h"
 #include "shell/start.h"
+#include "tools/frm_anchors.h"
+#include "tools/frm_applet.h"
+#include "tools/frm_iframe.h"
+#include "tools/frm_sound.h"
 #include "tools/hrule.h"
 #include "tools/new_wizards.h"
 
@@ -60,6 +64,10 @@ const std::vector<Form>& Forms() {
         {"Didyouknow", Make<Didyouknow>},
         {"frmAbout", Make<frmAbout>},
         {"NewWizards", [](Stage&) { return std::make_unique<NewWizards>(); }},
+        {"frmAnchors", Make<frmAnchors>},
+        {"frmApplet", Make<frmApplet>},
+        {"frmIFrame", Make<frmIFrame>},
+        {"frmSound", Make<frmSound>},
         {"HRule", Make<HRule>},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},
     };
