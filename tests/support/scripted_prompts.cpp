@@ -46,7 +46,8 @@ QString ScriptedPrompts::PickFolder(QWidget* /*parent*/, const QString& /*direct
     return Take(folders).value_or(QString());
 }
 
-std::optional<ColorNumber> ScriptedPrompts::PickColor(QWidget* /*parent*/, ColorNumber /*initial*/) {
+std::optional<ColorNumber> ScriptedPrompts::PickColor(QWidget* /*parent*/, ColorNumber initial) {
+    firstColors.push_back(initial);
     return Take(colors);
 }
 

@@ -22,6 +22,7 @@ public:
     QStringList messages;   // texts of message boxes
     QStringList questions;  // "title|text" of questions
     std::vector<FileRequest> requests;
+    std::vector<ColorNumber> firstColors;  // where each color dialog started
 
     void Message(QWidget* parent, const QString& text, const QString& title) override;
     Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) override;

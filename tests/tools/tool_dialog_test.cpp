@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace vellum::test {
 namespace {
 
@@ -46,7 +48,63 @@ public:
     }
 };
 
+// A field with two notes, a second column, and a field that grows.
+class SpreadTool : public ToolDialog {
+public:
+    explicit SpreadTool(Workbench& bench) : ToolDialog(bench, "SpreadTool", "Spread") {
+        auto* const name = AddText("txtName", "Name");
+        AddNote(name, "For the first");
+        AddNote(name, "And the second");
+        auto* const large = new QWidget(Parent());
+        large->setObjectName("large");
+        AddGrowing(large);
+        AddText("txtBelow", "Below");
+        NextColumn();
+        AddText("txtBeside", "Beside");
+        Finish([] { return QString(); });
+    }
+};
+
 class ToolDialogs : public ToolFixture {};
+
+TEST_F(ToolDialogs, SetNotesBelowAFieldAndTellThemWithIt) {
+    Open<SpreadTool>([](SpreadTool& tool) {
+        const auto& field = Get<QLineEdit>(tool, "txtName");
+        EXPECT_EQ(field.accessibleDescription(), "For the first, And the second");
+        int below = field.geometry().bottom();
+        for (const char* text : {"For the first", "And the second"}) {
+            const QList<QLabel*> labels = tool.findChildren<QLabel*>();
+            const auto note =
+                std::find_if(labels.begin(), labels.end(), [&](auto* one) { return one->text() == text; });
+            ASSERT_NE(note, labels.end());
+            EXPECT_GT((*note)->y(), below);
+            EXPECT_EQ((*note)->x(), field.x());
+            below = (*note)->geometry().bottom();
+        }
+    });
+}
+
+TEST_F(ToolDialogs, GiveTheHeightToSpareToAFieldThatGrows) {
+    Open<SpreadTool>([](SpreadTool& tool) {
+        const auto& large = Get<QWidget>(tool, "large");
+        const int height = large.height();
+        tool.resize(tool.width(), tool.height() + 100);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return large.height() == height + 100; }));
+        EXPECT_GT(Get<QLineEdit>(tool, "txtBelow").y(), large.geometry().bottom());
+    });
+}
+
+TEST_F(ToolDialogs, KeepColumnsApart) {
+    Open<SpreadTool>([](SpreadTool& tool) {
+        const auto& first = Get<QLineEdit>(tool, "txtBelow");
+        for (const QLabel* label : tool.findChildren<QLabel*>()) {
+            if (label->text().remove('&') != "Beside") continue;
+            EXPECT_GT(label->x() - first.geometry().right(), 2 * tool.fontMetrics().averageCharWidth());
+            return;
+        }
+        FAIL() << "no such label";
+    });
+}
 
 TEST_F(ToolDialogs, StartInTheirFirstFieldWithItsTextSelected) {
     Open<SampleTool>([](SampleTool& tool) {

@@ -22,6 +22,7 @@ namespace {
 
 constexpr int wideField = 34;  // in characters
 constexpr int narrowField = 18;
+constexpr int columnGap = 2;
 
 void SetLeastWidth(QWidget* field, int characters) {
     field->setMinimumWidth(field->fontMetrics().averageCharWidth() * characters);
@@ -122,6 +123,7 @@ void ToolDialog::EndFrame() {
 void ToolDialog::NextColumn() {
     Place& place = places_.back();
     place.column->addStretch();
+    place.columns->addSpacing(fontMetrics().averageCharWidth() * columnGap);
     place.column = new QVBoxLayout;
     place.columns->addLayout(place.column, 1);
     place.form = nullptr;
@@ -160,6 +162,19 @@ void ToolDialog::AddField(const QString& caption, QWidget* field) {
 
 void ToolDialog::AddField(const QString& caption, QWidget* field, QWidget* beside) {
     AddRow(caption, field, beside);
+}
+
+void ToolDialog::AddNote(QWidget* field, const QString& text) {
+    auto* note = new QLabel(text, Parent());
+    places_.back().form->addRow(QString(), note);
+    const QString before = field->accessibleDescription();
+    field->setAccessibleDescription(before.isEmpty() ? text : before + QStringLiteral(", ") + text);
+}
+
+void ToolDialog::AddGrowing(QWidget* field) {
+    Place& place = places_.back();
+    place.column->addWidget(field, 1);
+    place.form = nullptr;
 }
 
 QLineEdit* ToolDialog::MakeText(const QString& name, const QString& initial) {
@@ -207,7 +222,7 @@ QPushButton* ToolDialog::MakeFieldButton(const QString& fieldName, const QString
 }
 
 QComboBox* ToolDialog::AddColor(const QString& name, const QString& caption, const QString& button, ColorStart start) {
-    QComboBox* const field = MakeCombo(name, ColorNames(), {});
+    QComboBox* const field = MakeCombo(name, ColorNames());
     QPushButton* const choose = MakeFieldButton(name, button, caption);
     choose->setToolTip(tr("Opens the color dialog"));
     connect(choose, &QPushButton::clicked, this, [this, field, start] {
@@ -220,7 +235,7 @@ QComboBox* ToolDialog::AddColor(const QString& name, const QString& caption, con
 
 QLineEdit* ToolDialog::AddFile(const QString& name, const QString& caption, const QString& button,
                                const QString& filter, const std::function<void(const QString& path)>& chosen) {
-    QLineEdit* const field = MakeText(name, {});
+    QLineEdit* const field = MakeText(name);
     QPushButton* const find = MakeFieldButton(name, button, caption);
     find->setToolTip(tr("Picks a file of the website directory"));
     connect(find, &QPushButton::clicked, this, [this, field, filter, chosen] {

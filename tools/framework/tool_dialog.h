@@ -70,8 +70,17 @@ protected:
     // Any widget as a field; with an empty caption it takes the whole row.
     void AddField(const QString& caption, QWidget* field);
     void AddField(const QString& caption, QWidget* field, QWidget* beside);
-    // Where widgets for AddField belong.
+    // A widget that takes the whole width, and the height that a larger form has to spare.
+    void AddGrowing(QWidget* field);
+    // Where widgets for AddField belong, and the usual ones, which the calls above add themselves.
     [[nodiscard]] QWidget* Parent() const;
+    [[nodiscard]] QLineEdit* MakeText(const QString& name, const QString& initial = {});
+    [[nodiscard]] QComboBox* MakeCombo(const QString& name, const QStringList& values, const QString& initial = {});
+    // Named `cmd` instead of the field's first three letters.
+    [[nodiscard]] QPushButton* MakeFieldButton(const QString& fieldName, const QString& caption,
+                                               const QString& fieldCaption);
+    // A line below the field that was added last, which a screen reader tells with `field`.
+    void AddNote(QWidget* field, const QString& text);
 
     // OK, which hands over what `build` gives, and Cancel. The last call of a constructor.
     void Finish(const std::function<QString()>& build, OnCancel onCancel = OnCancel::Leave);
@@ -92,12 +101,9 @@ private:
     };
 
     static Place PlaceIn(QWidget* parent);
-    QLineEdit* MakeText(const QString& name, const QString& initial);
-    QComboBox* MakeCombo(const QString& name, const QStringList& values, const QString& initial);
     void AddRow(const QString& caption, QWidget* buddy, QWidget* beside);
     void FocusFirstField();  // of the pane that shows, or of the form
     void AddButtonRow(std::initializer_list<QPushButton*> buttons);
-    QPushButton* MakeFieldButton(const QString& fieldName, const QString& caption, const QString& fieldCaption);
 
     QBoxLayout* outer_;
     QTabWidget* tabs_ = nullptr;
