@@ -4,9 +4,13 @@
 #include "help/frm_about.h"
 #include "shell/frm_settings.h"
 #include "shell/start.h"
+#include "tools/asp.h"
 #include "tools/frm_anchors.h"
 #include "tools/frm_applet.h"
+#include "tools/frm_fonts.h"
+#include "tools/frm_graphics.h"
 #include "tools/frm_iframe.h"
+#include "tools/frm_param.h"
 #include "tools/frm_sound.h"
 #include "tools/hrule.h"
 #include "tools/new_wizards.h"
@@ -69,6 +73,10 @@ const std::vector<Form>& Forms() {
         {"frmIFrame", Make<frmIFrame>},
         {"frmSound", Make<frmSound>},
         {"HRule", Make<HRule>},
+        {"frmFonts", Make<frmFonts>},
+        {"frmParam", Make<frmParam>},
+        {"ASP", Make<ASP>},
+        {"frmGraphics", Make<frmGraphics>},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},
     };
     return forms;
