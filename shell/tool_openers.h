@@ -2,24 +2,28 @@
 #pragma once
 
 #include "shell/command.h"
+#include "tools/asp.h"
 #include "tools/frm_anchors.h"
 #include "tools/frm_applet.h"
+#include "tools/frm_fonts.h"
+#include "tools/frm_graphics.h"
 #include "tools/frm_iframe.h"
+#include "tools/frm_param.h"
 #include "tools/frm_sound.h"
 #include "tools/hrule.h"
 
 namespace vellum {
 
 inline constexpr Command anchorTool = Tool(ShowTool<frmAnchors>);
-inline constexpr Command aspTool = Later();
+inline constexpr Command aspTool = Tool(ShowTool<ASP>);
 inline constexpr Command soundTool = Tool(ShowTool<frmSound>);
 inline constexpr Command floatingFrameTool = Tool(ShowTool<frmIFrame>);
 inline constexpr Command frameBuilderTool = Later();
-inline constexpr Command fontTool = Later();
+inline constexpr Command fontTool = Tool(ShowTool<frmFonts>);
 inline constexpr Command formWizardTool = Later();
 inline constexpr Command formInputTool = Later();
 inline constexpr Command horizontalRuleTool = Tool(ShowTool<HRule>);
-inline constexpr Command imageTool = Later();
+inline constexpr Command imageTool = Tool(ShowTool<frmGraphics>);
 inline constexpr Command imageMapTool = Later();
 inline constexpr Command inlineStyleTool = Later();
 inline constexpr Command inTagScriptTool = Later();
@@ -29,7 +33,7 @@ inline constexpr Command listTool = Later();
 inline constexpr Command marqueeTool = Later();
 inline constexpr Command objectTool = Later();
 inline constexpr Command paragraphTool = Later();
-inline constexpr Command parameterTool = Later();
+inline constexpr Command parameterTool = Tool(ShowTool<frmParam>);
 inline constexpr Command quickstartTool = Later();
 inline constexpr Command scriptTagTool = Later();
 inline constexpr Command scriptingTool = Later();
