@@ -116,6 +116,10 @@ void ToolDialog::BeginFrame(const QString& caption) {
     places_.push_back(PlaceIn(frame));
 }
 
+void ToolDialog::BeginPanel(QWidget* panel) {
+    places_.push_back(PlaceIn(panel));
+}
+
 void ToolDialog::EndFrame() {
     places_.pop_back();
 }
@@ -279,15 +283,20 @@ void ToolDialog::AddButtonRow(std::initializer_list<QPushButton*> buttons) {
 }
 
 void ToolDialog::Finish(const std::function<QString()>& build, OnCancel onCancel) {
-    onCancel_ = onCancel;
-    auto* ok = new QPushButton(QStringLiteral("&OK"), this);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
+    const QPushButton* const ok = FinishWithButton(QStringLiteral("cmdOK"), QStringLiteral("&OK"), onCancel);
     connect(ok, &QPushButton::clicked, this, [this, build] { HandOver(build()); });
+}
+
+QPushButton* ToolDialog::FinishWithButton(const QString& name, const QString& caption, OnCancel onCancel) {
+    onCancel_ = onCancel;
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    button->setDefault(true);
     auto* cancel = new QPushButton(QStringLiteral("&Cancel"), this);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    AddButtonRow({ok, cancel});
+    AddButtonRow({button, cancel});
+    return button;
 }
 
 void ToolDialog::FinishWithCancel(OnCancel onCancel) {

@@ -50,6 +50,8 @@ protected:
     [[nodiscard]] int VisiblePane() const;  // from 0; -1 without panes
     // A frame with a caption, up to EndFrame.
     void BeginFrame(const QString& caption);
+    // The same on a widget of the tool's own, which gets a layout by it.
+    void BeginPanel(QWidget* panel);
     void EndFrame();
     // What is added next stands in a column to the right of what the pane holds so far.
     void NextColumn();
@@ -86,6 +88,8 @@ protected:
     void Finish(const std::function<QString()>& build, OnCancel onCancel = OnCancel::Leave);
     // The same with Cancel alone, for tools whose fields have OK buttons of their own.
     void FinishWithCancel(OnCancel onCancel = OnCancel::Leave);
+    // The same with a button of the tool's own in the place of OK: the tool connects what it does.
+    QPushButton* FinishWithButton(const QString& name, const QString& caption, OnCancel onCancel = OnCancel::Leave);
     // Closes the tool and leaves the text to whoever opened it.
     void HandOver(const QString& markup);
 
