@@ -268,9 +268,7 @@ void MDIform1::OpenSettings() {
 }
 
 void MDIform1::mnuNewItem(int /*index*/) {
-    NewWizards dialog(this);
-    dialog.exec();
-    if (dialog.Choice()) NewForm();
+    ShowNewWizards(*this);
 }
 
 void MDIform1::mnuOpenItem(int /*index*/) {

@@ -1,6 +1,10 @@
 #include "tools/new_wizards.h"
 
+#include "editor/document.h"
+#include "editor/workbench.h"
 #include "platform/icons.h"
+#include "tools/form_wizard.h"
+#include "tools/page_skeletons.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -17,18 +21,64 @@ namespace {
 
 constexpr int columns = 3;
 
-// In the order of the labels.
-constexpr std::array icons{"blank-document", "quickstart", "resume",      "frames",     "slide-show",
-                           "structural",     "contents",   "application", "style-sheet"};
+void StartFrameset(Workbench& bench) {
+    const Document* const document = bench.ActiveDocument();
+    if (!document) return;
+    document->Text1->SetText(FramesetSkeleton());
+    bench.Smartcolor();
+    document->Text1->SetSelStart(document->Text1->Length() - framesetFromEnd);
+    ShowFrameBuilder(bench);
+}
+
+void StartStructure(Workbench& bench) {
+    QString markup = StructuralSkeleton();
+    bench.PortableColor(markup);
+}
+
+struct Choice {
+    const char* label;
+    const char* icon;
+    void (*follow)(Workbench&);  // what is done with the blank document; null leaves it blank
+};
+
+constexpr std::array<Choice, 9> choices{{
+    {"Blank Document", "blank-document", nullptr},
+    {"Quickstart Wizard", "quickstart", nullptr},
+    {"Resume Wizard", "resume", nullptr},
+    {"Frame Builder", "frames", StartFrameset},
+    {"Slide Show Wizard", "slide-show", nullptr},
+    {"Structural Tags", "structural", StartStructure},
+    {"Table of Contents", "contents", nullptr},
+    {"HTML Application", "application", nullptr},
+    {"External Style Sheet", "style-sheet", nullptr},
+}};
+
+const Choice& ChoiceAt(int index) {
+    return choices.at(static_cast<std::size_t>(index));
+}
+
+std::optional<int> AskForChoice(Workbench& bench) {
+    NewWizards dialog(bench.Window());
+    dialog.exec();
+    return dialog.Choice();
+}
 
 }  // namespace
 
 const QStringList& NewWizardLabels() {
-    static const QStringList labels{
-        "Blank Document",  "Quickstart Wizard", "Resume Wizard",    "Frame Builder",        "Slide Show Wizard",
-        "Structural Tags", "Table of Contents", "HTML Application", "External Style Sheet",
-    };
+    static const QStringList labels = [] {
+        QStringList list;
+        for (const Choice& choice : choices) list << choice.label;
+        return list;
+    }();
     return labels;
+}
+
+void ShowNewWizards(Workbench& bench) {
+    const std::optional<int> index = AskForChoice(bench);
+    if (!index) return;
+    bench.NewForm();
+    if (const auto follow = ChoiceAt(*index).follow) follow(bench);
 }
 
 NewWizards::NewWizards(QWidget* parent) : QDialog(parent) {
@@ -52,7 +102,7 @@ void NewWizards::AddChoice(int index, QGridLayout* grid) {
     const QString& text = NewWizardLabels().at(index);
     auto* picture = new QToolButton(this);
     picture->setObjectName(QString("Image1(%1)").arg(index));
-    picture->setIcon(OwnIcon(icons.at(static_cast<std::size_t>(index))));
+    picture->setIcon(OwnIcon(ChoiceAt(index).icon));
     picture->setIconSize({48, 48});
     picture->setAutoRaise(true);
     picture->setFocusPolicy(Qt::StrongFocus);

@@ -13,6 +13,8 @@ class QToolButton;
 
 namespace vellum {
 
+class Workbench;
+
 // The labels of the choices, in their order: a choice is told by its index here, from 0.
 [[nodiscard]] const QStringList& NewWizardLabels();
 
@@ -44,5 +46,8 @@ private:
     std::vector<QLabel*> Label1;
     std::optional<int> choice_;
 };
+
+// Asks for a choice, opens a blank document for it, and runs what follows. Cancel opens nothing.
+void ShowNewWizards(Workbench& bench);
 
 }  // namespace vellum
