@@ -8,6 +8,8 @@
 namespace vellum {
 namespace {
 
+constexpr int leastWidth = 40;  // in characters, so that the window's caption is seen whole
+
 std::optional<FrameDirection> AskDirection(Workbench& bench) {
     FormWizard wizard(bench);
     wizard.exec();
@@ -21,6 +23,7 @@ FormWizard::FormWizard(Workbench& bench) : ToolDialog(bench, "FormWizard", "Fram
     optRows = new QRadioButton("Start With &Rows", Parent());
     optRows->setObjectName("optRows");
     optRows->setChecked(true);
+    optRows->setMinimumWidth(fontMetrics().averageCharWidth() * leastWidth);
     AddField({}, optRows);
     optColumns = new QRadioButton("Start With C&olumns", Parent());
     optColumns->setObjectName("optColumns");

@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace {
 constexpr int overWidth = 100;
 constexpr int overHeight = 200;
 
-constexpr int cellPadding = 12;  // in pixels, both sides together
+constexpr int cellPadding = 20;  // in pixels, both sides together
 
 int OverfullPixels(int gridPixels, int overTwips) {
     return PixelsFromTwips(TwipsFromPixels(gridPixels) + overTwips);
@@ -34,6 +35,7 @@ FrameGrid::FrameGrid(Qt::Orientation along, QWidget* parent) : QTableWidget(1, 1
     }
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setShowGrid(false);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(NoSelection);  // the mark is one over all grids, so the form sets it
     setTabKeyNavigation(false);
@@ -104,6 +106,24 @@ void FrameGrid::wheelEvent(QWheelEvent* event) {
 
 // A drag would carry the keyboard's place away from the frame that is marked.
 void FrameGrid::mouseMoveEvent(QMouseEvent* /*event*/) {}
+
+// The lines between the frames: those of a table are hardly seen on a dark desktop.
+void FrameGrid::paintEvent(QPaintEvent* event) {
+    QTableWidget::paintEvent(event);
+    constexpr int lineOpacity = 130;
+    QColor color = palette().color(QPalette::Text);
+    color.setAlpha(lineOpacity);
+    QPainter painter(viewport());
+    painter.setPen(color);
+    for (int frame = 1; frame < FrameCount(); ++frame) {
+        const QPoint edge = visualRect(IndexOf(frame)).topLeft();
+        if (Stacked()) {
+            painter.drawLine(0, edge.y(), viewport()->width(), edge.y());
+        } else {
+            painter.drawLine(edge.x(), 0, edge.x(), viewport()->height());
+        }
+    }
+}
 
 void FrameGrid::resizeEvent(QResizeEvent* event) {
     QTableWidget::resizeEvent(event);

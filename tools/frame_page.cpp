@@ -15,7 +15,18 @@
 namespace vellum {
 namespace {
 
-constexpr QSize roomy(680, 480);  // pixels, as the page opens where its fonts need no more
+constexpr QSize roomy(680, 520);  // pixels, as the page opens where its fonts need no more
+
+// In characters.
+constexpr int numberWidth = 6;
+constexpr int sizeWidth = 9;
+constexpr int textWidth = 16;
+
+constexpr int columnGap = 18;  // pixels
+
+void SetLeastWidth(QLineEdit* field, int characters) {
+    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * characters);
+}
 
 QString Indexed(const QString& name, int index) {
     return QStringLiteral("%1(%2)").arg(name).arg(index);
@@ -60,8 +71,12 @@ void FramePage::AddNumberStep() {
     auto* const step = new QWidget(steps_);
     step->setObjectName("Stepper(0)");
     steps_->addWidget(step);
-    BeginPanel(step);
+    auto* const question = new QWidget(step);
+    (new QVBoxLayout(step))->addWidget(question, 0, Qt::AlignCenter);
+    BeginPanel(question);
     txtNumber = AddText("txtNumber", columnsFirst_ ? "Number &Of Columns (1 - 4)" : "Number &Of Rows (1 - 4)");
+    SetLeastWidth(txtNumber, numberWidth);
+    txtNumber->setMaximumWidth(txtNumber->minimumWidth());
     EndFrame();
 }
 
@@ -69,7 +84,7 @@ void FramePage::AddFrameStep() {
     auto* const step = new QWidget(steps_);
     step->setObjectName("Stepper(1)");
     steps_->addWidget(step);
-    auto* const parts = new QHBoxLayout(step);
+    auto* const parts = new QVBoxLayout(step);
     parts->setContentsMargins(0, 0, 0, 0);
     auto* const lines = new QBoxLayout(columnsFirst_ ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     parts->addLayout(lines, 1);
@@ -78,6 +93,7 @@ void FramePage::AddFrameStep() {
         lines->addWidget(lines_.at(static_cast<std::size_t>(line)).panel, 1);
     }
     details_ = new QStackedWidget(step);
+    details_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     parts->addWidget(details_);
     auto* const hint = new QLabel(tr("Select a frame to edit it."), details_);
     hint->setAlignment(Qt::AlignCenter);
@@ -94,12 +110,21 @@ void FramePage::AddDetails(QWidget* parent) {
     BeginPanel(picControl);
     txtName = AddText("txtName", "Frame Name");
     txtSource = AddFile("txtSource", "Frame Source", "Find", {});
+    for (QLineEdit* field : {txtName, txtSource}) SetLeastWidth(field, textWidth);
+    NextColumn();
     txtWidth = AddText("txtWidth", "Frame Width");
     txtHeight = AddText("txtHeight", "Frame Height");
+    for (QLineEdit* field : {txtWidth, txtHeight}) SetLeastWidth(field, sizeWidth);
+    NextColumn();
     chkScrollbars = AddCheck("chkScrollbars", "Scrollbars");
     chkBorder = AddCheck("chkBorder", "Frame Border");
     chkResize = AddCheck("chkResize", "Resizable");
     EndFrame();
+    // Names are longer than sizes, and check boxes don't grow.
+    auto* const columns = static_cast<QBoxLayout*>(picControl->layout());
+    columns->setSpacing(columnGap);
+    columns->setStretch(0, 2);
+    columns->setStretch(2, 0);
     FollowEdits();
 }
 

@@ -14,7 +14,7 @@ namespace vellum {
 
 class FrameGrid;
 
-// Both pages: how many lines, then the lines with their frames, and beside them the fields of the one that was pressed.
+// Both pages: how many lines, then the lines with their frames, and below them the fields of the one that was pressed.
 class FramePage : public ToolDialog {
     Q_OBJECT
 public:

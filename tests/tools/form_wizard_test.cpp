@@ -11,8 +11,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include <deque>
-
 namespace vellum::test {
 namespace {
 
@@ -46,6 +44,7 @@ protected:
     template <typename Page>
     void OpenPage(const QString& lines, const std::function<void(Page&)>& steps) {
         Open<Page>([&](Page& page) {
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
             Type(page, "txtNumber", lines);
             Click(page, "cmdNext");
             steps(page);
@@ -92,62 +91,21 @@ TEST_F(FrameBuilder, AsksForTheDirectionFirst) {
     EXPECT_EQ(Text(), "");
 }
 
-// Runs one step after another, each on the form that is in front then.
-class Script {
-public:
-    template <typename Form>
-    void On(const std::function<void(Form&)>& step) {
-        steps_.push_back([step](QWidget* front) {
-            auto* const form = qobject_cast<Form*>(front);
-            if (form) step(*form);
-            return form != nullptr;
-        });
-    }
-
-    void Run(const std::function<void()>& command) {
-        QElapsedTimer since;
-        since.start();
-        QTimer poll;
-        QObject::connect(&poll, &QTimer::timeout, [&] { Turn(since); });
-        poll.start(5);
-        command();
-        EXPECT_TRUE(steps_.empty()) << steps_.size() << " forms did not come";
-    }
-
-private:
-    void Turn(const QElapsedTimer& since) {
-        constexpr int patience = 10000;
-        QWidget* const front = QApplication::activeModalWidget();
-        if (!front) return;
-        if (!steps_.empty() && front != last_) {
-            const auto step = steps_.front();
-            last_ = front;
-            if (step(front)) return steps_.pop_front();
-            last_ = nullptr;
-        }
-        if (!steps_.empty() && since.elapsed() < patience) return;
-        if (auto* const dialog = qobject_cast<QDialog*>(front)) {
-            ADD_FAILURE() << front->objectName().toStdString() << " was left open";
-            dialog->reject();
-        }
-    }
-
-    std::deque<std::function<bool(QWidget*)>> steps_;
-    QPointer<QWidget> last_;
-};
-
 TEST_F(FrameBuilder, StartsWithRowsByTheKeyboardAlone) {
-    Script script;
-    script.On<FormWizard>([](FormWizard& form) { QTest::keyClick(form.focusWidget(), Qt::Key_Return); });
-    script.On<FormWizard3>([](FormWizard3& page) {
+    const auto next = [](FormWizard& form) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+    };
+    const auto layOut = [](FormWizard3& page) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
         EXPECT_TRUE(Get<QLineEdit>(page, "txtNumber").hasFocus());
         QTest::keyClicks(page.focusWidget(), "2");
         QTest::keyClick(page.focusWidget(), Qt::Key_Return);
         EXPECT_EQ(page.focusWidget(), &Grid(page, 0));
         QTest::keyClick(&page, Qt::Key_F, Qt::AltModifier);  // the button goes down for a moment first
         EXPECT_TRUE(QTest::qWaitFor([&] { return !page.isVisible(); }));
-    });
-    script.Run([this] { ShowFrameBuilder(bench); });
+    };
+    InModal<FormWizard3>([&] { InModal<FormWizard>([this] { ShowFrameBuilder(bench); }, next); }, layOut);
     EXPECT_EQ(Text(),
               "<frameset rows=\"50%,50%\">\r\n"
               "<frame src=\"\" name=\"Row1Col1\" frameborder=\"0\" scrolling=\"no\" noresize=\"noresize\">\r\n"
@@ -158,17 +116,16 @@ TEST_F(FrameBuilder, StartsWithRowsByTheKeyboardAlone) {
 }
 
 TEST_F(FrameBuilder, StartsWithColumns) {
-    Script script;
-    script.On<FormWizard>([](FormWizard& form) {
+    const auto next = [](FormWizard& form) {
         Click(form, "optColumns");
         Click(form, "cmdNext");
-    });
-    script.On<FormWizard2>([](FormWizard2& page) {
+    };
+    const auto layOut = [](FormWizard2& page) {
         Type(page, "txtNumber", "1");
         Click(page, "cmdNext");
         Click(page, "cmdNext");
-    });
-    script.Run([this] { ShowFrameBuilder(bench); });
+    };
+    InModal<FormWizard2>([&] { InModal<FormWizard>([this] { ShowFrameBuilder(bench); }, next); }, layOut);
     EXPECT_EQ(Text(),
               "<frame src=\"\" name=\"Col1Row1\" frameborder=\"0\" scrolling=\"no\" noresize=\"noresize\">\r\n");
 }
@@ -273,7 +230,7 @@ TEST_F(FrameBuilder, TheMainWindowTakesNoInputMeanwhile) {
     EXPECT_EQ(window.focusWidget(), document.Text1);
     EXPECT_EQ(Text(), "");
 
-    Open<FormWizard3>([](FormWizard3& page) { QTest::keyClick(page.focusWidget(), Qt::Key_Escape); });
+    Open<FormWizard3>([](FormWizard3& page) { QTest::keyClick(&page, Qt::Key_Escape); });
     EXPECT_TRUE(window.isEnabled());
     EXPECT_EQ(Text(), "");
 }
@@ -388,6 +345,19 @@ TEST_F(FrameBuilder, WritesWhatWasTypedOfEachFrame) {
     ASSERT_EQ(bench.prompts.requests.size(), 2U);
     EXPECT_EQ(bench.prompts.requests[0].directory, folder.path());
     EXPECT_EQ(bench.prompts.requests[0].filter, "");
+}
+
+// A frame that was added after the width was typed has its own entry still.
+TEST_F(FrameBuilder, PressingAFrameEditsNothing) {
+    OpenPage<FormWizard2>("2", [](FormWizard2& page) {
+        PressFrame(page, 0, 0);
+        Type(page, "txtWidth", "200");
+        Click(page, "cndPlus(0)");
+        PressFrame(page, 0, 1);
+        EXPECT_EQ(Field(page, "txtWidth"), "50%");
+        Click(page, "cmdNext");
+    });
+    EXPECT_TRUE(Text().startsWith("<frameset cols=\"200,50%\">\r\n")) << Text().toStdString();
 }
 
 TEST_F(FrameBuilder, OnRowsTheHeightBelongsToTheLine) {
@@ -568,17 +538,16 @@ protected:
         opening.website = folder.path();
     }
     // Chooses from the dialog by a click on its picture.
-    static void Pick(Script& script, int index) {
-        script.On<NewWizards>([index](NewWizards& form) { Click(form, Indexed("Image1", index)); });
+    void Pick(int index) {
+        InModal<NewWizards>([this] { ShowNewWizards(opening); },
+                            [index](NewWizards& form) { Click(form, Indexed("Image1", index)); });
     }
 
     OpeningWorkbench opening;
-    Script script;
 };
 
 TEST_F(NewDialog, CancelOpensNothing) {
-    script.On<NewWizards>([](NewWizards& form) { Click(form, "cmdCancel"); });
-    script.Run([this] { ShowNewWizards(opening); });
+    InModal<NewWizards>([this] { ShowNewWizards(opening); }, [](NewWizards& form) { Click(form, "cmdCancel"); });
     EXPECT_EQ(opening.made.size(), 0);
     EXPECT_EQ(opening.OpenDocCount(), "1");
 }
@@ -587,8 +556,7 @@ TEST_F(NewDialog, CancelOpensNothing) {
 TEST_F(NewDialog, OpensABlankDocument) {
     int opened = 0;
     for (const int index : {0, 1, 2, 4, 6, 7, 8}) {
-        Pick(script, index);
-        script.Run([this] { ShowNewWizards(opening); });
+        Pick(index);
         ASSERT_EQ(opening.made.size(), ++opened) << index;
         EXPECT_EQ(opening.made.last()->Text1->Text(), "") << index;
         EXPECT_EQ(opening.made.last()->Caption(), QString("New %1").arg(opened + 1));
@@ -598,8 +566,7 @@ TEST_F(NewDialog, OpensABlankDocument) {
 }
 
 TEST_F(NewDialog, WritesTheStructuralTags) {
-    Pick(script, 5);
-    script.Run([this] { ShowNewWizards(opening); });
+    Pick(5);
     ASSERT_EQ(opening.made.size(), 1);
     Document& page = *opening.made.last();
     EXPECT_EQ(page.Text1->Text(),
@@ -621,17 +588,18 @@ const QString beforeFrames =
 const QString behindFrames = "\r\n\r\n<body>\r\n&nbsp\r\n</body>\r\n</html>";
 
 TEST_F(NewDialog, PutsFramesAmongTheEmptyLines) {
-    Pick(script, 3);
-    script.On<FormWizard>([this](FormWizard& form) {
+    const auto next = [this](FormWizard& form) {
         EXPECT_EQ(opening.made.last()->Text1->Text(), beforeFrames + behindFrames) << "before the wizard";
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
         QTest::keyClick(form.focusWidget(), Qt::Key_Return);
-    });
-    script.On<FormWizard3>([](FormWizard3& page) {
+    };
+    const auto layOut = [](FormWizard3& page) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
         QTest::keyClicks(page.focusWidget(), "1");
         QTest::keyClick(page.focusWidget(), Qt::Key_Return);
         Click(page, "cmdNext");
-    });
-    script.Run([this] { ShowNewWizards(opening); });
+    };
+    InModal<FormWizard3>([&] { InModal<FormWizard>([this] { Pick(3); }, next); }, layOut);
     ASSERT_EQ(opening.made.size(), 1);
     Document& page = *opening.made.last();
     EXPECT_EQ(page.Text1->Text(),
@@ -639,29 +607,25 @@ TEST_F(NewDialog, PutsFramesAmongTheEmptyLines) {
                   "<frame src=\"\" name=\"Row1Col1\" frameborder=\"0\" scrolling=\"no\" noresize=\"noresize\">\r\n" +
                   behindFrames);
     EXPECT_EQ(Text(), "");
-    // The wizard's markup is one step.
     page.HandleUndo();
-    EXPECT_EQ(page.Text1->Text(), beforeFrames + behindFrames);
+    EXPECT_EQ(page.Text1->Text(), beforeFrames + behindFrames) << "the wizard's markup is one step";
 }
 
 TEST_F(NewDialog, ACancelledWizardLeavesThePageOpen) {
-    Pick(script, 3);
-    script.On<FormWizard>([](FormWizard& form) { Click(form, "cmdCancel"); });
-    script.Run([this] { ShowNewWizards(opening); });
+    InModal<FormWizard>([this] { Pick(3); }, [](FormWizard& form) { Click(form, "cmdCancel"); });
     ASSERT_EQ(opening.made.size(), 1);
     EXPECT_EQ(opening.made.last()->Text1->Text(), beforeFrames + behindFrames);
 
-    Pick(script, 3);
-    script.On<FormWizard>([](FormWizard& form) {
+    const auto next = [](FormWizard& form) {
         Click(form, "optColumns");
         Click(form, "cmdNext");
-    });
-    script.On<FormWizard2>([](FormWizard2& page) {
+    };
+    const auto giveUp = [](FormWizard2& page) {
         Type(page, "txtNumber", "2");
         Click(page, "cmdNext");
         Click(page, "cmdCancel");
-    });
-    script.Run([this] { ShowNewWizards(opening); });
+    };
+    InModal<FormWizard2>([&] { InModal<FormWizard>([this] { Pick(3); }, next); }, giveUp);
     ASSERT_EQ(opening.made.size(), 2);
     EXPECT_EQ(opening.made.last()->Text1->Text(), beforeFrames + behindFrames);
     EXPECT_EQ(window.focusWidget(), opening.made.last()->Text1);
