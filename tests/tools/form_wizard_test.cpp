@@ -158,7 +158,7 @@ TEST_F(FrameBuilder, RefusesNumbersOutsideOneToFour) {
             Type(page, "txtNumber", text);
             Click(page, "cmdNext");
             EXPECT_EQ(bench.prompts.messages.size(), ++asked) << text;
-            EXPECT_EQ(bench.prompts.messages.last(), "Invalid Value");
+            EXPECT_EQ(bench.prompts.messages.value(asked - 1), "Invalid Value") << text;
             EXPECT_TRUE(Get<QWidget>(page, "Stepper(0)").isVisible()) << text;
             EXPECT_EQ(page.focusWidget(), &Get<QLineEdit>(page, "txtNumber"));
         }
