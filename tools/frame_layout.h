@@ -23,13 +23,13 @@ inline constexpr int mostFrames = 4;  // lines in all, and frames in a line
 template <typename Value>
 class FrameTable {
 public:
-    Value& operator[](FrameCell cell) { return values_.at(Index(cell)); }
-    const Value& operator[](FrameCell cell) const { return values_.at(Index(cell)); }
+    Value& operator[](FrameCell cell) { return lines_.at(Index(cell.line)).at(Index(cell.frame)); }
+    const Value& operator[](FrameCell cell) const { return lines_.at(Index(cell.line)).at(Index(cell.frame)); }
 
 private:
-    static std::size_t Index(FrameCell cell) { return static_cast<std::size_t>(cell.line * mostFrames + cell.frame); }
+    static std::size_t Index(int number) { return static_cast<std::size_t>(number); }
 
-    std::array<Value, std::size_t{mostFrames} * mostFrames> values_{};
+    std::array<std::array<Value, mostFrames>, mostFrames> lines_{};
 };
 
 class FrameLayout {

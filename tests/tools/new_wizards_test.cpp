@@ -1,5 +1,9 @@
 #include "tools/new_wizards.h"
 
+#include "tests/tools/tool_fixture.h"
+#include "tools/form_wizard.h"
+#include "tools/frame_page.h"
+
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -8,7 +12,7 @@
 
 #include <gtest/gtest.h>
 
-namespace vellum {
+namespace vellum::test {
 namespace {
 
 class Wizards : public testing::Test {
@@ -131,5 +135,124 @@ TEST_F(Wizards, EnterOnCancelCancels) {
     EXPECT_EQ(dialog.Choice(), std::nullopt);
 }
 
+// A main window that opens documents.
+class OpeningWorkbench : public ToolWorkbench {
+public:
+    Document* CreateDocument() override {
+        auto* const document = new PlainDocument(*this, window);
+        document->setGeometry(0, 0, 800, 600);
+        document->Text1->setGeometry(0, 0, 800, 600);
+        document->show();
+        made << document;
+        active = document;
+        return document;
+    }
+
+    QList<Document*> made;
+};
+
+class NewDialog : public ToolFixture {
+protected:
+    void SetUp() override {
+        ToolFixture::SetUp();
+        opening.window = &window;
+        opening.active = &document;
+        opening.website = folder.path();
+    }
+    // Chooses from the dialog by a click on its picture.
+    void Pick(int index) {
+        InModal<NewWizards>([this] { ShowNewWizards(opening); },
+                            [index](NewWizards& form) { Click(form, QString("Image1(%1)").arg(index)); });
+    }
+
+    OpeningWorkbench opening;
+};
+
+TEST_F(NewDialog, CancelOpensNothing) {
+    InModal<NewWizards>([this] { ShowNewWizards(opening); }, [](NewWizards& form) { Click(form, "cmdCancel"); });
+    EXPECT_EQ(opening.made.size(), 0);
+    EXPECT_EQ(opening.OpenDocCount(), "1");
+}
+
+// The wizards of some choices are still to come, and those open a blank document too.
+TEST_F(NewDialog, OpensABlankDocument) {
+    int opened = 0;
+    for (const int index : {0, 1, 2, 4, 6, 7, 8}) {
+        Pick(index);
+        ASSERT_EQ(opening.made.size(), ++opened) << index;
+        EXPECT_EQ(opening.made.last()->Text1->Text(), "") << index;
+        EXPECT_EQ(opening.made.last()->Caption(), QString("New %1").arg(opened + 1));
+        EXPECT_EQ(opening.OpenDocCount(), QString::number(opened + 1));
+    }
+    EXPECT_TRUE(opening.prompts.messages.isEmpty());
+}
+
+TEST_F(NewDialog, WritesTheStructuralTags) {
+    Pick(5);
+    ASSERT_EQ(opening.made.size(), 1);
+    Document& page = *opening.made.last();
+    EXPECT_EQ(page.Text1->Text(),
+              "<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Transitional//EN\" \"DTD/xhtml1-transitional.dtd\">\r\n"
+              "<html xmlns=\"http://www.w3.org/1999/xhtml\">\r\n<head>\r\n<title></title>\r\n</head>\r\n"
+              "<body>\r\n\r\n</body>\r\n</html>");
+    EXPECT_FALSE(page.Saver());
+    page.ProcessUndo();
+    EXPECT_EQ(Text(), "") << "the document that was open before";
+}
+
+const QString beforeFrames =
+    "<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Frameset//EN\" \"DTD/xhtml1-frameset.dtd\">\r\n"
+    "<html xmlns=\"http://www.w3.org/1999/xhtml\">\r\n"
+    "<head xmlns=\"http://www.w3.org/1999/xhtml\">\r\n"
+    "<title>Title Goes Here</title>\r\n"
+    "</head>\r\n"
+    "\r\n";
+const QString behindFrames = "\r\n\r\n<body>\r\n&nbsp\r\n</body>\r\n</html>";
+
+TEST_F(NewDialog, PutsFramesAmongTheEmptyLines) {
+    const auto next = [this](FormWizard& form) {
+        EXPECT_EQ(opening.made.last()->Text1->Text(), beforeFrames + behindFrames) << "before the wizard";
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+    };
+    const auto layOut = [](FormWizard3& page) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
+        QTest::keyClicks(page.focusWidget(), "1");
+        QTest::keyClick(page.focusWidget(), Qt::Key_Return);
+        Click(page, "cmdNext");
+    };
+    InModal<FormWizard3>([&] { InModal<FormWizard>([this] { Pick(3); }, next); }, layOut);
+    ASSERT_EQ(opening.made.size(), 1);
+    Document& page = *opening.made.last();
+    EXPECT_EQ(page.Text1->Text(),
+              beforeFrames +
+                  "<frame src=\"\" name=\"Row1Col1\" frameborder=\"0\" scrolling=\"no\" noresize=\"noresize\">\r\n" +
+                  behindFrames);
+    EXPECT_EQ(Text(), "");
+    page.HandleUndo();
+    EXPECT_EQ(page.Text1->Text(), beforeFrames + behindFrames) << "the wizard's markup is one step";
+}
+
+TEST_F(NewDialog, ACancelledWizardLeavesThePageOpen) {
+    InModal<FormWizard>([this] { Pick(3); }, [](FormWizard& form) { Click(form, "cmdCancel"); });
+    ASSERT_EQ(opening.made.size(), 1);
+    EXPECT_EQ(opening.made.last()->Text1->Text(), beforeFrames + behindFrames);
+
+    const auto next = [](FormWizard& form) {
+        Click(form, "optColumns");
+        Click(form, "cmdNext");
+    };
+    const auto giveUp = [](FormWizard2& page) {
+        Type(page, "txtNumber", "2");
+        Click(page, "cmdNext");
+        Click(page, "cmdCancel");
+    };
+    InModal<FormWizard2>([&] { InModal<FormWizard>([this] { Pick(3); }, next); }, giveUp);
+    ASSERT_EQ(opening.made.size(), 2);
+    EXPECT_EQ(opening.made.last()->Text1->Text(), beforeFrames + behindFrames);
+    EXPECT_EQ(window.focusWidget(), opening.made.last()->Text1);
+    EXPECT_TRUE(window.isEnabled());
+}
+
 }  // namespace
-}  // namespace vellum
+}  // namespace vellum::test
