@@ -3,6 +3,7 @@
 
 #include "shell/command.h"
 #include "tools/asp.h"
+#include "tools/form_wizard.h"
 #include "tools/frm_anchors.h"
 #include "tools/frm_applet.h"
 #include "tools/frm_fonts.h"
@@ -18,7 +19,7 @@ inline constexpr Command anchorTool = Tool(ShowTool<frmAnchors>);
 inline constexpr Command aspTool = Tool(ShowTool<ASP>);
 inline constexpr Command soundTool = Tool(ShowTool<frmSound>);
 inline constexpr Command floatingFrameTool = Tool(ShowTool<frmIFrame>);
-inline constexpr Command frameBuilderTool = Later();
+inline constexpr Command frameBuilderTool = Tool(ShowFrameBuilder);
 inline constexpr Command fontTool = Tool(ShowTool<frmFonts>);
 inline constexpr Command formWizardTool = Later();
 inline constexpr Command formInputTool = Later();
