@@ -5,6 +5,9 @@
 #include "shell/frm_settings.h"
 #include "shell/start.h"
 #include "tools/asp.h"
+#include "tools/form_wizard.h"
+#include "tools/frame_grid.h"
+#include "tools/frame_page.h"
 #include "tools/frm_anchors.h"
 #include "tools/frm_applet.h"
 #include "tools/frm_fonts.h"
@@ -16,6 +19,8 @@
 #include "tools/new_wizards.h"
 
 #include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace vellum::contact_sheet {
 namespace {
@@ -34,6 +39,18 @@ void WriteFile(const QString& path, const QByteArray& bytes) {
 template <typename Tool>
 std::unique_ptr<QWidget> Make(Stage& stage) {
     return std::make_unique<Tool>(stage.bench);
+}
+
+// With its lines laid out, and one frame chosen.
+template <typename Page>
+std::unique_ptr<QWidget> MakeFrames(Stage& stage) {
+    auto page = std::make_unique<Page>(stage.bench);
+    page->template findChild<QLineEdit*>("txtNumber")->setText("3");
+    page->template findChild<QPushButton*>("cmdNext")->click();
+    auto* const grid = page->template findChild<FrameGrid*>("Row1(1)");
+    grid->parentWidget()->template findChild<QPushButton*>()->click();  // the "+" of that line
+    emit grid->Chosen(1);
+    return page;
 }
 
 // Without the tips, which would wait for an answer.
@@ -68,6 +85,9 @@ const std::vector<Form>& Forms() {
         {"Didyouknow", Make<Didyouknow>},
         {"frmAbout", Make<frmAbout>},
         {"NewWizards", [](Stage&) { return std::make_unique<NewWizards>(); }},
+        {"FormWizard", Make<FormWizard>},
+        {"FormWizard2", MakeFrames<FormWizard2>},
+        {"FormWizard3", MakeFrames<FormWizard3>},
         {"frmAnchors", Make<frmAnchors>},
         {"frmApplet", Make<frmApplet>},
         {"frmIFrame", Make<frmIFrame>},
