@@ -25,7 +25,8 @@ void InModal(const std::function<void()>& command, const std::function<void(Form
         QWidget* const front = QApplication::activeModalWidget();
         auto* const form = dynamic_cast<Form*>(front);
         constexpr int patience = 10000;
-        if (!form && since.elapsed() < patience) return;
+        // Before it is active it has no focus, and access keys go nowhere.
+        if ((!form || !form->isActiveWindow()) && since.elapsed() < patience) return;
         poll.stop();
         if (!form) {
             ADD_FAILURE() << "no such form came";
