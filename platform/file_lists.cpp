@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -236,6 +237,7 @@ FileList::FileList(QWidget* parent) : QListView(parent), reader_(FolderContent::
     setTextElideMode(Qt::ElideMiddle);
     connect(&reader_, &FolderReader::Read, this, [this](const QStringList& names) {
         Show(names);
+        if (!awaited_.isEmpty() && SelectFile(awaited_)) awaited_.clear();
         emit Listed();
     });
     // The view's own "activated" comes with a single click under some styles.
@@ -250,6 +252,7 @@ bool FileList::SetPath(const QString& path) {
         Refresh();
         return true;
     }
+    awaited_.clear();
     reader_.SetFolder(cleaned);
     names_.SetNames({});  // names of the folder before would be taken for files of this one
     emit PathChanged(cleaned);
@@ -267,15 +270,23 @@ bool FileList::SelectFile(const QString& name) {
     return row.isValid();
 }
 
+void FileList::SelectWhenListed(const QString& name) {
+    awaited_ = SelectFile(name) ? QString() : name;
+}
+
 // Takes other names and leaves the selection, the current file and the scrolling where they were.
 void FileList::Show(const QStringList& names) {
     if (names == names_.Names()) return;
     QStringList selected;
     for (const QModelIndex& index : selectionModel()->selectedIndexes()) selected << index.data().toString();
+    const int currentRow = currentIndex().row();
     const QString current = currentIndex().data().toString();
     const int scroll = verticalScrollBar()->value();
     names_.SetNames(names);
-    selectionModel()->setCurrentIndex(names_.Row(current), QItemSelectionModel::NoUpdate);
+    QModelIndex nowCurrent = names_.Row(current);
+    // From where a file has gone, the Down key leads to the one that took its place.
+    if (!nowCurrent.isValid() && currentRow > 0) nowCurrent = names_.index(std::min(currentRow, names_.rowCount()) - 1);
+    selectionModel()->setCurrentIndex(nowCurrent, QItemSelectionModel::NoUpdate);
     QItemSelection selection;
     for (const QString& name : selected) {
         if (const QModelIndex row = names_.Row(name); row.isValid()) selection.append(QItemSelectionRange(row));
@@ -284,7 +295,13 @@ void FileList::Show(const QStringList& names) {
     verticalScrollBar()->setValue(scroll);
 }
 
+void FileList::mousePressEvent(QMouseEvent* event) {
+    awaited_.clear();
+    QListView::mousePressEvent(event);
+}
+
 void FileList::keyPressEvent(QKeyEvent* event) {
+    awaited_.clear();
     if (!IsEnter(event)) {
         QListView::keyPressEvent(event);
     } else if (const QString name = FileName(); !name.isEmpty()) {

@@ -113,6 +113,9 @@ public:
     [[nodiscard]] QString FileName() const;
     // Selects a file by its bare name. False when it isn't listed.
     bool SelectFile(const QString& name);
+    // Selects a file as soon as it is listed. Another folder, or whatever the person does in the list before, ends the
+    // waiting.
+    void SelectWhenListed(const QString& name);
 
 signals:
     void PathChanged(const QString& path);
@@ -122,12 +125,14 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void Show(const QStringList& names);
 
     FolderReader reader_;
     FileNames names_;
+    QString awaited_;  // the file that is selected when it comes
 };
 
 }  // namespace vellum

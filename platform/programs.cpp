@@ -35,6 +35,8 @@ constexpr std::array counterparts{
                  {u"gnome-text-editor", u"gedit", u"kwrite", u"kate", u"mousepad", u"pluma", u"xed", u"featherpad",
                   u"leafpad", u"l3afpad"}},
     Counterparts{u"mspaint.exe", {u"drawing", u"kolourpaint", u"mtpaint", u"pinta", u"krita", u"gimp"}},
+    Counterparts{u"findfile.exe",
+                 {u"catfish", u"kfind", u"mate-search-tool", u"gnome-search-tool", u"pcmanfm-qt", u"pcmanfm"}},
     Counterparts{u"explorer.exe",
                  {u"nautilus", u"dolphin", u"thunar", u"nemo", u"caja", u"pcmanfm-qt", u"pcmanfm", u"spacefm"}},
     Counterparts{u"iexplore.exe",

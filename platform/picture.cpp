@@ -1,0 +1,26 @@
+#include "platform/picture.h"
+
+#include <QImageReader>
+
+namespace vellum {
+
+Picture ReadPicture(const QString& path) {
+    // The reader has a limit of its own to what an image may take.
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(false);
+    Picture picture;
+    if (!reader.canRead()) return picture;
+    picture.size = reader.size();
+    constexpr qint64 bytesPerPixel = 4;
+    constexpr qint64 bytesPerMegabyte = 1024 * 1024;
+    const qint64 bytes = bytesPerPixel * picture.size.width() * picture.size.height();
+    const bool tooLarge = picture.size.isValid() && bytes / bytesPerMegabyte >= QImageReader::allocationLimit();
+    if (tooLarge) return picture;
+    picture.image = reader.read();
+    picture.size = picture.image.size();
+    if (picture.image.isNull()) picture.size = {};
+    return picture;
+}
+
+}  // namespace vellum
