@@ -321,6 +321,57 @@ TEST_F(FileLists, FileListOpensByDoubleClickAndEnter) {
     EXPECT_EQ(told[1][0].toString(), At("c.htm"));
 }
 
+TEST_F(FileLists, AnAwaitedFileIsSelectedWhenItComes) {
+    Touch(At("a.htm"));
+    FileList list;
+    ASSERT_TRUE(list.SetPath(At()));
+    ASSERT_TRUE(Becomes(list, {"a.htm"}));
+    list.SelectWhenListed("a.htm");
+    EXPECT_EQ(list.FileName(), "a.htm");
+    list.SelectWhenListed("b.htm");
+    Touch(At("b.htm"));
+    ASSERT_TRUE(Becomes(list, {"a.htm", "b.htm"}));
+    EXPECT_EQ(list.FileName(), "b.htm");
+    ASSERT_TRUE(list.SelectFile("a.htm"));
+    Touch(At("c.htm"));
+    ASSERT_TRUE(Becomes(list, {"a.htm", "b.htm", "c.htm"}));
+    EXPECT_EQ(list.FileName(), "a.htm") << "it is awaited once";
+}
+
+TEST_F(FileLists, WhatThePersonDoesEndsTheWaiting) {
+    Touch(At("a.htm"));
+    FileList list;
+    list.resize(200, 200);
+    list.show();
+    ASSERT_TRUE(list.SetPath(At()));
+    ASSERT_TRUE(Becomes(list, {"a.htm"}));
+    list.SelectWhenListed("b.htm");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(0, 0)).center());
+    Touch(At("b.htm"));
+    ASSERT_TRUE(Becomes(list, {"a.htm", "b.htm"}));
+    EXPECT_EQ(list.FileName(), "a.htm");
+    list.SelectWhenListed("c.htm");
+    QTest::keyClick(&list, Qt::Key_Down);
+    Touch(At("c.htm"));
+    ASSERT_TRUE(Becomes(list, {"a.htm", "b.htm", "c.htm"}));
+    EXPECT_EQ(list.FileName(), "b.htm");
+}
+
+TEST_F(FileLists, DownGoesOnWhereAFileHasGone) {
+    for (const char* name : {"a.htm", "b.htm", "c.htm", "d.htm"}) Touch(At(name));
+    FileList list;
+    list.resize(200, 200);
+    list.show();
+    ASSERT_TRUE(list.SetPath(At()));
+    ASSERT_TRUE(Becomes(list, {"a.htm", "b.htm", "c.htm", "d.htm"}));
+    ASSERT_TRUE(list.SelectFile("c.htm"));
+    ASSERT_TRUE(QFile::remove(At("c.htm")));
+    ASSERT_TRUE(Becomes(list, {"a.htm", "b.htm", "d.htm"}));
+    EXPECT_EQ(list.FileName(), "");
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(list.FileName(), "d.htm");
+}
+
 TEST_F(FileLists, FileInTheRootHasNoDoubledSeparator) {
     // Whatever files a machine has in its root, the path of one starts with a single separator.
     FileList list;

@@ -27,8 +27,9 @@ Answer ScriptedPrompts::AskYesNoCancel(QWidget* parent, const QString& text, con
 }
 
 std::optional<QString> ScriptedPrompts::Input(QWidget* /*parent*/, const QString& prompt, const QString& title,
-                                              const QString& /*initial*/) {
+                                              const QString& initial) {
     questions << title + "|" + prompt;
+    initials << initial;
     return Take(inputs);
 }
 

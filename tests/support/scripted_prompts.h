@@ -21,6 +21,7 @@ public:
 
     QStringList messages;   // texts of message boxes
     QStringList questions;  // "title|text" of questions
+    QStringList initials;   // what stood in the input boxes at first
     std::vector<FileRequest> requests;
     std::vector<ColorNumber> firstColors;  // where each color dialog started
 
