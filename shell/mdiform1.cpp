@@ -20,7 +20,6 @@
 #include "website/website_panel.h"
 
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
@@ -291,14 +290,6 @@ void MDIform1::mnuExitItem(int /*index*/) {
 }
 void MDIform1::mnuSettingsItem(int /*index*/) {
     OpenSettings();
-}
-
-void MDIform1::OpenFromPanel(const QString& path) {
-    if (QFileInfo(path).fileName().contains("caching.", Qt::CaseInsensitive)) {
-        prompts_.Message(this, "Cannot Load Caching File");
-    } else {
-        files_.OpenFile(path);
-    }
 }
 
 bool MDIform1::UnloadActiveDocument() {

@@ -27,6 +27,7 @@ class MainToolbar;
 class RecoveryStore;
 class StatusBar;
 class TabStrip;
+class WebsiteCommands;
 class WebsitePanel;
 enum class ButtonArray;
 
@@ -160,7 +161,6 @@ private:
     void ApplyLayout();
     void PlaceLists();
     void StepPane(int step);
-    void OpenFromPanel(const QString& path);
     void DragPanel(int pointerY, DragPhase phase);
     void SetPanelHeight(int twips);
     void ShowActiveDocument();
@@ -173,6 +173,7 @@ private:
     Prompts& prompts_;
     FileCommands files_;
     RecoveryKeeper recovery_;
+    WebsiteCommands* website_ = nullptr;  // the panel owns it
     const QStringList fontNames_;
     ReferenceTree references_;
     MainLayout layout_;

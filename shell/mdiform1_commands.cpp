@@ -8,6 +8,7 @@
 #include "platform/tab_strip.h"
 #include "shell/mdiform1.h"
 #include "tools/framework/color_hex.h"
+#include "website/website_commands.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -52,7 +53,9 @@ void MDIform1::StepDocument(int step) {
     if (const Document* const document = ActiveDocument()) document->Text1->setFocus();
 }
 
-void MDIform1::mnuFindFileItem(int /*index*/) {}
+void MDIform1::mnuFindFileItem(int /*index*/) {
+    website_->mnuFindFileItem();
+}
 
 void MDIform1::mnuMSAppsItem(int index) {
     static constexpr std::array programs{"calc.exe", "charmap.exe", "clipbrd.exe"};

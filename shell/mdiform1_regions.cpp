@@ -10,10 +10,15 @@
 #include "shell/tag_bar.h"
 #include "shell/toolbar.h"
 #include "shell/twip_geometry.h"
+#include "tools/frm_anchors.h"
+#include "tools/frm_graphics.h"
+#include "tools/frm_sound.h"
+#include "website/website_commands.h"
 #include "website/website_panel.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -47,6 +52,20 @@ QHBoxLayout* BarLayout(QWidget* bar) {
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     return row;
+}
+
+// What a double click in the website panel puts into the page.
+FileTools MakeFileTools(Workbench& bench) {
+    return {[&bench](const QString& path) {
+                ShowPreparedTool<frmGraphics>(bench, [&path](frmGraphics& tool) { tool.SetFile(path); });
+            },
+            [&bench](const QString& path) {
+                const QString name = QFileInfo(path).fileName();
+                ShowPreparedTool<frmSound>(bench, [&name](frmSound& tool) { tool.SetSource(name); });
+            },
+            [&bench](const QString& name) {
+                ShowPreparedTool<frmAnchors>(bench, [&name](frmAnchors& tool) { tool.SetUrl(name); });
+            }};
 }
 
 }  // namespace
@@ -128,7 +147,7 @@ void MDIform1::WireRegions() {
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
     Picture11->TreeView1->Show(references_, *this);
     connect(Picture11, &WebsitePanel::Hint, this, [this](const QString& text) { SetHint(text); });
-    connect(Picture11, &WebsitePanel::FileActivated, this, [this](const QString& path) { OpenFromPanel(path); });
+    website_ = new WebsiteCommands(*this, *Picture11, MakeFileTools(*this));
     connect(Picture11->Picture2, &DragBar::Dragged, this, [this](int y) { DragPanel(y, DragPhase::Moving); });
     connect(Picture11->Picture2, &DragBar::Released, this, [this](int y) { DragPanel(y, DragPhase::Released); });
 }
