@@ -124,10 +124,6 @@ void MDIform1::PaintActiveDocument(ColorNumber color) {
     document->Text1->SetSelStart(0);
 }
 
-void MDIform1::OfferRecovery() {
-    recovery_.OfferLost(*this);
-}
-
 void MDIform1::SetWrapChecked(bool checked) {
     if (QAction* item = Item("mnuWrapItem")) item->setChecked(checked);
 }

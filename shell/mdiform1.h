@@ -39,11 +39,9 @@ public:
     ~MDIform1() override;
 
     // Restores the state, builds the tree, shows the window and makes the first document, from the file of the command
-    // line when there is one. `splashDone` runs just before the window shows.
+    // line when there is one. Then asks about texts that a crash left behind, or shows the tips. `splashDone` runs just
+    // before the window shows.
     void Load(const QString& commandLine, const std::function<void()>& splashDone);
-
-    // Asks about texts that a crash left behind, when there are any.
-    void OfferRecovery();
 
     // Regions, from the top.
     MainToolbar* const Picture1;

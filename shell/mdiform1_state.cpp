@@ -89,7 +89,10 @@ void MDIform1::Load(const QString& commandLine, const std::function<void()>& spl
     document->SetSaver(true);
     SetHint({});
     Smartcolor();
-    if (document->Text1->Length() == 0) startup();
+    // What was lost comes before the tips, which keep away from a page that has text.
+    recovery_.OfferLost(*this);
+    const Document* const active = ActiveDocument();
+    if (active && active->Text1->Length() == 0) startup();
 }
 
 void MDIform1::StoreFonts() {

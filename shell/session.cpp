@@ -27,7 +27,6 @@ void Session::LoadMainWindow(bool usePreview) {
         start_->disconnect(this);
         start_.release()->deleteLater();
     });
-    window_->OfferRecovery();
 }
 
 }  // namespace vellum

@@ -50,6 +50,13 @@ protected:
         ASSERT_TRUE(program.WaitFor([&] { return !isVisible("frmSettings"); }));
     }
 
+    static void CloseTips(ProgramUnderTest& program) {
+        const auto show = [&program] { return program.Ask("get", "Didyouknow").value("visible").toBool(); };
+        ASSERT_TRUE(program.WaitFor(show));
+        program.Ask("key", "Didyouknow", "Esc");
+        ASSERT_TRUE(program.WaitFor([&] { return !show(); }));
+    }
+
     [[nodiscard]] bool Contains(ProgramUnderTest& program, const QString& words) const {
         return program.Ask("pageText", "WebBrowser1").value("value").toString().contains(words);
     }
@@ -87,6 +94,7 @@ TEST_F(ProgramTest, APageIsEditedBesideItsPreviewSavedAndFoundAgain) {
     {
         ProgramUnderTest program(home.path());
         ASSERT_TRUE(program.StartToMainWindow({}));
+        CloseTips(program);
         EXPECT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == "New 1"; }));
         EXPECT_FALSE(program.Ask("get", "Picture15").value("visible").toBool());
         program.Trigger("mnuRecents(0)");
@@ -95,6 +103,29 @@ TEST_F(ProgramTest, APageIsEditedBesideItsPreviewSavedAndFoundAgain) {
         program.Trigger("mnuExitItem");
         EXPECT_TRUE(program.WaitForEnd());
     }
+}
+
+TEST_F(ProgramTest, AFirstPageIsWrittenWithTools) {
+    ProgramUnderTest program(home.path());
+    ASSERT_TRUE(program.StartToMainWindow({}));
+    CloseTips(program);
+    const auto show = [&program](const QString& form) { return program.Ask("get", form).value("visible").toBool(); };
+    const auto text = [&program] { return program.Get("Text1", "plainText"); };
+    program.Trigger("mnuNewItem");
+    ASSERT_TRUE(program.WaitFor([&] { return show("NewWizards"); }));
+    program.Click("Image1(5)");
+    ASSERT_TRUE(program.WaitFor([&] { return text().contains("<head>"); }));
+    ASSERT_TRUE(program.WaitFor([&] { return Contains(program, "Vellumcraft"); })) << "the manual is the first view";
+    program.Trigger("mnuHItem(0)");
+    ASSERT_TRUE(program.WaitFor([&] { return text().contains("<h1></h1>"); }));
+    program.Trigger("mnuAnchorItem");
+    ASSERT_TRUE(program.WaitFor([&] { return show("frmAnchors"); }));
+    program.Type("txtURL", "mill.htm");
+    program.Type("txtLinkCaption", "The mill");
+    program.Ask("key", "txtLinkCaption", "Return");
+    ASSERT_TRUE(program.WaitFor([&] { return text().contains("<a href=\"mill.htm\">The mill</a>"); }));
+    EXPECT_FALSE(show("frmAnchors"));
+    EXPECT_TRUE(program.WaitFor([&] { return Contains(program, "The mill"); })) << "the preview follows";
 }
 
 TEST_F(ProgramTest, ATextThatWasNotSavedSurvivesAKill) {

@@ -56,9 +56,8 @@ TEST_F(RecoveryKeeperTest, KeepsNothingInTheSiteAndNothingOfAClosedDocument) {
 TEST_F(RecoveryKeeperTest, OffersLostTextsInOneQuestionAndOpensThem) {
     LeaveLost("/site/page.htm", "lost one");
     LeaveLost("New 3", "lost\ntwo");
-    Open();
     prompts.answers = {Answer::Yes};
-    window->OfferRecovery();
+    Open();
     ASSERT_EQ(prompts.questions.size(), 1);
     EXPECT_TRUE(prompts.questions[0].contains("/site/page.htm"));
     EXPECT_TRUE(prompts.questions[0].contains("New 3"));
@@ -73,11 +72,16 @@ TEST_F(RecoveryKeeperTest, OffersLostTextsInOneQuestionAndOpensThem) {
     EXPECT_EQ(texts, (QStringList{"/site/page.htm=lost one", "New 1=", "New 2=lost\r\ntwo"}));
 }
 
+TEST_F(RecoveryKeeperTest, TheTipsKeepAwayFromATextThatWasRecovered) {
+    LeaveLost("/site/page.htm", "lost");
+    prompts.answers = {Answer::Yes};
+    EXPECT_EQ(Open().tips, 0);
+}
+
 TEST_F(RecoveryKeeperTest, WhatWasRecoveredIsKeptAgainBeforeTheOldCopiesGo) {
     LeaveLost("/site/page.htm", "lost");
-    Open();
     prompts.answers = {Answer::Yes};
-    window->OfferRecovery();
+    Open();
     ASSERT_EQ(CopyFiles().size(), 1) << "this session's own copy has taken the old one's place";
     EXPECT_EQ(Active().Caption(), "/site/page.htm");
     prompts.answers = {Answer::No};
@@ -87,9 +91,8 @@ TEST_F(RecoveryKeeperTest, WhatWasRecoveredIsKeptAgainBeforeTheOldCopiesGo) {
 
 TEST_F(RecoveryKeeperTest, AFileWhoseNameBeginsWithNewKeepsIt) {
     LeaveLost("/site/Newsletter.htm", "lost");
-    Open();
     prompts.answers = {Answer::Yes};
-    window->OfferRecovery();
+    Open();
     EXPECT_EQ(Active().Caption(), "/site/Newsletter.htm");
 }
 
@@ -112,8 +115,8 @@ TEST_F(RecoveryKeeperTest, TheCopyIsThereWithinTwoSecondsOfTheLastKey) {
 }
 
 TEST_F(RecoveryKeeperTest, NoDiscardsAndCancelLeavesTheTextsForTheNextStart) {
-    LeaveLost("/site/page.htm", "lost");
     Open();
+    LeaveLost("/site/page.htm", "lost");
     for (const auto& [answer, left] : {std::pair{Answer::Cancel, 1}, {Answer::No, 0}}) {
         RecoveryStore store(home.filePath("recovery"));
         prompts.questions.clear();
@@ -124,7 +127,8 @@ TEST_F(RecoveryKeeperTest, NoDiscardsAndCancelLeavesTheTextsForTheNextStart) {
         EXPECT_EQ(CopyFiles().size(), left);
     }
     prompts.questions.clear();
-    window->OfferRecovery();
+    RecoveryStore store(home.filePath("recovery"));
+    RecoveryKeeper(store).OfferLost(*window);
     EXPECT_TRUE(prompts.questions.isEmpty());
 }
 
