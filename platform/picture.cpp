@@ -13,7 +13,7 @@ Picture ReadPicture(const QString& path) {
     if (!reader.canRead()) return picture;
     picture.size = reader.size();
     constexpr qint64 bytesPerPixel = 4;
-    constexpr qint64 bytesPerMegabyte = 1024 * 1024;
+    constexpr qint64 bytesPerMegabyte = qint64{1024} * 1024;
     const qint64 bytes = bytesPerPixel * picture.size.width() * picture.size.height();
     const bool tooLarge = picture.size.isValid() && bytes / bytesPerMegabyte >= QImageReader::allocationLimit();
     if (tooLarge) return picture;

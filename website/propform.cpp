@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <QtConcurrentRun>
 
+#include <utility>
+
 namespace vellum {
 namespace {
 
@@ -25,7 +27,7 @@ bool IsWritable(const QFileInfo& file) {
 
 }  // namespace
 
-propform::propform(Workbench& bench, const QString& path)
+propform::propform(Workbench& bench, QString path)
     : QDialog(bench.Window()),
       txtName(new QLineEdit(this)),
       txtSize(new QLineEdit(this)),
@@ -36,7 +38,7 @@ propform::propform(Workbench& bench, const QString& path)
       lblHeight(new QLabel(this)),
       cmdPlaySound(new QPushButton("Play File", this)),
       bench_(bench),
-      path_(path) {
+      path_(std::move(path)) {
     setObjectName("propform");
     setWindowTitle("Properties");
     txtName->setObjectName("txtName");
@@ -110,6 +112,8 @@ void propform::BuildLayout() {
     }
     SetAccessKeys(*this);
     close->setFocus();
+    constexpr QSize roomForAPicture(480, 520);
+    resize(sizeHint().expandedTo(roomForAPicture));
 }
 
 void propform::ShowFile() {

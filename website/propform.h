@@ -23,7 +23,7 @@ class propform : public QDialog {
 
 public:
     // `path` is absolute. The picture comes soon after the form.
-    propform(Workbench& bench, const QString& path);
+    propform(Workbench& bench, QString path);
 
     QLineEdit* const txtName;
     QLineEdit* const txtSize;
