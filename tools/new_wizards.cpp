@@ -4,6 +4,7 @@
 #include "editor/workbench.h"
 #include "platform/icons.h"
 #include "tools/form_wizard.h"
+#include "tools/framework/access_keys.h"
 #include "tools/page_skeletons.h"
 
 #include <QEvent>
@@ -57,6 +58,13 @@ const Choice& ChoiceAt(int index) {
     return choices.at(static_cast<std::size_t>(index));
 }
 
+// A button that is let go elsewhere takes its press back.
+bool IsClick(const QLabel& label, const QEvent& event) {
+    if (event.type() != QEvent::MouseButtonRelease) return false;
+    const auto& release = static_cast<const QMouseEvent&>(event);
+    return release.button() == Qt::LeftButton && label.rect().contains(release.position().toPoint());
+}
+
 std::optional<int> AskForChoice(Workbench& bench) {
     NewWizards dialog(bench.Window());
     dialog.exec();
@@ -95,6 +103,7 @@ NewWizards::NewWizards(QWidget* parent) : QDialog(parent) {
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     grid->addWidget(cancel, grid->rowCount(), columns - 1, Qt::AlignRight);
     grid->setSizeConstraint(QLayout::SetFixedSize);
+    SetAccessKeys(*this);
     Image1.front()->setFocus();
 }
 
@@ -184,9 +193,7 @@ bool NewWizards::HandlePictureEvent(std::size_t index, const QEvent& event) {
 bool NewWizards::eventFilter(QObject* watched, QEvent* event) {
     for (std::size_t i = 0; i < Image1.size(); ++i) {
         if (watched == Image1[i]) return HandlePictureEvent(i, *event);
-        const bool clicked = watched == Label1[i] && event->type() == QEvent::MouseButtonRelease &&
-                             static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
-        if (clicked) {
+        if (watched == Label1[i] && IsClick(*Label1[i], *event)) {
             Choose(static_cast<int>(i));
             return true;
         }

@@ -37,7 +37,7 @@ TEST_F(Wizards, LabelsStandInTheirOrder) {
     for (int i = 0; i < 9; ++i) {
         ASSERT_NE(Picture(i), nullptr) << i;
         ASSERT_NE(Label(i), nullptr) << i;
-        EXPECT_EQ(Label(i)->text(), labels[i]);
+        EXPECT_EQ(Label(i)->text().remove('&'), labels[i]);
         EXPECT_EQ(Label(i)->buddy(), Picture(i));
         EXPECT_EQ(Picture(i)->accessibleName(), labels[i]);
         EXPECT_FALSE(Picture(i)->icon().isNull()) << i;
@@ -62,6 +62,13 @@ TEST_F(Wizards, ClickOnALabelDoesTheSame) {
     EXPECT_EQ(dialog.Choice(), 8);
     ASSERT_EQ(chosen.count(), 1);
     EXPECT_EQ(chosen[0][0].toInt(), 8);
+}
+
+TEST_F(Wizards, APressThatEndsElsewhereChoosesNothing) {
+    QTest::mousePress(Label(8), Qt::LeftButton);
+    QTest::mouseRelease(Label(8), Qt::LeftButton, {}, Label(8)->rect().bottomRight() + QPoint(30, 0));
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(chosen.count(), 0);
 }
 
 TEST_F(Wizards, RightClickChoosesNothing) {
@@ -109,6 +116,24 @@ TEST_F(Wizards, SpaceAndTheKeypadsEnterChooseTheFocusedOne) {
     Press(Qt::Key_Enter);
     EXPECT_EQ(dialog.Choice(), 4);
     EXPECT_EQ(chosen.count(), 2);
+}
+
+TEST_F(Wizards, EachChoiceHasALetterOfItsOwn) {
+    QString letters = "c";  // of Cancel
+    for (int i = 0; i < 9; ++i) {
+        const QString text = Label(i)->text();
+        ASSERT_GE(text.indexOf('&'), 0) << text.toStdString();
+        const QChar letter = text[text.indexOf('&') + 1].toLower();
+        EXPECT_FALSE(letters.contains(letter)) << text.toStdString();
+        letters += letter;
+    }
+}
+
+TEST_F(Wizards, TheLetterOfALabelChooses) {
+    QTest::keyClick(&dialog, Qt::Key_F, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !dialog.isVisible(); }));
+    EXPECT_EQ(dialog.Choice(), 3);
+    EXPECT_EQ(chosen.count(), 1);
 }
 
 TEST_F(Wizards, EscapeChoosesNothing) {
