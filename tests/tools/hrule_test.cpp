@@ -2,6 +2,8 @@
 
 #include "tests/tools/tool_fixture.h"
 
+#include <QGroupBox>
+
 namespace vellum::test {
 namespace {
 
@@ -21,15 +23,24 @@ TEST(HRuleMarkupOf, EmptyFieldsAreLeftOut) {
 
 class HRuleForm : public ToolFixture {};
 
+TEST_F(HRuleForm, ShowsItsCaptions) {
+    Open<HRule>([](HRule& tool) {
+        EXPECT_EQ(Caption(tool, "cboColor"), "Color");
+        EXPECT_EQ(Caption(tool, "cboHeight"), "Height (Pixels)");
+        EXPECT_EQ(Caption(tool, "cboWidth"), "Width");
+        EXPECT_EQ(Shown(Get<QAbstractButton>(tool, "cmdColor").text()), "Set Color");
+        EXPECT_EQ(Shown(Get<QCheckBox>(tool, "chkNoshade").text()), "Not Shaded");
+        const auto* const frame = tool.findChild<QGroupBox*>();
+        ASSERT_TRUE(frame);
+        EXPECT_EQ(Shown(frame->title()), "WebTV");
+        EXPECT_EQ(Shown(Get<QCheckBox>(*frame, "chkTVRaised").text()), "Raised Horizontal Divider");
+    });
+}
+
 TEST_F(HRuleForm, OffersItsValues) {
     Open<HRule>([](HRule& tool) {
         EXPECT_EQ(tool.windowTitle(), "Horizontal Rule");
-        const auto values = [&](const char* name) {
-            const auto& box = Get<QComboBox>(tool, name);
-            QStringList list;
-            for (int i = 0; i < box.count(); ++i) list << box.itemText(i);
-            return list.join(' ');
-        };
+        const auto values = [&](const char* name) { return Values(tool, name).join(' '); };
         EXPECT_EQ(values("cboColor"),
                   "AQUA BLACK BLUE FUCHSIA GRAY GREEN LIME MAROON NAVY OLIVE PURPLE RED SILVER TEAL WHITE YELLOW");
         EXPECT_EQ(values("cboHeight"), "1 2 3 4 5 6 7 8 9 10");
@@ -59,6 +70,36 @@ TEST_F(HRuleForm, EnterIsOkAndEscIsCancel) {
     EXPECT_EQ(Text(), "");
     Open<HRule>([](HRule& tool) { QTest::keyClick(tool.focusWidget(), Qt::Key_Return); });
     EXPECT_EQ(Text(), "<hr size=\"4\" width=\"100%\" />");
+}
+
+TEST_F(HRuleForm, StartsWithItsDefaultsEachTime) {
+    for (int i = 0; i < 2; ++i) {
+        Open<HRule>([](HRule& tool) {
+            EXPECT_EQ(HRuleMarkup(tool.Fields()), "<hr size=\"4\" width=\"100%\" />");
+            for (const char* box : {"cboColor", "cboHeight", "cboWidth"}) Type(tool, box, "x");
+            Click(tool, "chkNoshade");
+            Click(tool, "chkTVRaised");
+        });
+    }
+    EXPECT_EQ(Text(), "");
+}
+
+TEST_F(HRuleForm, ChoosesAColorFromBlackOn) {
+    bench.prompts.colors = {0x0080FF};
+    Open<HRule>([this](HRule& tool) {
+        Type(tool, "cboColor", "RED");
+        Click(tool, "cmdColor");
+        EXPECT_EQ(bench.prompts.firstColors, std::vector<ColorNumber>{0});
+    });
+}
+
+TEST_F(HRuleForm, CancelOnlyCloses) {
+    QLineEdit elsewhere(&window);
+    elsewhere.show();
+    elsewhere.setFocus();
+    Open<HRule>([](HRule& tool) { Click(tool, "cmdCancel"); });
+    EXPECT_EQ(Text(), "");
+    EXPECT_EQ(window.focusWidget(), &elsewhere);
 }
 
 }  // namespace
