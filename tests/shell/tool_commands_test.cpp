@@ -1,0 +1,116 @@
+// The tools from their items in the main window to the document's text.
+#include "tests/shell/main_window_fixture.h"
+#include "tests/support/modal.h"
+#include "tools/form_wizard.h"
+
+#include <QMap>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QSet>
+
+namespace vellum::test {
+namespace {
+
+// A tool, what is typed into the field that it opens with, and what comes of it for the selection "x".
+struct Opened {
+    const char* item;
+    const char* form;
+    const char* typed;
+    const char* markup;
+};
+
+const Opened tools[] = {
+    {"mnuAnchorItem", "frmAnchors", "u", "<a href=\"u\">x</a>"},
+    {"mnuASPItem", "ASP", "V", "<%= Request.ServerVariables(\"V\") %>"},
+    {"mnuBackgroundSoundItem", "frmSound", "s", "<bgsound src=\"s\" loop=\"INFINITE\">"},
+    {"mnuFloatingFrameItem", "frmIFrame", "L", "<IFRAME align=\"L\" frameborder=\"0\" scrolling=\"no\"></iframe>"},
+    {"mnuFontWizardItem", "frmFonts", "3", "<font size=\"3\">x</font>"},
+    {"mnuHorizontalRuleItem", "HRule", "RED", "<hr color=\"RED\" size=\"4\" width=\"100%\" />"},
+    {"mnuImageItem", "frmGraphics", "vrml", "<img vrml=\"\" />"},
+    {"mnuAppletItem", "frmApplet", "C",
+     "<applet name=\"\" codebase=\"\" code=\"C\" width=\"100\" height=\"100\" hspace=\"100\" vspace=\"100\"></applet>"},
+    {"mnuParameterItem", "frmParam", "n", "<param name=\"n\" value=\"\" />\r\n"},
+};
+
+class ToolCommands : public MainWindowFixture {
+protected:
+    void Select() const {
+        Active().Text1->SetText("axb");
+        Active().Text1->SetSelStart(1);
+        Active().Text1->SetSelLength(1);
+    }
+};
+
+TEST_F(ToolCommands, AnItemOpensItsToolAndTheKeyboardDoesTheRest) {
+    Open();
+    for (const Opened& tool : tools) {
+        Select();
+        InModal<ToolDialog>([&] { Trigger(tool.item); },
+                            [&](ToolDialog& form) {
+                                EXPECT_EQ(form.objectName(), tool.form);
+                                QTest::keyClicks(form.focusWidget(), tool.typed);
+                                QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+                            });
+        EXPECT_EQ(Active().Text1->Text(), QString("a%1b").arg(tool.markup)) << tool.item;
+        Active().HandleUndo();
+        EXPECT_EQ(Active().Text1->Text(), "axb") << tool.item;
+    }
+}
+
+TEST_F(ToolCommands, EscLeavesTheTextAndItsSelection) {
+    Open();
+    for (const Opened& tool : tools) {
+        Select();
+        InModal<ToolDialog>([&] { Trigger(tool.item); },
+                            [&](ToolDialog& form) {
+                                QTest::keyClicks(form.focusWidget(), tool.typed);
+                                QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+                            });
+        EXPECT_EQ(Active().Text1->Text(), "axb") << tool.item;
+        EXPECT_EQ(Active().Text1->SelText(), "x") << tool.item;
+        EXPECT_TRUE(window->isEnabled()) << tool.item;
+    }
+}
+
+TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
+    Open();
+    const QMap<QString, QString> forms{{"Anchor", "frmAnchors"},       {"Image", "frmGraphics"},
+                                       {"Font", "frmFonts"},           {"Sound", "frmSound"},
+                                       {"Java Applet", "frmApplet"},   {"Floating Frame", "frmIFrame"},
+                                       {"Parameter Tags", "frmParam"}, {"ASP", "ASP"},
+                                       {"Frame Builder", "FormWizard"}};
+    QStringList opened;
+    for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
+        for (QAction* item : popup->actions()) {
+            if (!forms.contains(item->text())) continue;
+            InModal<ToolDialog>(
+                [&] { item->trigger(); },
+                [&](const ToolDialog& form) { EXPECT_EQ(form.objectName(), forms.value(item->text())); });
+            opened << item->text();
+        }
+    }
+    EXPECT_EQ(opened.size(), 11) << "two of them stand on two popups";
+    EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
+}
+
+// As when the session ends around an open form.
+TEST_F(ToolCommands, AFormOutlivesItsDocument) {
+    Open();
+    Trigger("mnuClose");
+    for (const Opened& tool : tools) {
+        window->NewForm();
+        InModal<ToolDialog>([&] { Trigger(tool.item); },
+                            [&](ToolDialog& form) {
+                                QTest::keyClicks(form.focusWidget(), tool.typed);
+                                Trigger("mnuCloseAll");
+                                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                                ASSERT_EQ(window->ActiveDocument(), nullptr);
+                                QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+                                EXPECT_FALSE(form.isVisible()) << tool.item;
+                            });
+        EXPECT_EQ(window->OpenDocCount(), "0");
+    }
+}
+
+}  // namespace
+}  // namespace vellum::test
