@@ -20,13 +20,6 @@ const QStringList needADocument{"mnuEdit",        "mnuHTMLbasic",     "mnuTools"
 
 class CommandSurfacesTest : public MainWindowFixture {
 protected:
-    // An item of the panel's popup, which may be made on demand.
-    void EnsureLinkItem() const {
-        if (!window->findChild<QAction*>("mnuWebsiteLinkItem")) {
-            (new QAction(window.get()))->setObjectName("mnuWebsiteLinkItem");
-        }
-    }
-
     // The items of the menu bar, of every depth, that are on.
     static void CollectOn(const QWidget& menu, QStringList& names) {
         for (const QAction* item : menu.actions()) {
@@ -65,7 +58,6 @@ protected:
 
 TEST_F(CommandSurfacesTest, WithoutADocumentTheWholeSetIsOffAndNothingElse) {
     Open();
-    EnsureLinkItem();
     const QStringList before = ItemsThatAreOn();
     ExpectRule(true);
     Trigger("mnuClose");
@@ -80,7 +72,6 @@ TEST_F(CommandSurfacesTest, WithoutADocumentTheWholeSetIsOffAndNothingElse) {
 
 TEST_F(CommandSurfacesTest, OnlyTheTextZeroSwitchesOff) {
     Open();
-    EnsureLinkItem();
     for (const char* count : {"00", "", "-1", "2"}) {
         window->SetOpenDocCount(count);
         ExpectRule(true);
