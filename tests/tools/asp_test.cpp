@@ -111,13 +111,5 @@ TEST_F(AspForm, AnEmptyBoxKeepsItOpen) {
     EXPECT_EQ(Text(), "");
 }
 
-TEST_F(AspForm, CancelLeavesTheKeyboardWhereItWas) {
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<ASP>([](ASP& tool) { Click(tool, "cmdCancel"); });
-    EXPECT_EQ(window.focusWidget(), &elsewhere);
-}
-
 }  // namespace
 }  // namespace vellum::test

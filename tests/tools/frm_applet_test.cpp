@@ -106,20 +106,5 @@ TEST_F(AppletForm, WritesWhatWasTyped) {
               "width=\"5\" height=\"50%\" vspace=\"150\"></applet>b");
 }
 
-TEST_F(AppletForm, CancelOnlyCloses) {
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<frmApplet>([this](frmApplet& tool) {
-        Type(tool, "txtName", "clock");
-        window.setEnabled(false);
-        tool.setEnabled(true);
-        Click(tool, "cmdCancel");
-    });
-    EXPECT_EQ(Text(), "");
-    EXPECT_TRUE(window.isEnabled());
-    EXPECT_NE(window.focusWidget(), document.Text1);
-}
-
 }  // namespace
 }  // namespace vellum::test

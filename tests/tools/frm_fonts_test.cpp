@@ -119,19 +119,5 @@ TEST_F(FontForm, ChoosesAColorFromTheOneThatStandsThere) {
     EXPECT_EQ(Text(), "<font color=\"#FF8000\"></font>");
 }
 
-TEST_F(FontForm, CancelGivesTheKeyboardToTheText) {
-    document.Text1->SetText("a word.");
-    document.Text1->SetSelLength(1);
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<frmFonts>([](frmFonts& tool) {
-        Type(tool, "cboSize", "4");
-        QTest::keyClick(tool.focusWidget(), Qt::Key_Escape);
-    });
-    EXPECT_EQ(Text(), "a word.");
-    EXPECT_EQ(window.focusWidget(), document.Text1);
-}
-
 }  // namespace
 }  // namespace vellum::test

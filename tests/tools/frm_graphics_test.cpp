@@ -316,13 +316,5 @@ TEST_F(GraphicsForm, IsPreparedWithAFile) {
     EXPECT_EQ(Text(), "<img src=\"b.png\" />");
 }
 
-TEST_F(GraphicsForm, CancelLeavesTheKeyboardWhereItWas) {
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<frmGraphics>([](frmGraphics& tool) { Click(tool, "cmdCancel"); });
-    EXPECT_EQ(window.focusWidget(), &elsewhere);
-}
-
 }  // namespace
 }  // namespace vellum::test

@@ -126,20 +126,5 @@ TEST_F(IFrameForm, FindTakesTheBareNameAndACancelChangesNothing) {
     EXPECT_EQ(Text(), "<IFRAME align=\"TOP\" src=\"my \"page\".htm\" frameborder=\"0\" scrolling=\"no\"></iframe>");
 }
 
-TEST_F(IFrameForm, CancelSwitchesTheMainWindowOnAndNoMore) {
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<frmIFrame>([this](frmIFrame& tool) {
-        Type(tool, "txtName", "news");
-        window.setEnabled(false);
-        tool.setEnabled(true);
-        Click(tool, "cmdCancel");
-    });
-    EXPECT_EQ(Text(), "");
-    EXPECT_TRUE(window.isEnabled());
-    EXPECT_NE(window.focusWidget(), document.Text1);
-}
-
 }  // namespace
 }  // namespace vellum::test

@@ -120,22 +120,5 @@ TEST_F(ParamForm, StartsAnewEachTimeAndEscChangesNothing) {
     EXPECT_EQ(Text(), "");
 }
 
-TEST_F(ParamForm, ClosingGivesTheMainWindowBack) {
-    Open<frmParam>([this](frmParam& tool) {
-        window.setEnabled(false);
-        tool.setEnabled(true);
-        Click(tool, "cmdCancel");
-    });
-    EXPECT_TRUE(window.isEnabled());
-}
-
-TEST_F(ParamForm, CancelLeavesTheKeyboardWhereItWas) {
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<frmParam>([](frmParam& tool) { Click(tool, "cmdCancel"); });
-    EXPECT_EQ(window.focusWidget(), &elsewhere);
-}
-
 }  // namespace
 }  // namespace vellum::test

@@ -206,20 +206,5 @@ TEST_F(SoundForm, IsOpenedWithASoundByTheWebsitePanel) {
     EXPECT_EQ(Text(), "<bgsound src=\"a b.WAV\" loop=\"INFINITE\">");
 }
 
-TEST_F(SoundForm, CancelOnlyCloses) {
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<frmSound>([this](frmSound& tool) {
-        Type(tool, "txtSource", "a.mid");
-        window.setEnabled(false);
-        tool.setEnabled(true);
-        Click(tool, "cmdCancel");
-    });
-    EXPECT_EQ(Text(), "");
-    EXPECT_TRUE(window.isEnabled());
-    EXPECT_NE(window.focusWidget(), document.Text1);
-}
-
 }  // namespace
 }  // namespace vellum::test

@@ -93,14 +93,5 @@ TEST_F(HRuleForm, ChoosesAColorFromBlackOn) {
     });
 }
 
-TEST_F(HRuleForm, CancelOnlyCloses) {
-    QLineEdit elsewhere(&window);
-    elsewhere.show();
-    elsewhere.setFocus();
-    Open<HRule>([](HRule& tool) { Click(tool, "cmdCancel"); });
-    EXPECT_EQ(Text(), "");
-    EXPECT_EQ(window.focusWidget(), &elsewhere);
-}
-
 }  // namespace
 }  // namespace vellum::test

@@ -1,0 +1,57 @@
+// What Cancel leaves behind, over all tools.
+#include "tests/tools/tool_fixture.h"
+#include "tools/asp.h"
+#include "tools/form_wizard.h"
+#include "tools/frame_page.h"
+#include "tools/frm_anchors.h"
+#include "tools/frm_applet.h"
+#include "tools/frm_fonts.h"
+#include "tools/frm_graphics.h"
+#include "tools/frm_iframe.h"
+#include "tools/frm_param.h"
+#include "tools/frm_sound.h"
+#include "tools/hrule.h"
+
+namespace vellum::test {
+namespace {
+
+struct Leaving {
+    const char* form;
+    void (*open)(Workbench& bench);
+    bool focusesText;  // else the keyboard stays where it was
+};
+
+constexpr Leaving tools[] = {
+    {"frmAnchors", ShowTool<frmAnchors>, true},    {"frmApplet", ShowTool<frmApplet>, false},
+    {"frmSound", ShowTool<frmSound>, false},       {"frmFonts", ShowTool<frmFonts>, true},
+    {"frmIFrame", ShowTool<frmIFrame>, false},     {"HRule", ShowTool<HRule>, false},
+    {"frmParam", ShowTool<frmParam>, false},       {"ASP", ShowTool<ASP>, false},
+    {"frmGraphics", ShowTool<frmGraphics>, false}, {"FormWizard", ShowTool<FormWizard>, false},
+    {"FormWizard2", ShowTool<FormWizard2>, true},  {"FormWizard3", ShowTool<FormWizard3>, true},
+};
+
+class CancelledTools : public ToolFixture {};
+
+TEST_F(CancelledTools, WriteNothingAndGiveTheMainWindowBack) {
+    document.Text1->SetText("a word.");
+    QLineEdit elsewhere(&window);
+    elsewhere.show();
+    for (const Leaving& leaving : tools) {
+        elsewhere.setFocus();
+        InModal<ToolDialog>([&] { leaving.open(bench); },
+                            [&](ToolDialog& tool) {
+                                EXPECT_EQ(tool.objectName(), leaving.form);
+                                QTest::keyClicks(tool.focusWidget(), "1");
+                                window.setEnabled(false);
+                                tool.setEnabled(true);
+                                Click(tool, "cmdCancel");
+                                EXPECT_FALSE(tool.isVisible()) << leaving.form;
+                            });
+        EXPECT_EQ(Text(), "a word.") << leaving.form;
+        EXPECT_TRUE(window.isEnabled()) << leaving.form;
+        EXPECT_EQ(window.focusWidget() == document.Text1, leaving.focusesText) << leaving.form;
+    }
+}
+
+}  // namespace
+}  // namespace vellum::test
