@@ -17,10 +17,15 @@
 #include "tools/frm_sound.h"
 #include "tools/hrule.h"
 #include "tools/new_wizards.h"
+#include "website/propform.h"
 
 #include <QFile>
+#include <QImage>
 #include <QLineEdit>
+#include <QLinearGradient>
+#include <QPainter>
 #include <QPushButton>
+#include <QTest>
 
 namespace vellum::contact_sheet {
 namespace {
@@ -66,6 +71,22 @@ std::unique_ptr<QWidget> MakeStart(Stage& stage) {
     return start;
 }
 
+// Of a picture, which comes a little after the form.
+std::unique_ptr<QWidget> MakeProperties(Stage& stage) {
+    const QString path = stage.site.filePath("sunset.jpg");
+    QImage picture(640, 400, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    QLinearGradient sky(0, 0, 0, picture.height());
+    sky.setColorAt(0, QColor(40, 60, 120));
+    sky.setColorAt(1, QColor(250, 160, 60));
+    painter.fillRect(picture.rect(), sky);
+    painter.end();
+    if (!picture.save(path)) qFatal("can't write a sample picture");
+    auto form = std::make_unique<propform>(stage.bench, path);
+    if (!QTest::qWaitFor([&form] { return !form->lblWidth->text().isEmpty(); })) qFatal("no picture came");
+    return form;
+}
+
 }  // namespace
 
 Stage::Stage() {
@@ -97,6 +118,7 @@ const std::vector<Form>& Forms() {
         {"frmParam", Make<frmParam>},
         {"ASP", Make<ASP>},
         {"frmGraphics", Make<frmGraphics>},
+        {"propform", MakeProperties},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},
     };
     return forms;
