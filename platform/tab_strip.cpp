@@ -8,6 +8,14 @@
 #include <utility>
 
 namespace vellum {
+namespace {
+
+// An access key would take its letter from the menus, and choose the tab without running its command.
+QString WithoutAccessKey(const QString& caption) {
+    return QString(caption).replace(u'&', QLatin1String("&&"));
+}
+
+}  // namespace
 
 TabStrip::TabStrip(QWidget* parent) : QTabBar(parent) {
     setDrawBase(false);
@@ -17,17 +25,17 @@ TabStrip::TabStrip(QWidget* parent) : QTabBar(parent) {
 }
 
 int TabStrip::AddTab(const QString& caption, const QString& toolTip, const QIcon& icon) {
-    const int index = addTab(icon, caption);
+    const int index = addTab(icon, WithoutAccessKey(caption));
     setTabToolTip(index, toolTip);
     return index + 1;
 }
 
 QString TabStrip::Caption(int index) const {
-    return tabText(index - 1);
+    return tabText(index - 1).replace(QLatin1String("&&"), QLatin1String("&"));
 }
 
 void TabStrip::SetCaption(int index, const QString& caption) {
-    setTabText(index - 1, caption);
+    setTabText(index - 1, WithoutAccessKey(caption));
 }
 
 void TabStrip::keyPressEvent(QKeyEvent* event) {

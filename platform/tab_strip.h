@@ -11,7 +11,7 @@ class TabStrip : public QTabBar {
 public:
     explicit TabStrip(QWidget* parent = nullptr);
 
-    // Adds a tab at the end and returns its index from 1.
+    // Adds a tab at the end and returns its index from 1. Captions show as they are, "&" too.
     int AddTab(const QString& caption, const QString& toolTip = {}, const QIcon& icon = {});
     [[nodiscard]] QString Caption(int index) const;
     void SetCaption(int index, const QString& caption);

@@ -35,6 +35,16 @@ TEST_F(TabStripTest, CountsTabsFromOne) {
     EXPECT_EQ(strip.Caption(9), QString());
 }
 
+TEST_F(TabStripTest, AnAmpersandShowsAndTakesNoLetter) {
+    strip.SetCaption(2, "&nbsp; && R&D");
+    EXPECT_EQ(strip.Caption(2), "&nbsp; && R&D");
+    EXPECT_EQ(strip.tabText(1), "&&nbsp; &&&& R&&D");
+    EXPECT_EQ(strip.Caption(strip.AddTab("&File")), "&File");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&strip));
+    QTest::keyClick(&strip, Qt::Key_F, Qt::AltModifier);
+    EXPECT_EQ(strip.currentIndex(), 0);
+}
+
 TEST_F(TabStripTest, AClickOnAnyTabIsReported) {
     QTest::mouseClick(&strip, Qt::LeftButton, {}, CenterOf(2));
     ASSERT_EQ(clicked.count(), 1);
