@@ -1,6 +1,7 @@
 #include "platform/file_lists.h"
 
 #include "platform/icons.h"
+#include "platform/plain_tool_tip.h"
 #include "platform/programs.h"
 
 #include <QDir>
@@ -129,7 +130,7 @@ void DriveList::Refresh() {
     clear();
     for (const Place& place : places_) {
         addItem(ThemeIcon(place.name == u"Home" ? "folder" : "drive"), place.name, place.path);
-        setItemData(count() - 1, place.path, Qt::ToolTipRole);
+        setItemData(count() - 1, PlainToolTip(place.path), Qt::ToolTipRole);
     }
     setCurrentIndex(PlaceHolding(places_, chosen));
 }
@@ -191,7 +192,7 @@ void DirectoryList::AddRow(const QString& name, const QString& path, int depth, 
     auto* row = new QListWidgetItem(open ? openFolder : folder, name, this);
     row->setData(pathRole, path);
     row->setData(depthRole, depth);
-    row->setToolTip(path);
+    row->setToolTip(PlainToolTip(path));
 }
 
 void DirectoryList::OpenRow(const QListWidgetItem* row) {
@@ -226,8 +227,9 @@ int FileNames::rowCount(const QModelIndex& parent) const {
 
 QVariant FileNames::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
-    return names_.at(index.row());
+    if (role == Qt::DisplayRole) return names_.at(index.row());
+    if (role == Qt::ToolTipRole) return PlainToolTip(names_.at(index.row()));
+    return {};
 }
 
 FileList::FileList(QWidget* parent) : QListView(parent), reader_(FolderContent::Files) {

@@ -1,5 +1,6 @@
 #include "website/propform.h"
 
+#include "platform/plain_tool_tip.h"
 #include "tools/framework/access_keys.h"
 #include "website/file_kind.h"
 
@@ -124,7 +125,7 @@ void propform::ShowFile() {
     txtDate->setText(QLocale().toString(file.lastModified(), QLocale::ShortFormat));
     txtAttributes->setText(AttributeText(AttributeBits(name, IsWritable(file))));
     for (QLineEdit* field : {txtName, txtSize, txtDate, txtAttributes}) field->setCursorPosition(0);
-    txtName->setToolTip(path_.toHtmlEscaped());
+    txtName->setToolTip(PlainToolTip(path_));
     cmdPlaySound->setEnabled(IsPlayable(name));
     if (IsWebImage(name)) {
         // A large picture, or one on a slow disk, must not hold up the window.

@@ -372,6 +372,20 @@ TEST_F(FileLists, DownGoesOnWhereAFileHasGone) {
     EXPECT_EQ(list.FileName(), "d.htm");
 }
 
+TEST_F(FileLists, ToolTipsTakeNoNameForMarkup) {
+    MakeFolder("<i>x");
+    Touch(At("<b>bold.htm"));
+    FileList files;
+    ASSERT_TRUE(files.SetPath(At()));
+    ASSERT_TRUE(Becomes(files, {"<b>bold.htm"}));
+    const QModelIndex row = files.model()->index(0, 0);
+    EXPECT_EQ(row.data(Qt::ToolTipRole).toString(), "<p style='white-space:pre'>&lt;b&gt;bold.htm</p>");
+    DirectoryList folders;
+    ASSERT_TRUE(folders.SetPath(At()));
+    ASSERT_TRUE(Becomes(folders, {"<i>x"}));
+    EXPECT_TRUE(folders.item(folders.count() - 1)->toolTip().endsWith("/&lt;i&gt;x</p>"));
+}
+
 TEST_F(FileLists, FileInTheRootHasNoDoubledSeparator) {
     // Whatever files a machine has in its root, the path of one starts with a single separator.
     FileList list;

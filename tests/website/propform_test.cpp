@@ -106,6 +106,7 @@ TEST_F(Propform, OddNamesShowAsTheyAre) {
         Open(name, [&](propform& form) {
             EXPECT_EQ(form.txtName->text(), name);
             EXPECT_EQ(form.txtSize->text(), "5 Bytes");
+            EXPECT_EQ(form.txtName->toolTip(), Place(name));
         });
     }
 }
