@@ -1,10 +1,12 @@
 #include "platform/image_size.h"
 
+#include <QFileInfo>
 #include <QImageReader>
 
 namespace vellum {
 
 std::optional<QSize> ImageSize(const QString& path) {
+    if (!QFileInfo(path).isFile()) return std::nullopt;  // a pipe or a device might never end
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     if (!reader.canRead()) return std::nullopt;

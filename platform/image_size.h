@@ -8,7 +8,7 @@
 
 namespace vellum {
 
-// In pixels, told by the file's content and not by its name; nothing when the file is missing or no picture.
+// In pixels, told by the file's content and not by its name; nothing when it is missing, no picture or no plain file.
 [[nodiscard]] std::optional<QSize> ImageSize(const QString& path);
 
 }  // namespace vellum

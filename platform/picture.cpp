@@ -1,15 +1,17 @@
 #include "platform/picture.h"
 
+#include <QFileInfo>
 #include <QImageReader>
 
 namespace vellum {
 
 Picture ReadPicture(const QString& path) {
+    Picture picture;
+    if (!QFileInfo(path).isFile()) return picture;  // a pipe or a device might never end
     // The reader has a limit of its own to what an image may take.
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(false);
-    Picture picture;
     if (!reader.canRead()) return picture;
     picture.size = reader.size();
     constexpr qint64 bytesPerPixel = 4;

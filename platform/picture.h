@@ -8,7 +8,7 @@
 namespace vellum {
 
 struct Picture {
-    QSize size;    // in pixels, as the file has it; invalid when the file is missing or no picture
+    QSize size;    // in pixels, as the file has it; invalid when it is missing, no picture or no plain file
     QImage image;  // of an animation the first; null when it can't be read or would take too much memory
 };
 

@@ -1,9 +1,16 @@
 #include "platform/picture.h"
 
+#include "platform/image_size.h"
+
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QtConcurrentRun>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vellum {
 namespace {
@@ -69,6 +76,20 @@ TEST_F(Pictures, BrokenOnesHaveNoSize) {
         EXPECT_TRUE(picture.image.isNull());
     }
     EXPECT_FALSE(ReadPicture(folder_.filePath("missing.gif")).size.isValid());
+}
+
+TEST_F(Pictures, APipeIsNotWaitedFor) {
+    const QString pipe = folder_.filePath("pipe.gif");
+    const QByteArray name = QFile::encodeName(pipe);
+    ASSERT_EQ(::mkfifo(name.constData(), 0600), 0);
+    const auto reading = QtConcurrent::run([pipe] { return ReadPicture(pipe).size.isValid() || ImageSize(pipe); });
+    constexpr int patience = 20000;
+    const bool ended = QTest::qWaitFor([&] { return reading.isFinished(); }, patience);
+    EXPECT_TRUE(ended);
+    while (!reading.isFinished()) {  // lets go of whoever waits all the same
+        if (const int end = ::open(name.constData(), O_WRONLY | O_NONBLOCK); end >= 0) ::close(end);
+    }
+    EXPECT_FALSE(reading.result());
 }
 
 TEST_F(Pictures, HugeOnesTellTheirSizeAlone) {
