@@ -57,6 +57,30 @@ TEST_F(PanelTools, AFileOfThePanelIsLinkedTo) {
     EXPECT_EQ(Text(), "<a href=\"next page.htm\">word</a>");
 }
 
+TEST_F(PanelTools, ADocumentOutlivesTheNewNameAndTheEndOfItsFile) {
+    const QString path = MakeFile("page.htm", "words");
+    Open(false, path);
+    FileList& files = *window->Picture11->File2;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return files.SelectFile("page.htm"); }));
+    prompts.inputs = {"other.htm"};
+    Trigger("mnuWebsiteRenameItem");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return files.FileName() == "other.htm"; }));
+    EXPECT_EQ(Text(), "words");
+    Active().Text1->SetText("more words");
+    Trigger("mnuSaveregItem");
+    EXPECT_EQ(Bytes(path), "more words");
+    EXPECT_EQ(Bytes(SitePath("other.htm")), "words");
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return files.SelectFile("page.htm"); }));
+    prompts.answers = {Answer::Yes};
+    Trigger("mnuWebsiteDeleteItem");
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(Text(), "more words");
+    Trigger("mnuSaveregItem");
+    EXPECT_EQ(Bytes(path), "more words");
+    EXPECT_TRUE(prompts.messages.isEmpty());
+}
+
 TEST_F(PanelTools, WithoutADocumentAPictureOfThePanelDoesNothing) {
     (void)MakeFile("a.gif", "GIF89a");
     Open();
