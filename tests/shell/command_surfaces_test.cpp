@@ -168,6 +168,23 @@ TEST_F(CommandSurfacesTest, AnEmptyCustomButtonWritesNothing) {
     EXPECT_EQ(surface.Text(), "a<hr />b");
 }
 
+TEST_F(CommandSurfacesTest, ACustomButtonShowsItsCaptionAsItWasTyped) {
+    WriteCustomCaption(settings, 0, "&nbsp;");
+    Open();
+    EXPECT_EQ(window->TabStrip2->Caption(2), "&nbsp;");
+    EXPECT_EQ(window->TabStrip2->tabText(1), "&&nbsp;") << "what a tab strip shows as one ampersand";
+    window->SetCustomCaption(1, "&File");
+    EXPECT_EQ(window->TabStrip2->Caption(3), "&File");
+}
+
+TEST_F(CommandSurfacesTest, EveryBarHasANameForScreenReaders) {
+    Open();
+    EXPECT_EQ(window->Picture14->accessibleName(), "Color bar");
+    EXPECT_EQ(window->clrbutton->accessibleName(), "Color chooser");
+    EXPECT_EQ(window->TabStrip1->accessibleName(), "Tag bar");
+    EXPECT_EQ(window->TabStrip2->accessibleName(), "Custom bar");
+}
+
 // Has a search path of its own, so that no program of this machine starts.
 class OtherProgramsTest : public CommandSurfacesTest {
 protected:
