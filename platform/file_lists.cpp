@@ -19,6 +19,7 @@ namespace {
 
 constexpr int pathRole = Qt::UserRole;
 constexpr int depthRole = Qt::UserRole + 1;
+constexpr int nameRole = Qt::UserRole;  // of a file, as it is on disk
 
 // Indents a row by its depth, so that the names keep no blanks in front and can be found by their first letters.
 class DepthDelegate : public QStyledItemDelegate {
@@ -63,6 +64,17 @@ bool IsMediaPath(const QString& path) {
 
 QString Cleaned(const QString& path) {
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+// A row has one line; a line end in a name shows as the sign for one.
+QString InOneLine(QString name) {
+    for (QChar& letter : name) {
+        if (letter == u'\n' || letter == u'\r' || letter == QChar::LineSeparator ||
+            letter == QChar::ParagraphSeparator) {
+            letter = QChar(0x2424);
+        }
+    }
+    return name;
 }
 
 bool IsEnter(const QKeyEvent* event) {
@@ -189,7 +201,7 @@ void DirectoryList::Fill(const QStringList& folders) {
 void DirectoryList::AddRow(const QString& name, const QString& path, int depth, bool open) {
     static const QIcon openFolder = OwnIcon("open");
     static const QIcon folder = OwnIcon("folder");
-    auto* row = new QListWidgetItem(open ? openFolder : folder, name, this);
+    auto* row = new QListWidgetItem(open ? openFolder : folder, InOneLine(name), this);
     row->setData(pathRole, path);
     row->setData(depthRole, depth);
     row->setToolTip(PlainToolTip(path));
@@ -227,7 +239,8 @@ int FileNames::rowCount(const QModelIndex& parent) const {
 
 QVariant FileNames::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-    if (role == Qt::DisplayRole) return names_.at(index.row());
+    if (role == nameRole) return names_.at(index.row());
+    if (role == Qt::DisplayRole) return InOneLine(names_.at(index.row()));
     if (role == Qt::ToolTipRole) return PlainToolTip(names_.at(index.row()));
     return {};
 }
@@ -243,8 +256,9 @@ FileList::FileList(QWidget* parent) : QListView(parent), reader_(FolderContent::
         emit Listed();
     });
     // The view's own "activated" comes with a single click under some styles.
-    connect(this, &QListView::doubleClicked, this,
-            [this](const QModelIndex& index) { emit FileActivated(JoinPath(Path(), index.data().toString())); });
+    connect(this, &QListView::doubleClicked, this, [this](const QModelIndex& index) {
+        emit FileActivated(JoinPath(Path(), index.data(nameRole).toString()));
+    });
 }
 
 bool FileList::SetPath(const QString& path) {
@@ -263,7 +277,7 @@ bool FileList::SetPath(const QString& path) {
 
 QString FileList::FileName() const {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
-    return selected.isEmpty() ? QString() : selected.first().data().toString();
+    return selected.isEmpty() ? QString() : selected.first().data(nameRole).toString();
 }
 
 bool FileList::SelectFile(const QString& name) {
@@ -280,9 +294,9 @@ void FileList::SelectWhenListed(const QString& name) {
 void FileList::Show(const QStringList& names) {
     if (names == names_.Names()) return;
     QStringList selected;
-    for (const QModelIndex& index : selectionModel()->selectedIndexes()) selected << index.data().toString();
+    for (const QModelIndex& index : selectionModel()->selectedIndexes()) selected << index.data(nameRole).toString();
     const int currentRow = currentIndex().row();
-    const QString current = currentIndex().data().toString();
+    const QString current = currentIndex().data(nameRole).toString();
     const int scroll = verticalScrollBar()->value();
     names_.SetNames(names);
     QModelIndex nowCurrent = names_.Row(current);

@@ -386,6 +386,29 @@ TEST_F(FileLists, ToolTipsTakeNoNameForMarkup) {
     EXPECT_TRUE(folders.item(folders.count() - 1)->toolTip().endsWith("/&lt;i&gt;x</p>"));
 }
 
+TEST_F(FileLists, ALineEndInANameShowsInItsRowAndStaysInTheName) {
+    Touch(At("two\nlines.htm"));
+    FileList list;
+    ASSERT_TRUE(list.SetPath(At()));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return list.SelectFile("two\nlines.htm"); }));
+    EXPECT_EQ(list.currentIndex().data().toString(), QString("two%1lines.htm").arg(QChar(0x2424)));
+    EXPECT_EQ(list.FileName(), "two\nlines.htm");
+    const QSignalSpy activated(&list, &FileList::FileActivated);
+    QTest::keyClick(&list, Qt::Key_Return);
+    ASSERT_EQ(activated.size(), 1);
+    EXPECT_EQ(activated[0][0].toString(), At("two\nlines.htm"));
+}
+
+TEST_F(FileLists, AFolderWithALineEndInItsNameOpensFromItsRow) {
+    MakeFolder("two\nlines");
+    DirectoryList list;
+    ASSERT_TRUE(list.SetPath(At()));
+    ASSERT_TRUE(Becomes(list, {QString("two%1lines").arg(QChar(0x2424))}));
+    list.setCurrentRow(list.count() - 1);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(list.Path(), At("two\nlines"));
+}
+
 TEST_F(FileLists, FileInTheRootHasNoDoubledSeparator) {
     // Whatever files a machine has in its root, the path of one starts with a single separator.
     FileList list;
