@@ -47,6 +47,9 @@ public:
     [[nodiscard]] QStringList FontNames() const override { return {}; }
     [[nodiscard]] QString WebsiteDirectory() const override { return {}; }
     void RefreshWebsite() override {}
+    [[nodiscard]] QStringList ImageTypes() const override { return {}; }
+    [[nodiscard]] QStringList DocumentTypes() const override { return {}; }
+    void OpenInNewWindow(const QString& /*path*/, const QString& /*failure*/) override {}
     [[nodiscard]] const ReferenceTree& References() const override { return references_; }
     void AddRecentFile(const QString& /*path*/) override {}
     void SetWrapChecked(bool /*checked*/) override {}

@@ -58,6 +58,7 @@ void StartToMainWindow(benchmark::State& state) {
         std::unique_ptr<MDIform1> window;
         watch.Time("part_settings_ms",
                    [&] { settings = std::make_unique<SettingsStore>(home.filePath("settings.json")); });
+        WriteSetting(*settings, keys::showStart, "no");  // the tips would wait for an answer
         watch.Time("part_fonts_ms", [&] { fonts = PreparedFontNames(*settings, SystemFontNames()); });
         watch.Time("part_build_ms", [&] {
             recovery = std::make_unique<RecoveryStore>(home.filePath("recovery"));
