@@ -5,6 +5,8 @@
 #include <QSize>
 #include <QString>
 
+#include <optional>
+
 namespace vellum {
 
 struct Picture {
@@ -12,7 +14,11 @@ struct Picture {
     QImage image;  // of an animation the first; null when it can't be read or would take too much memory
 };
 
-// Told by the file's content and not by its name. Pixels stay as they lie in the file: a camera's note on how it was
+// The size of a picture in pixels, told by the file's content and not by its name; nothing when the file is missing, no
+// picture or no plain file.
+[[nodiscard]] std::optional<QSize> ImageSize(const QString& path);
+
+// Told by the content too. Pixels stay as they lie in the file: a camera's note on how it was
 // held turns nothing, as in markup that gives width and height. Blocks, and may run in any thread.
 [[nodiscard]] Picture ReadPicture(const QString& path);
 

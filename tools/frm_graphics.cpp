@@ -1,6 +1,6 @@
 #include "tools/frm_graphics.h"
 
-#include "platform/image_size.h"
+#include "platform/picture.h"
 #include "tools/framework/attributes.h"
 #include "tools/framework/color_hex.h"
 #include "tools/framework/values.h"

@@ -1,4 +1,4 @@
-#include "platform/image_size.h"
+#include "platform/picture.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,7 +1,5 @@
 #include "platform/picture.h"
 
-#include "platform/image_size.h"
-
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
