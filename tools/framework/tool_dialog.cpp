@@ -260,13 +260,6 @@ QCheckBox* ToolDialog::AddCheck(const QString& name, const QString& caption, boo
     return field;
 }
 
-QPushButton* ToolDialog::AddButton(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, Parent());
-    button->setObjectName(name);
-    AddRow({}, button, nullptr);
-    return button;
-}
-
 void ToolDialog::HandOver(const QString& markup) {
     markup_ = markup;
     accept();

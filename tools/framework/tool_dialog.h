@@ -68,7 +68,6 @@ protected:
     QLineEdit* AddFile(const QString& name, const QString& caption, const QString& button, const QString& filter,
                        const std::function<void(const QString& path)>& chosen = {});
     QCheckBox* AddCheck(const QString& name, const QString& caption, bool on = false);
-    QPushButton* AddButton(const QString& name, const QString& caption);  // in the place of a field
     // Any widget as a field; with an empty caption it takes the whole row.
     void AddField(const QString& caption, QWidget* field);
     void AddField(const QString& caption, QWidget* field, QWidget* beside);
