@@ -10,6 +10,17 @@
 namespace vellum {
 namespace {
 
+struct TagBarItem {
+    const char* caption = nullptr;  // null ends a popup; "&&" shows as "&"
+    Command command{};
+};
+
+struct TagBarPopup {
+    const char* name;  // of the popup's menu; its items are called after it, as in "popFontItem(0)"
+    const char* tab;
+    TagBarItem items[10];
+};
+
 constexpr TagBarPopup table[] = {
     {"popNonCodingTools",
      "Non-Coding Tools",
@@ -116,10 +127,6 @@ void ShowPopup(QMenu& menu, const TabStrip& strip, int tab) {
 }
 
 }  // namespace
-
-std::span<const TagBarPopup> TagBarTable() {
-    return table;
-}
 
 void BuildTagBar(TabStrip& strip, MDIform1& window) {
     QList<QMenu*> popups;
