@@ -3,7 +3,6 @@
 #include "platform/programs.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <ctime>
 #include <unistd.h>
@@ -61,8 +60,7 @@ SystemFacts ReadSystemFacts() {
     facts.processorType = ProcessorTypeIn(ProcText(QStringLiteral("/proc/cpuinfo")));
     facts.processorCount = static_cast<int>(qMax(0L, ::sysconf(_SC_NPROCESSORS_ONLN)));
     facts.windowsDirectory = WindowsDirectoryPath();
-    const QString libraries = QStringLiteral("/usr/lib");
-    if (QFileInfo(libraries).isDir()) facts.systemDirectory = libraries;
+    facts.systemDirectory = facts.windowsDirectory;  // the system keeps its programs and itself in one place
     ReadMemoryFacts(ProcText(QStringLiteral("/proc/meminfo")), facts);
     facts.millisecondsSinceBoot = MillisecondsSinceBoot();
     return facts;
