@@ -1,6 +1,6 @@
 #include "bench/page.h"
 #include "bench/timing.h"
-#include "platform/edit_surface.h"
+#include "surface/edit_surface.h"
 
 #include <QApplication>
 #include <QPlainTextEdit>

@@ -1,7 +1,7 @@
 // Pages of any size for the benchmarks, the same at every run.
 #pragma once
 
-#include "platform/format_store.h"
+#include "surface/format_store.h"
 
 #include <QString>
 

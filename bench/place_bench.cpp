@@ -2,7 +2,7 @@
 #include "bench/page.h"
 #include "bench/timing.h"
 #include "editor/place.h"
-#include "platform/edit_surface.h"
+#include "surface/edit_surface.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

@@ -1,10 +1,10 @@
 // From the end of the splash to the main window on the screen, as a whole and by its parts.
 #include "bench/timing.h"
-#include "platform/fonts.h"
-#include "platform/recovery_store.h"
-#include "platform/settings_keys.h"
+#include "files/recovery_store.h"
+#include "settings/settings_keys.h"
 #include "shell/mdiform1.h"
 #include "shell/start.h"
+#include "system/fonts.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

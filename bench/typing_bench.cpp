@@ -1,7 +1,7 @@
 // Typing, pasting and replacing in a document of the main window, with all that follows a key.
 #include "bench/page.h"
 #include "bench/timing.h"
-#include "platform/recovery_store.h"
+#include "files/recovery_store.h"
 #include "shell/document_window.h"
 #include "shell/mdiform1.h"
 

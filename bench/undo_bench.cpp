@@ -1,7 +1,7 @@
 #include "bench/page.h"
 #include "bench/timing.h"
 #include "editor/undo_history.h"
-#include "platform/edit_surface.h"
+#include "surface/edit_surface.h"
 
 #include <QApplication>
 #include <QTest>

@@ -13,19 +13,19 @@ function(vellum_warnings target)
   endif()
 endfunction()
 
-# vellum_library(<folder> [TARGET <name>] LINKS <targets...>): the static library of all sources in one folder of the
-# project. It is named as the folder unless the build system keeps that word for itself.
+# vellum_library(<folder> [TARGET <name>] LINKS <targets...>): the static library of all sources in one folder of
+# src/. It is named as the folder unless the build system keeps that word for itself.
 function(vellum_library folder)
   cmake_parse_arguments(ARG "" "TARGET" "LINKS" ${ARGN})
   set(library ${folder})
   if(ARG_TARGET)
     set(library ${ARG_TARGET})
   endif()
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/${folder}/*.h
-       ${PROJECT_SOURCE_DIR}/${folder}/*.qrc)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp
+       ${PROJECT_SOURCE_DIR}/src/${folder}/*.h ${PROJECT_SOURCE_DIR}/src/${folder}/*.qrc)
   if(NOT sources MATCHES "\\.cpp")
     add_library(${library} INTERFACE) # a floor that nothing stands on yet
-    target_include_directories(${library} INTERFACE ${PROJECT_SOURCE_DIR})
+    target_include_directories(${library} INTERFACE ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${library} INTERFACE ${ARG_LINKS})
     return()
   endif()
@@ -42,7 +42,7 @@ function(vellum_library folder)
     file(WRITE ${known_headers} "${headers}")
     file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${library}_autogen/timestamp)
   endif()
-  target_include_directories(${library} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_include_directories(${library} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${library} PUBLIC ${ARG_LINKS})
   vellum_warnings(${library})
 endfunction()

@@ -1,7 +1,7 @@
 // Every form of the program, and how it is made for its picture.
 #pragma once
 
-#include "platform/recovery_store.h"
+#include "files/recovery_store.h"
 #include "shell/mdiform1.h"
 #include "tests/shell/settings_bench.h"
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "editor/popup_list.h"
-#include "platform/edit_surface.h"
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
+#include "surface/edit_surface.h"
 #include "tests/support/test_workbench.h"
 
 #include <QFrame>

@@ -1,6 +1,6 @@
 #include "editor/insertion_color.h"
 
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "tests/support/test_workbench.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "editor/place.h"
 
-#include "platform/edit_surface.h"
+#include "surface/edit_surface.h"
 
 #include <QStringList>
 

@@ -1,5 +1,5 @@
 #include "editor/list_tag.h"
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "tests/support/test_workbench.h"
 
 #include <QTest>

@@ -1,11 +1,11 @@
 #include "editor/document.h"
 #include "editor/workbench.h"
-#include "platform/settings_keys.h"
-#include "platform/wait_pointer.h"
+#include "settings/settings_keys.h"
 #include "tests/editor/marked_text.h"
 #include "tests/editor/markup_oracle.h"
 #include "tests/editor/random_markup.h"
 #include "tests/support/test_workbench.h"
+#include "widgets/wait_pointer.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "editor/text_commands.h"
 
 #include "editor/surface_menu.h"
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "tests/support/test_workbench.h"
 
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #include "help/didyouknow.h"
 
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "tests/support/modal.h"
 #include "tests/support/test_workbench.h"
 

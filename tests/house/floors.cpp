@@ -6,17 +6,37 @@
 namespace vellum::house {
 namespace {
 
+// The folders by their floors, from the bottom. The tools have three floors of their own: what all of them share, the
+// groups by what an author makes, and the pages, which begin with other tools.
 const QMap<QString, int>& Floors() {
-    static const QMap<QString, int> floors{
-        {"shell", 6},  {"website", 5},   {"organizer", 5}, {"help", 5},   {"search", 5},   {"tools", 4},
-        {"import", 3}, {"reference", 3}, {"preview", 3},   {"editor", 2}, {"platform", 1},
-    };
+    static const QMap<QString, int> floors = [] {
+        const QList<QStringList> rising{
+            {"values"},
+            {"files", "system"},
+            {"settings"},
+            {"surface", "browser", "widgets"},
+            {"editor"},
+            {"import", "reference", "preview"},
+            {"tools/framework"},
+            {"tools/links", "tools/media", "tools/text", "tools/lists", "tools/tables", "tools/frames", "tools/forms",
+             "tools/scripts", "tools/styles"},
+            {"tools/pages"},
+            {"website", "organizer", "help", "search"},
+            {"shell"},
+        };
+        QMap<QString, int> map;
+        for (int floor = 0; floor < rising.size(); ++floor) {
+            for (const QString& folder : rising.at(floor)) map.insert(folder, floor);
+        }
+        return map;
+    }();
     return floors;
 }
 
-// The folder that a path starts with; empty for a bare name.
+// The folder of src/ that a path starts with, one of tools/ with its group; empty for a bare name.
 QString FolderOf(const QString& path) {
-    return path.contains('/') ? path.section('/', 0, 0) : QString();
+    const qsizetype depth = path.startsWith("tools/") ? 2 : 1;
+    return path.count('/') >= depth ? path.section('/', 0, depth - 1) : QString();
 }
 
 // main.cpp stands in no folder, on the top floor.
@@ -25,7 +45,7 @@ QString HomeOf(const QString& path) {
 }
 
 QString Objection(const QString& home, const QString& include) {
-    static const QStringList never{"tests", "bench", "fuzz", ".", ".."};
+    static const QStringList never{"src", "tests", "bench", "fuzz", ".", ".."};
     const QString target = FolderOf(include);
     if (never.contains(target)) return "leaves the floors";
     if (!Floors().contains(target) || target == home) return {};

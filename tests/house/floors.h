@@ -1,4 +1,4 @@
-// The floors of the house: which folder may include which. A folder includes only folders that stand below it.
+// The floors of the house: which folder of src/ may include which. A folder includes only folders that stand below it.
 #pragma once
 
 #include <QString>
@@ -9,8 +9,8 @@
 namespace vellum::house {
 
 struct SourceFile {
-    QString path;          // from the root of the project: "tools/hrule.cpp"
-    QStringList includes;  // as they are written, without the quotes: "platform/units.h"
+    QString path;          // from src/: "tools/text/hrule.cpp"
+    QStringList includes;  // as they are written, without the quotes: "values/units.h"
 };
 
 // The names in the #include lines of a source text.

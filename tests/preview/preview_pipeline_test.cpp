@@ -1,9 +1,9 @@
 #include "preview/preview_pipeline.h"
 
+#include "browser/browser_surface.h"
 #include "editor/document.h"
 #include "editor/workbench.h"
-#include "platform/browser_surface.h"
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "tests/support/test_workbench.h"
 #include "tests/support/wait_for.h"
 

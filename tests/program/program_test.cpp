@@ -1,5 +1,5 @@
 // The program as a person meets it: started on a page, typed in, previewed, saved, closed and started again.
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "tests/program/program_under_test.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "reference/add_tags.h"
 
-#include "platform/settings_keys.h"
 #include "reference/script_vocabulary.h"
+#include "settings/settings_keys.h"
 
 #include <QCryptographicHash>
 #include <QDir>

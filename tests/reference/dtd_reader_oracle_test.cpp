@@ -1,4 +1,4 @@
-#include "platform/text_file.h"
+#include "files/text_file.h"
 #include "reference/dtd_reader.h"
 #include "tests/reference/literal_dtd_reader.h"
 #include "tests/reference/tree_text.h"

@@ -1,8 +1,8 @@
 // The colour bar: its boxes, and what a press on one, or on "Other!", writes.
 #include "shell/color_bar.h"
 
-#include "platform/tab_strip.h"
 #include "tests/shell/main_window_fixture.h"
+#include "widgets/tab_strip.h"
 
 #include <QHelpEvent>
 #include <QToolTip>

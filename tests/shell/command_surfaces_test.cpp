@@ -1,8 +1,8 @@
 // What holds across menus and bars: commands without a document, other programs, the next document, the custom bar.
-#include "platform/tab_strip.h"
 #include "shell/color_bar.h"
 #include "shell/toolbar.h"
 #include "tests/shell/main_window_fixture.h"
+#include "widgets/tab_strip.h"
 
 #include <QDir>
 #include <QMenu>

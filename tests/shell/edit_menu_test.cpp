@@ -1,6 +1,6 @@
 // The Edit menu on a real document.
-#include "platform/tab_strip.h"
 #include "tests/shell/main_window_fixture.h"
+#include "widgets/tab_strip.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "platform/programs.h"
+#include "system/programs.h"
 #include "tests/shell/main_window_fixture.h"
 
 #include <QDir>

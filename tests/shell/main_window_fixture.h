@@ -1,13 +1,13 @@
 // A main window over a settings store, prompts and folders of its own.
 #pragma once
 
-#include "platform/edit_surface.h"
-#include "platform/number_rules.h"
-#include "platform/recovery_store.h"
-#include "platform/settings_keys.h"
+#include "files/recovery_store.h"
+#include "settings/settings_keys.h"
 #include "shell/document_window.h"
 #include "shell/mdiform1.h"
+#include "surface/edit_surface.h"
 #include "tests/support/scripted_prompts.h"
+#include "values/number_rules.h"
 
 #include <QFile>
 #include <QMdiArea>

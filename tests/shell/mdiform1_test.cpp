@@ -1,9 +1,9 @@
-#include "platform/tab_strip.h"
 #include "shell/color_bar.h"
 #include "shell/status_bar.h"
 #include "shell/toolbar.h"
 #include "tests/shell/main_window_fixture.h"
 #include "website/website_panel.h"
+#include "widgets/tab_strip.h"
 
 #include <QLabel>
 #include <QListWidget>

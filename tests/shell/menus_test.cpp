@@ -1,7 +1,7 @@
 // The menu bar: the whole tree, its letters and keys, and what the items of the XHTML menu write.
 #include "tests/shell/main_window_fixture.h"
 #include "tests/support/modal.h"
-#include "tools/hrule.h"
+#include "tools/text/hrule.h"
 
 #include <QMenu>
 #include <QMenuBar>

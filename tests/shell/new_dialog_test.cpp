@@ -1,10 +1,10 @@
 // The New command of the real main window, from the menu to the documents.
 #include "tests/shell/main_window_fixture.h"
 #include "tests/support/modal.h"
-#include "tools/form_wizard.h"
-#include "tools/frame_page.h"
-#include "tools/new_wizards.h"
-#include "tools/page_skeletons.h"
+#include "tools/frames/form_wizard.h"
+#include "tools/frames/frame_page.h"
+#include "tools/pages/new_wizards.h"
+#include "tools/pages/page_skeletons.h"
 
 #include <QToolButton>
 

@@ -3,7 +3,7 @@
 
 #include "editor/document.h"
 #include "editor/workbench.h"
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "shell/settings_fields.h"
 #include "tests/support/test_workbench.h"
 

@@ -1,6 +1,6 @@
 #include "shell/start.h"
 
-#include "platform/settings_keys.h"
+#include "settings/settings_keys.h"
 #include "tests/support/scripted_prompts.h"
 
 #include <QDir>

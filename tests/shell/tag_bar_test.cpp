@@ -1,7 +1,7 @@
 // The tag bar's tabs and popups, and what their items write.
-#include "platform/tab_strip.h"
 #include "tests/shell/main_window_fixture.h"
 #include "tests/support/modal.h"
+#include "widgets/tab_strip.h"
 
 #include <QCursor>
 #include <QMenu>

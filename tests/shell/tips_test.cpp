@@ -3,7 +3,7 @@
 #include "help/frm_about.h"
 #include "tests/shell/main_window_fixture.h"
 #include "tests/support/modal.h"
-#include "tools/new_wizards.h"
+#include "tools/pages/new_wizards.h"
 
 #include <QAbstractButton>
 

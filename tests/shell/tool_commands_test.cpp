@@ -1,7 +1,7 @@
 // The tools from their items in the main window to the document's text.
 #include "tests/shell/main_window_fixture.h"
 #include "tests/support/modal.h"
-#include "tools/form_wizard.h"
+#include "tools/frames/form_wizard.h"
 
 #include <QMap>
 #include <QMenu>

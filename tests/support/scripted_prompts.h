@@ -1,7 +1,7 @@
 // Prompts whose answers a test lays out beforehand, and which remember what was asked.
 #pragma once
 
-#include "platform/prompts.h"
+#include "widgets/prompts.h"
 
 #include <QStringList>
 

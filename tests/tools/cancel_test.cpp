@@ -1,16 +1,16 @@
 // What Cancel leaves behind, over all tools.
 #include "tests/tools/tool_fixture.h"
-#include "tools/asp.h"
-#include "tools/form_wizard.h"
-#include "tools/frame_page.h"
-#include "tools/frm_anchors.h"
-#include "tools/frm_applet.h"
-#include "tools/frm_fonts.h"
-#include "tools/frm_graphics.h"
-#include "tools/frm_iframe.h"
-#include "tools/frm_param.h"
-#include "tools/frm_sound.h"
-#include "tools/hrule.h"
+#include "tools/frames/form_wizard.h"
+#include "tools/frames/frame_page.h"
+#include "tools/frames/frm_iframe.h"
+#include "tools/links/frm_anchors.h"
+#include "tools/media/frm_graphics.h"
+#include "tools/media/frm_sound.h"
+#include "tools/scripts/asp.h"
+#include "tools/scripts/frm_applet.h"
+#include "tools/scripts/frm_param.h"
+#include "tools/text/frm_fonts.h"
+#include "tools/text/hrule.h"
 
 namespace vellum::test {
 namespace {

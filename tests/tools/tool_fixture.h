@@ -1,7 +1,7 @@
 // A shown document and the tools that write into it, driven by real events.
 #pragma once
 
-#include "platform/edit_surface.h"
+#include "surface/edit_surface.h"
 #include "tests/support/modal.h"
 #include "tests/support/test_workbench.h"
 #include "tools/framework/tool_dialog.h"

@@ -1,6 +1,6 @@
 #include "website/website_commands.h"
 
-#include "platform/programs.h"
+#include "system/programs.h"
 #include "tests/website/website_fixture.h"
 #include "website/propform.h"
 

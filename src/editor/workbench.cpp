@@ -1,0 +1,37 @@
+#include "editor/workbench.h"
+
+#include "editor/document.h"
+#include "values/number_rules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vellum {
+
+Document* Workbench::NewForm() {
+    Document* document = CreateDocument();
+    ++NewDocCount;
+    document->SetCaption("New " + NumberText(NewDocCount));
+    CountOpenedDocument();
+    Smartcolor();
+    return document;
+}
+
+void Workbench::CountOpenedDocument() {
+    SetOpenDocCount(NumberText(LeadingNumber(OpenDocCount()) + 1));
+}
+
+void Workbench::CountClosedDocument() {
+    SetOpenDocCount(NumberText(LeadingNumber(OpenDocCount()) - 1));
+}
+
+bool IsScriptCaption(const QString& caption) {
+    constexpr int shortest = 4;
+    static constexpr std::array<QLatin1String, 4> endings{QLatin1String(".js"), QLatin1String(".txt"),
+                                                          QLatin1String(".css"), QLatin1String(".vbs")};
+    return caption.size() >= shortest && std::ranges::any_of(endings, [&](QLatin1String ending) {
+               return caption.endsWith(ending, Qt::CaseInsensitive);
+           });
+}
+
+}  // namespace vellum

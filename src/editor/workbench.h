@@ -1,0 +1,111 @@
+// What all code may see of the main window: the active document, the shared values, the one way of text into a
+// document, the hint line. MDIform1 is one; a test makes another.
+#pragma once
+
+#include "settings/settings_store.h"
+#include "values/units.h"
+#include "widgets/prompts.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+class QWidget;
+
+namespace vellum {
+
+class Document;
+class ReferenceTree;
+
+// Values that every window reads and writes.
+struct SharedValues {
+    double TablesColor = 8388736;
+    double FramesColor = 192;
+    double LinksColor = 8388608;
+    double CommentsColor = 8421504;
+    double OtherColor = 32768;
+    std::int32_t AspColor = 6776628;
+    std::int16_t NewDocCount = 1;  // blank documents made in this session
+    bool StopClosing = false;      // a document's close was cancelled
+    QString EditorFontSize = QStringLiteral("8.5");
+    QString EditorFontName = QStringLiteral("Courier New");
+    std::int32_t ColorSpanStart = 0;
+    std::int32_t ColorSpanLength = 0;  // 0 asks for a full pass
+    bool UsePreview = true;            // the session's document kind, fixed at start
+    std::int16_t RefreshRate = 7;      // seconds, 1 to 30
+    std::int16_t AutoEmptySlash = 1;
+    std::int16_t AutoQuote = 0;
+    std::int16_t AutoCase = 1;
+};
+
+class Workbench : public SharedValues {
+public:
+    Workbench() = default;
+    virtual ~Workbench() = default;
+    Workbench(const Workbench&) = delete;
+    Workbench& operator=(const Workbench&) = delete;
+
+    [[nodiscard]] virtual Document* ActiveDocument() const = 0;  // null when no document is open
+    [[nodiscard]] virtual SettingsStore& Settings() = 0;
+    [[nodiscard]] virtual Prompts& Ask() = 0;
+    [[nodiscard]] virtual QWidget* Window() = 0;  // the parent of dialogs
+
+    // Open documents as decimal text; "0" switches off the commands that need one.
+    [[nodiscard]] virtual QString OpenDocCount() const = 0;
+    virtual void SetOpenDocCount(const QString& count) = 0;
+
+    // Panels of the status bar count from 1; the third is the hint line.
+    virtual void SetPanel(int panel, const QString& text) = 0;
+    void SetHint(const QString& text) { SetPanel(3, text); }
+
+    [[nodiscard]] virtual QStringList FontNames() const = 0;
+    [[nodiscard]] virtual QString WebsiteDirectory() const = 0;  // the directory that File2 shows
+    virtual void RefreshWebsite() = 0;                           // File2 reads its directory again
+    // What the names of images and of documents hold, as ".gif" (List4, lstDocTypes).
+    [[nodiscard]] virtual QStringList ImageTypes() const = 0;
+    [[nodiscard]] virtual QStringList DocumentTypes() const = 0;
+
+    // What the panel TreeView1 shows.
+    [[nodiscard]] virtual const ReferenceTree& References() const = 0;
+
+    // Paints the markup of the active document: all of it, or the stretch that ColorSpanStart and ColorSpanLength tell.
+    virtual void Smartcolor();
+    // Puts markup in place of the active document's selection, in the colours of the place, as one step of undo.
+    // `markup` may come back with the indentation of the line.
+    virtual void PortableColor(QString& markup);
+    // The selection between `open` and `close` goes the same way; `open` alone when `close` is empty.
+    virtual void Addstuff(const QString& open, const QString& close);
+
+    // The popup of the active document. `tagPos` is the position of the tag's "<", from 1.
+    void ShowAttr(int tagPos);
+    void HideAttr();
+    [[nodiscard]] QString GetStrAtt(int tagPos) const;
+    void InsertAttr(const QString& item);
+    // Put what is selected in the popup's list of elements, or of attributes and entities, into the text.
+    void TakeTag();
+    void TakeAttribute();
+
+    virtual void AddRecentFile(const QString& path) = 0;
+    virtual void SetWrapChecked(bool checked) = 0;  // the check mark of the Word Wrap item
+    // Makes a window of the session's kind and shows it. The caption is still "New", the count untouched.
+    virtual Document* CreateDocument() = 0;
+    // A blank document with its number, counted among the open ones.
+    Document* NewForm();
+    // Opens a file in a window of its own and counts it. When it can't be read, the window stays, blank, and `failure`
+    // is shown.
+    virtual void OpenInNewWindow(const QString& path, const QString& failure) = 0;
+    void CountOpenedDocument();
+    void CountClosedDocument();
+    virtual void LoadPage(QString& html) = 0;
+
+private:
+    // The two kinds of pass. False when the text holds no markup at all, which ends the pass early.
+    bool ColorWholeText(Document& document);
+    bool ColorSpan(Document& document);
+};
+
+// True for documents that get no colours and no markup assists, told by the caption's last letters alone.
+[[nodiscard]] bool IsScriptCaption(const QString& caption);
+
+}  // namespace vellum

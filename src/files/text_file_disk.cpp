@@ -1,0 +1,233 @@
+#include "files/file_descriptor.h"
+#include "files/in_place_write.h"
+#include "files/text_file.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <new>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace vellum {
+namespace {
+
+// A text surface counts positions in 31 bits and a line end as two of them.
+constexpr qint64 kLargestFile = (qint64{1} << 30) - 1;
+
+void Say(QString* error, const QString& sentence) {
+    if (error != nullptr) *error = sentence;
+}
+
+QString CannotRead(const QString& path, int number) {
+    if (number == EFBIG) return QString("Cannot read \"%1\": the file is too large.").arg(path);
+    return QString("Cannot read \"%1\": %2.").arg(path, SystemMessage(number));
+}
+
+QString CannotWrite(const QString& path, int number) {
+    return QString("Cannot write \"%1\": %2.").arg(path, SystemMessage(number));
+}
+
+QString NotAFile(const QString& path, mode_t mode) {
+    return S_ISDIR(mode) ? QString("\"%1\" is a folder.").arg(path) : QString("\"%1\" is not a text file.").arg(path);
+}
+
+// The bytes of a regular file; empty with a sentence for anything else.
+std::optional<QByteArray> ReadRegularFile(const QString& path, QString* error) {
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    // Asked before the file is opened, for opening alone sets some devices going.
+    if (::stat(name.constData(), &status) != 0) {
+        Say(error, CannotRead(path, errno));
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Say(error, NotAFile(path, status.st_mode));
+        return std::nullopt;
+    }
+    const FileDescriptor descriptor = OpenFile(name, O_RDONLY);
+    if (!descriptor.IsOpen() || ::fstat(descriptor.Get(), &status) != 0) {
+        Say(error, CannotRead(path, errno));
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Say(error, NotAFile(path, status.st_mode));
+        return std::nullopt;
+    }
+    std::optional<QByteArray> bytes = ReadAll(descriptor.Get(), kLargestFile);
+    if (!bytes) Say(error, CannotRead(path, errno));
+    return bytes;
+}
+
+// The value of an extended attribute; empty with errno on failure.
+std::optional<QByteArray> Attribute(int descriptor, const QByteArray& name) {
+    const ssize_t size = ::fgetxattr(descriptor, name.constData(), nullptr, 0);
+    if (size < 0) return std::nullopt;
+    QByteArray value(size, Qt::Uninitialized);
+    const ssize_t got = ::fgetxattr(descriptor, name.constData(), value.data(), static_cast<size_t>(size));
+    if (got < 0) return std::nullopt;
+    value.truncate(got);
+    return value;
+}
+
+// The names of the extended attributes; empty with errno on failure. A file system without any has none.
+std::optional<QList<QByteArray>> AttributeNames(int descriptor) {
+    const ssize_t size = ::flistxattr(descriptor, nullptr, 0);
+    if (size < 0) return errno == ENOTSUP ? std::optional(QList<QByteArray>()) : std::nullopt;
+    QByteArray names(size, Qt::Uninitialized);
+    const ssize_t got = ::flistxattr(descriptor, names.data(), static_cast<size_t>(size));
+    if (got < 0) return std::nullopt;
+    names.truncate(got);
+    QList<QByteArray> list = names.split('\0');
+    list.removeAll({});
+    return list;
+}
+
+bool CopyAttributes(int from, int to) {
+    static const QByteArray accessList = "system.posix_acl_access";
+    const std::optional<QList<QByteArray>> names = AttributeNames(from);
+    const std::optional<QList<QByteArray>> inherited = AttributeNames(to);
+    if (!names || !inherited) return false;
+    // The folder's default access list would open the new file to others than the old one.
+    if (inherited->contains(accessList) && !names->contains(accessList) &&
+        ::fremovexattr(to, accessList.constData()) != 0) {
+        return false;
+    }
+    for (const QByteArray& name : *names) {
+        const std::optional<QByteArray> value = Attribute(from, name);
+        if (!value) return false;
+        if (Attribute(to, name) == value) continue;
+        if (::fsetxattr(to, name.constData(), value->constData(), static_cast<size_t>(value->size()), 0) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Gives the new file owner, group, attributes and mode of the old one. False when something can't be kept.
+bool TakeOver(int oldFile, const struct stat& old, int newFile) {
+    struct stat made = {};
+    if (::fstat(newFile, &made) != 0) return false;
+    const bool sameOwner = made.st_uid == old.st_uid && made.st_gid == old.st_gid;
+    if (!sameOwner && ::fchown(newFile, old.st_uid, old.st_gid) != 0) return false;
+    return CopyAttributes(oldFile, newFile) && ::fchmod(newFile, old.st_mode & 07777) == 0;
+}
+
+enum class Replacing : unsigned char {
+    Done,
+    Failed,      // errno says why; the old file stands
+    Impossible,  // this file can only be written in place; the old file stands
+};
+
+// The file that is there, open for writing; not open for a file that is yet to be made.
+struct OldFile {
+    FileDescriptor descriptor;
+    struct stat status = {};
+};
+
+bool SpeaksAgainstReplacing(int number) {
+    return number == EACCES || number == EPERM || number == EROFS || number == EBUSY || number == EXDEV ||
+           number == ENAMETOOLONG;
+}
+
+// Writes a new file and gives it the name of the old one in one step. `nameless`: have no name in the folder until all
+// is written, so that a killed process leaves nothing behind; not every file system can do so.
+Replacing ReplaceBy(bool nameless, const QByteArray& target, const OldFile& old, QByteArrayView bytes) {
+    const QByteArray folder = FolderOf(target);
+    const QByteArray name =
+        folder + "/.vellumcraft-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+    const bool isNew = !old.descriptor.IsOpen();
+    FileDescriptor made = nameless ? OpenFile(folder, O_TMPFILE | O_WRONLY, isNew ? 0666 : 0600)
+                                   : OpenFile(name, O_WRONLY | O_CREAT | O_EXCL, isNew ? 0666 : 0600);
+    if (!made.IsOpen()) return nameless || SpeaksAgainstReplacing(errno) ? Replacing::Impossible : Replacing::Failed;
+    const auto leave = [&](Replacing outcome) {
+        const int number = errno;
+        RemoveFile(name);
+        errno = number;
+        return outcome;
+    };
+    if (!isNew && !TakeOver(old.descriptor.Get(), old.status, made.Get())) return leave(Replacing::Impossible);
+    if (!WriteAll(made.Get(), bytes) || !SyncFile(made.Get())) return leave(Replacing::Failed);
+    if (nameless && !GiveName(made.Get(), name)) return Replacing::Impossible;
+    if (!made.Close()) return leave(Replacing::Failed);
+    if (::rename(name.constData(), target.constData()) != 0) {
+        return leave(SpeaksAgainstReplacing(errno) ? Replacing::Impossible : Replacing::Failed);
+    }
+    return SyncFolder(folder) ? Replacing::Done : Replacing::Failed;
+}
+
+Replacing Replace(const QByteArray& target, const OldFile& old, QByteArrayView bytes) {
+    const Replacing outcome = ReplaceBy(true, target, old, bytes);
+    return outcome == Replacing::Impossible ? ReplaceBy(false, target, old, bytes) : outcome;
+}
+
+// Opens the file that is to be written anew, if there is one. False with a sentence when it may not be written.
+bool OpenOldFile(const QByteArray& target, OldFile& old, const QString& path, QString* error) {
+    if (::stat(target.constData(), &old.status) != 0) {
+        if (errno == ENOENT) return true;
+        Say(error, CannotWrite(path, errno));
+        return false;
+    }
+    if (!S_ISREG(old.status.st_mode)) {
+        Say(error, NotAFile(path, old.status.st_mode));
+        return false;
+    }
+    old.descriptor = OpenFile(target, O_WRONLY);
+    if (!old.descriptor.IsOpen() || ::fstat(old.descriptor.Get(), &old.status) != 0) {
+        Say(error, CannotWrite(path, errno));
+        return false;
+    }
+    if (!S_ISREG(old.status.st_mode)) Say(error, NotAFile(path, old.status.st_mode));
+    return S_ISREG(old.status.st_mode);
+}
+
+}  // namespace
+
+std::optional<LoadedText> ReadTextFile(const QString& path, QString* error) {
+    try {
+        std::optional<QByteArray> bytes = ReadRegularFile(path, error);
+        if (bytes && bytes->startsWith('\0')) {
+            if (RestoreInterruptedWrite(path)) {
+                bytes = ReadRegularFile(path, error);
+            } else {
+                const QByteArray before = ContentBeforeCut(FollowLinks(QFile::encodeName(path)));
+                if (!before.isEmpty()) bytes = before;
+            }
+        }
+        if (!bytes) return std::nullopt;
+        return DecodeText(*bytes);
+    } catch (const std::bad_alloc&) {
+        Say(error, CannotRead(path, ENOMEM));
+        return std::nullopt;
+    }
+}
+
+bool WriteFileSafely(const QString& path, const QByteArray& bytes, QString* error) {
+    const QByteArray target = FollowLinks(QFile::encodeName(path));
+    if (target.isEmpty()) {
+        Say(error, CannotWrite(path, path.isEmpty() ? ENOENT : ELOOP));
+        return false;
+    }
+    OldFile old;
+    if (!OpenOldFile(target, old, path, error)) return false;
+    const bool isNew = !old.descriptor.IsOpen();
+    const Replacing outcome = !isNew && old.status.st_nlink > 1 ? Replacing::Impossible : Replace(target, old, bytes);
+    const int number = errno;
+    switch (outcome) {
+        case Replacing::Done:
+            RemoveBackup(target);
+            return true;
+        case Replacing::Impossible:
+            if (!isNew) return WriteInPlace(target, bytes, error);
+            break;
+        case Replacing::Failed:
+            break;
+    }
+    Say(error, CannotWrite(path, number));
+    return false;
+}
+
+}  // namespace vellum

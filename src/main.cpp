@@ -1,0 +1,19 @@
+#include "browser/browser_surface.h"
+#include "shell/session.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    vellum::PrepareBrowserEngine();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("vellumcraft");
+    QApplication::setApplicationDisplayName({});
+    QApplication::setApplicationVersion("2");
+    QApplication::setDesktopFileName("vellumcraft");
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    vellum::Session session(QApplication::arguments().mid(1).join(' '));
+    QObject::connect(&session, &vellum::Session::Ended, &application, &QApplication::quit, Qt::QueuedConnection);
+    session.Run();
+    return QApplication::exec();
+}

@@ -1,0 +1,64 @@
+#include "preview/caching_file.h"
+
+#include "system/programs.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace vellum {
+namespace {
+
+// Without symbolic links, as far as the path exists.
+QString Resolved(const QString& path) {
+    const QFileInfo file(path);
+    if (QString whole = file.canonicalFilePath(); !whole.isEmpty()) return whole;
+    const QString directory = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return directory.isEmpty() ? QDir::cleanPath(file.absoluteFilePath()) : JoinPath(directory, file.fileName());
+}
+
+}  // namespace
+
+QString CachingFileName(const QString& caption) {
+    if (!caption.contains('.')) return QStringLiteral("caching.htm");
+    const QString lastFive = caption.right(5);
+    QString ending = lastFive.startsWith('.') ? lastFive : caption.right(4);
+    ending.remove('/');  // the end of a short name without extension, in a directory that has a dot
+    return QStringLiteral("caching") + ending;
+}
+
+QString CachingPath(const QString& caption, const QString& websiteDirectory) {
+    const QString name = CachingFileName(caption);
+    if (caption.startsWith(QLatin1String("New"))) return JoinPath(websiteDirectory, name);
+    return caption.left(caption.lastIndexOf('/') + 1) + name;
+}
+
+bool IsSameFile(const QString& path, const QString& other) {
+    return Resolved(path) == Resolved(other);
+}
+
+QString PathBesideDocuments(const QString& path, const QStringList& documents) {
+    const qsizetype ending = path.lastIndexOf('/') + 1 + QLatin1String("caching").size();
+    QString candidate = path;
+    for (int number = 1;; ++number) {
+        const auto isCandidate = [&](const QString& document) { return IsSameFile(document, candidate); };
+        if (std::none_of(documents.begin(), documents.end(), isCandidate)) return candidate;
+        const QString mark = number == 1 ? QString() : QString::number(number);
+        candidate = path.left(ending) + QLatin1String("-preview") + mark + path.mid(ending);
+    }
+}
+
+QString WithScrollScript(const QString& text, int scrollTop) {
+    const QLatin1String lineEnd("\r\n");
+    return text + lineEnd + QLatin1String("<SCRIPT language=\"Javascript\">") + lineEnd +
+           QLatin1String("setTimeout('ScrollStart()',5)") + lineEnd + QLatin1String("function ScrollStart() {") +
+           lineEnd + QLatin1String("window.scrollTo(0,") + QString::number(scrollTop) + QLatin1String(")") + lineEnd +
+           QLatin1String("}") + QLatin1String("</SCRIPT>") + lineEnd;
+}
+
+bool TakesScrollScript(const QString& fileName) {
+    return fileName.contains(QLatin1String(".htm"), Qt::CaseInsensitive);
+}
+
+}  // namespace vellum

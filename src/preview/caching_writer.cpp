@@ -1,0 +1,112 @@
+#include "preview/caching_writer.h"
+
+#include "files/declared_encoding.h"
+#include "preview/caching_file.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QMutex>
+#include <QThreadPool>
+#include <QtConcurrentRun>
+
+#include <atomic>
+#include <cstdio>
+
+namespace vellum {
+namespace {
+
+// Which write of each file was ordered last, and which one stands there.
+class WriteOrder {
+public:
+    [[nodiscard]] quint64 Next() { return ++last_; }
+
+    // Puts a finished file in its place, unless a later one stands there already.
+    bool Put(const QString& path, quint64 number, const QString& finished) {
+        const QMutexLocker lock(&mutex_);
+        quint64& standing = standing_[path];
+        if (standing > number) return QFile::remove(finished);
+        if (std::rename(QFile::encodeName(finished).constData(), QFile::encodeName(path).constData()) != 0) {
+            QFile::remove(finished);
+            return false;
+        }
+        standing = number;
+        return true;
+    }
+
+    // The same for a file that only its own writer can replace.
+    bool PutSafely(const QString& path, quint64 number, const QByteArray& bytes) {
+        const QMutexLocker lock(&mutex_);
+        quint64& standing = standing_[path];
+        if (standing > number) return true;
+        if (!WriteFileSafely(path, bytes)) return false;
+        standing = number;
+        return true;
+    }
+
+private:
+    std::atomic<quint64> last_ = 0;
+    QMutex mutex_;
+    QHash<QString, quint64> standing_;
+};
+
+WriteOrder& Order() {
+    static WriteOrder order;
+    return order;
+}
+
+QThreadPool& Pool() {
+    Order();  // outlives the pool, which finishes its writes at the end of the program
+    static QThreadPool pool;
+    pool.setMaxThreadCount(1);
+    return pool;
+}
+
+// The file is complete before it gets its name. What stands there may be a link, locked or no file at all, and the
+// folder may take no new file: such cases are left to the careful writer, which knows them.
+bool WriteQuickly(const QString& path, const QByteArray& bytes, quint64 number) {
+    const QFileInfo old(path);
+    const bool plain = !old.isSymLink() && (!old.exists() || (old.isFile() && old.isWritable()));
+    QFile file(
+        QStringLiteral("%1/.vellumcraft-preview-%2-%3")
+            .arg(old.absolutePath(), QString::number(QCoreApplication::applicationPid()), QString::number(number)));
+    if (!plain || !file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return Order().PutSafely(path, number, bytes);
+    if (old.exists()) file.setPermissions(old.permissions());
+    const bool complete = file.write(bytes) == bytes.size() && file.flush();
+    file.close();
+    if (complete && file.error() == QFileDevice::NoError) return Order().Put(path, number, file.fileName());
+    file.remove();
+    return false;
+}
+
+}  // namespace
+
+QByteArray CachingBytes(const CachingJob& job) {
+    QString text = job.scrollTop ? WithScrollScript(job.text, *job.scrollTop) : job.text;
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    TextFormat format = job.format;
+    format.lineEnd = LineEnd::CrLf;
+    format.lineEnds.clear();
+    const QByteArray bytes = EncodeText(text, format, false);
+    if (format.byteOrderMark || format.encoding == "UTF-8" || !DeclaredEncoding(bytes).isEmpty()) return bytes;
+    format.encoding = "UTF-8";
+    format.byteOrderMark = true;
+    return EncodeText(text, format, false);
+}
+
+QFuture<bool> WriteCachingFileLater(CachingJob job) {
+    return QtConcurrent::run(&Pool(), [job = std::move(job), number = Order().Next()] {
+        return WriteQuickly(job.path, CachingBytes(job), number);
+    });
+}
+
+bool WriteCachingFile(const CachingJob& job) {
+    return WriteCachingBytes(job.path, CachingBytes(job));
+}
+
+bool WriteCachingBytes(const QString& path, const QByteArray& bytes) {
+    return WriteQuickly(path, bytes, Order().Next());
+}
+
+}  // namespace vellum

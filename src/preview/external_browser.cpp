@@ -1,0 +1,96 @@
+// The pages that go elsewhere than to their own document's preview: to the external browsers, and the generated ones.
+#include "browser/browser_surface.h"
+#include "editor/document.h"
+#include "editor/workbench.h"
+#include "preview/caching_file.h"
+#include "preview/preview_pipeline.h"
+#include "settings/settings_keys.h"
+#include "system/programs.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <array>
+
+namespace vellum {
+namespace {
+
+const QString noBrowser = QStringLiteral("Unable to start browser.");
+
+bool IsNone(const QString& command) {
+    return command.isEmpty() || command == QLatin1String("None");
+}
+
+// The generated page on disk; empty when it can be put nowhere. A website directory that takes no files doesn't keep a
+// person from reading the manual.
+QString WritePage(Workbench& workbench, const QString& html) {
+    const QByteArray bytes = html.toUtf8();
+    const QString name = QStringLiteral("caching.htm");
+    const QString path = PathBesideOpenDocuments(workbench, JoinPath(workbench.WebsiteDirectory(), name));
+    if (WriteCachingBytes(path, bytes)) return path;
+    static const QTemporaryDir substitute;
+    const QString elsewhere = substitute.filePath(name);
+    return WriteCachingBytes(elsewhere, bytes) ? elsewhere : QString();
+}
+
+void ShowInPreview(PreviewHost& host, const QString& path) {
+    if (auto* const pipeline = host.OwnDocument().findChild<PreviewPipeline*>(QString(), Qt::FindDirectChildrenOnly))
+        pipeline->ForgetPending();
+    host.Browser().show();
+    host.Browser().Navigate(path);
+    host.RefreshTimer().stop();
+}
+
+bool OpenInDefault(const QString& path) {
+    return OpenWithDefault(QFileInfo(path).absoluteFilePath(), QStringLiteral("/"));
+}
+
+void ShowOutside(Workbench& workbench, const QString& path) {
+    const QString command = ReadSetting(workbench.Settings(), keys::browser1);
+    if (IsNone(command)) {
+        OpenInDefault(path);
+        return;
+    }
+    if (!RunCommand(command, QFileInfo(path).absoluteFilePath()))
+        workbench.Ask().Message(workbench.Window(), QStringLiteral("Unable to load browser specified in Settings."));
+}
+
+}  // namespace
+
+void LoadPage(Workbench& workbench, const QString& html) {
+    if (!workbench.UsePreview) {
+        const QString path = WritePage(workbench, html);
+        if (!path.isEmpty()) ShowOutside(workbench, path);
+        return;
+    }
+    if (workbench.OpenDocCount() == QLatin1String("0")) workbench.NewForm();
+    if (auto* const host = dynamic_cast<PreviewHost*>(workbench.ActiveDocument())) ShowPageIn(workbench, *host, html);
+}
+
+void ShowPageIn(Workbench& workbench, PreviewHost& host, const QString& html) {
+    const QString path = WritePage(workbench, html);
+    if (!path.isEmpty()) ShowInPreview(host, path);
+}
+
+void OpenInExternalBrowser(Workbench& workbench, int index) {
+    const Document* const document = workbench.ActiveDocument();
+    if (document == nullptr || document->Text1->Length() == 0)
+        return workbench.Ask().Message(workbench.Window(), QStringLiteral("There is nothing to show!"));
+    const std::array keysByIndex{&keys::browser1, &keys::browser2, &keys::browser3};
+    const QString command = ReadSetting(workbench.Settings(), *keysByIndex.at(static_cast<std::size_t>(index)));
+    const QString path =
+        PathBesideOpenDocuments(workbench, CachingPath(document->Caption(), workbench.WebsiteDirectory()));
+    if (!WriteCachingFile({path, document->Text1->RawText(), document->Text1->Format(), {}}))
+        return workbench.Ask().Message(workbench.Window(), noBrowser);
+    if (IsNone(command)) {
+        workbench.Ask().Message(
+            workbench.Window(),
+            QStringLiteral("No specific browser specified in settings dialog box. Using default browser."));
+        if (!OpenInDefault(path)) workbench.Ask().Message(workbench.Window(), noBrowser);
+    } else if (!RunCommand(command, QFileInfo(path).absoluteFilePath())) {
+        workbench.Ask().Message(workbench.Window(), noBrowser);
+    }
+}
+
+}  // namespace vellum

@@ -1,0 +1,103 @@
+#include "reference/entity_reader.h"
+
+#include "files/text_file.h"
+#include "reference/text_search.h"
+#include "values/number_rules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vellum {
+namespace {
+
+constexpr QStringView keyword = u"<!ENTITY";
+
+// Windows-1252, where it differs from Latin-1; the five places that it leaves free stand for themselves.
+constexpr int firstOwnCode = 0x80;
+constexpr std::array<char16_t, 32> ownCharacters{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+QChar CharacterOf(double code) {
+    const double whole = RoundHalfEven(code);
+    if (!(whole >= 0 && whole <= 255)) throw ReadingFailed("no character has such a code");
+    const auto number = static_cast<std::size_t>(whole);
+    const bool own = number >= firstOwnCode && number < firstOwnCode + ownCharacters.size();
+    return own ? QChar(ownCharacters.at(number - firstOwnCode)) : QChar(static_cast<char16_t>(number));
+}
+
+struct Entity {
+    QString name;
+    QString value;
+};
+
+bool IsBlank(QChar c) {
+    return c == ' ' || c == '\t';
+}
+
+// The first declaration at or after `pos`: the keyword with a blank or a tab behind it.
+qsizetype NextEntity(QStringView text, qsizetype pos) {
+    pos = FirstFrom(pos, text, keyword);
+    while (pos != 0) {
+        const QStringView behind = text.mid(pos - 1 + keyword.size(), 1);
+        if (!behind.isEmpty() && IsBlank(behind.front())) return pos;
+        pos = FirstFrom(pos + keyword.size(), text, keyword);
+    }
+    return 0;
+}
+
+// The declaration that stands from `pos` through the ">" at `end`.
+Entity ReadEntity(QStringView text, qsizetype pos, qsizetype end) {
+    const QStringView rest = text.mid(pos + keyword.size());
+    const auto* const nameEnd = std::ranges::find_if(rest, IsBlank);
+    if (nameEnd == rest.end()) throw ReadingFailed("the name of an entity doesn't end");
+    const qsizetype firstQuote = FirstFrom(pos, text, u'"');
+    if (firstQuote == 0) throw ReadingFailed("an entity has no quotes");
+    const qsizetype lastQuote = LastUpTo(end, text, u'"');
+    return {rest.first(nameEnd - rest.begin()).toString(), UpTo(text, firstQuote + 1, lastQuote).toString()};
+}
+
+void ReadCharacters(ReferenceTree& tree, int& nodeIndex, const QString& text) {
+    const int title = nodeIndex + 1;
+    int count = 0;
+    qsizetype pos = NextEntity(text, 1);
+    while (pos != 0) {
+        const qsizetype end = FirstFrom(pos, text, u'>');
+        const Entity entity = ReadEntity(text, pos, end);
+        tree.AddChild(title, EntityNodeText(entity.name, entity.value));
+        pos = NextEntity(text, end);
+        if (++count > greatestNodeIndex - title) throw ReadingFailed("too many nodes");
+    }
+    nodeIndex = title + count;
+}
+
+}  // namespace
+
+QString EntityNodeText(const QString& name, const QString& value) {
+    constexpr qsizetype pad = 10;
+    QString shown = value;
+    if (value.startsWith('&')) {
+        const double code = LeadingNumber(Stretch(value, 3, value.size() - 3));
+        if (code < 256) shown = CharacterOf(code);
+    }
+    // Declared by a double escape, whose outer number is that of the ampersand.
+    if (name == QLatin1String("lt")) shown = '<';
+    return '&' + name + ';' + QString(std::max<qsizetype>(pad - name.size(), 0), ' ') + shown;
+}
+
+int AddEntText(ReferenceTree& tree, int& nodeIndex, const QString& entText, int parentIndex, const QString& title) {
+    tree.AddChild(parentIndex, title);
+    ReadCharacters(tree, nodeIndex, entText);
+    return nodeIndex - 1;
+}
+
+int AddEnt(ReferenceTree& tree, int& nodeIndex, const QString& entPath, int parentIndex, const QString& title) {
+    tree.AddChild(parentIndex, title);
+    const std::optional<LoadedText> loaded = ReadTextFile(entPath);
+    if (!loaded) throw ReadingFailed("the file can't be read");
+    ReadCharacters(tree, nodeIndex, loaded->text);
+    return nodeIndex - 1;
+}
+
+}  // namespace vellum

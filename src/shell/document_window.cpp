@@ -1,0 +1,141 @@
+#include "shell/document_window.h"
+
+#include "editor/workbench.h"
+#include "settings/settings_keys.h"
+#include "values/number_rules.h"
+#include "widgets/prompts.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiSubWindow>
+
+#include <algorithm>
+
+namespace vellum {
+
+DocumentWindow::DocumentWindow(Workbench& workbench, QWidget* parent)
+    : Document(workbench, parent), lblFormat_(new QLabel(this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setMouseTracking(true);
+    setFocusProxy(Text1);
+    Text1->setMouseTracking(true);
+    Text1->viewport()->setMouseTracking(true);
+    Text1->installEventFilter(this);
+    Text1->viewport()->installEventFilter(this);
+    lblFormat_->setObjectName("lblFormat");
+    lblFormat_->setAccessibleName(tr("Encoding and line ends of the file"));
+    lblFormat_->setMouseTracking(true);
+    lblFormat_->setContentsMargins(6, 0, 6, 0);
+    lblFormat_->setToolTip(tr("Encoding and line ends of the file"));
+    ShowFormat();
+}
+
+bool DocumentWindow::LoadFile(const QString& path) {
+    const bool loaded = Text1->LoadFile(path);
+    ShowFormat();
+    return loaded;
+}
+
+bool DocumentWindow::SaveFile(const QString& path) {
+    const bool saved = Text1->SaveFile(path);
+    ShowFormat();
+    return saved;
+}
+
+void DocumentWindow::ShowFormat() {
+    lblFormat_->setText(Text1->Format().Description());
+}
+
+void DocumentWindow::LoadWrap() {
+    WordWrapOn = ReadNumberSetting(workbench_.Settings(), keys::wordWrap) == 1;
+    workbench_.SetWrapChecked(WordWrapOn);
+}
+
+void DocumentWindow::LoadFont() {
+    Text1->SetEditorFont(workbench_.EditorFontName, workbench_.EditorFontSize);
+    const SettingsStore& store = workbench_.Settings();
+    Text1->SetForeColor(static_cast<ColorNumber>(ReadNumberSetting(store, keys::foreColor)));
+    Text1->SetBackColor(static_cast<ColorNumber>(ReadNumberSetting(store, keys::backColor)));
+    SetSaver(true);
+}
+
+void DocumentWindow::ResizeMe() {
+    const auto* child = qobject_cast<QMdiSubWindow*>(parentWidget());
+    if (child && child->isMinimized()) return;
+    const int selStart = Text1->SelStart();
+    const int selLength = Text1->SelLength();
+    LayOut();
+    if (Text1->SelStart() == selStart && Text1->SelLength() == selLength) return;
+    Text1->SetSelStart(selStart);
+    Text1->SetSelLength(selLength);
+}
+
+void DocumentWindow::resizeEvent(QResizeEvent* event) {
+    Document::resizeEvent(event);
+    ResizeMe();
+}
+
+void DocumentWindow::mouseMoveEvent(QMouseEvent* event) {
+    Document::mouseMoveEvent(event);
+    workbench_.SetHint({});
+}
+
+bool DocumentWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseMove) workbench_.SetHint({});
+    if (event->type() == QEvent::FocusIn && watched == Text1) workbench_.SetWrapChecked(WordWrapOn);
+    return Document::eventFilter(watched, event);
+}
+
+void DocumentWindow::closeEvent(QCloseEvent* event) {
+    bool saved = true;
+    if (!MayClose(saved)) {
+        event->ignore();
+        return;
+    }
+    emit Closing(saved);
+    event->accept();
+}
+
+int DocumentWindow::FormatHeight() const {
+    constexpr int least = 27;
+    return std::max(lblFormat_->fontMetrics().height() + 4, least);
+}
+
+bool DocumentWindow::MayClose(bool& saved) {
+    if (Saver() || (NeverSaved() && Text1->Length() == 0)) {
+        workbench_.CountClosedDocument();
+        return true;
+    }
+    const Answer answer = workbench_.Ask().AskYesNoCancel(workbench_.Window(), "Do you want to save your document",
+                                                          "You have not saved your file");
+    if (answer == Answer::Cancel) {
+        workbench_.StopClosing = true;
+        return false;
+    }
+    bool counted = true;
+    if (answer == Answer::Yes && !SaveOnClose(counted, saved)) {
+        workbench_.Ask().Message(workbench_.Window(), "Cannot save file.  It may be locked or read-only.");
+    }
+    if (counted) workbench_.CountClosedDocument();
+    return true;
+}
+
+// False when the file can't be written. A save dialog without an answer leaves the count one too high, and the text
+// only among those that can be recovered.
+bool DocumentWindow::SaveOnClose(bool& counted, bool& saved) {
+    QString path = Caption();
+    if (NeverSaved()) {
+        path = workbench_.Ask().SaveFile(workbench_.Window(),
+                                         {"HTML Files (*.htm)|*.htm", workbench_.WebsiteDirectory(), false});
+        counted = !path.isEmpty();
+        saved = counted;
+        if (!counted) return true;
+    }
+    saved = SaveFile(path);
+    if (!saved) return false;
+    workbench_.AddRecentFile(path);
+    SetSaver(true);
+    return true;
+}
+
+}  // namespace vellum

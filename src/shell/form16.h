@@ -1,0 +1,58 @@
+// A document window with the live preview beside or below the editor.
+#pragma once
+
+#include "browser/browser_surface.h"
+#include "preview/preview_pipeline.h"
+#include "shell/document_window.h"
+#include "shell/layout.h"
+#include "widgets/tab_strip.h"
+
+#include <QCheckBox>
+#include <QSlider>
+#include <QTimer>
+
+namespace vellum {
+
+class Form16 : public DocumentWindow, public PreviewHost {
+    Q_OBJECT
+public:
+    explicit Form16(Workbench& workbench, QWidget* parent = nullptr);
+
+    BrowserSurface* const WebBrowser1;
+    QSlider* const Slider1;
+    TabStrip* const TabStrip1;
+    QCheckBox* const Check1;
+    QTimer* const Timer1;  // once, 400 ms after the load: the first view
+    QTimer* const Timer2;  // every RefreshRate seconds while the text has changed
+    bool PreviewSplitVertical = true;
+    QString CachePath;  // the last caching file given to the visual editor
+
+    void EditVisually();  // opens the visual editor on a copy of the text
+
+    // PreviewHost
+    BrowserSurface& Browser() override { return *WebBrowser1; }
+    QTimer& RefreshTimer() override { return *Timer2; }
+    bool AutoPreviewOn() const override { return Check1->isChecked(); }
+    Document& OwnDocument() override { return *this; }
+
+protected:
+    void LayOut() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void NameControls();
+    void WireControls();
+    void LoadSplit();
+    void ShowFirstView();
+    void RunTab(int index);
+    void FollowHandle(int value);
+    void Apply();
+    [[nodiscard]] WindowSize Sizes() const;
+
+    QWidget* const bar_;  // holds the preview commands and the AutoPreview box
+    PreviewPipeline pipeline_;
+    PaneLayout layout_;
+    bool applying_ = false;
+};
+
+}  // namespace vellum

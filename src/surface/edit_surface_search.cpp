@@ -1,0 +1,146 @@
+// Searching in the edit surface, line by line and without a copy of the text.
+#include "surface/document_text.h"
+#include "surface/edit_surface_private.h"
+
+#include <QStringList>
+#include <QTextDocument>
+
+#include <algorithm>
+
+namespace vellum {
+namespace {
+
+class LineSearch {
+public:
+    LineSearch(QTextDocument& document, const QString& text, Qt::CaseSensitivity cs)
+        : document_(document), pieces_(ToLines(text)), cs_(cs) {}
+
+    // The position of the first match at or behind a column of a block; -1 when there is none.
+    [[nodiscard]] int First(QTextBlock block, int column) const {
+        for (; block.isValid(); block = block.next(), column = 0) {
+            const QString line = LineOf(block);
+            qsizetype found = -1;
+            if (pieces_.size() == 1) {
+                found = line.indexOf(pieces_.front(), column, cs_);
+            } else if (line.endsWith(pieces_.front(), cs_)) {
+                const qsizetype start = line.size() - pieces_.front().size();
+                if (start >= column && FollowingMatch(block)) found = start;
+            }
+            if (found >= 0) return block.position() + static_cast<int>(found);
+        }
+        return -1;
+    }
+
+    [[nodiscard]] int Length() const {
+        qsizetype length = pieces_.size() - 1;
+        for (const QString& piece : pieces_) length += piece.size();
+        return static_cast<int>(length);
+    }
+
+private:
+    static QStringList ToLines(QString text) {
+        text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        text.replace(u'\r', u'\n');
+        return text.split(u'\n');
+    }
+
+    [[nodiscard]] QString LineOf(const QTextBlock& block) const {
+        return FromDocumentText(block.text(), document_, block.position());
+    }
+
+    // Whether the lines behind `block` go on as the text does behind its first line end.
+    [[nodiscard]] bool FollowingMatch(QTextBlock block) const {
+        for (qsizetype index = 1; index < pieces_.size(); ++index) {
+            block = block.next();
+            if (!block.isValid()) return false;
+            const QString line = LineOf(block);
+            const bool last = index + 1 == pieces_.size();
+            const bool fits =
+                last ? line.startsWith(pieces_.at(index), cs_) : line.compare(pieces_.at(index), cs_) == 0;
+            if (!fits) return false;
+        }
+        return true;
+    }
+
+    QTextDocument& document_;
+    QStringList pieces_;
+    Qt::CaseSensitivity cs_;
+};
+
+// The character of CR LF text at an offset of one line, its line end included; 0 beyond.
+char16_t CharacterAt(const QString& line, int index, bool hasEnd) {
+    const int length = static_cast<int>(line.size());
+    if (index < length) return line.at(index).unicode();
+    if (!hasEnd) return 0;
+    return index == length ? u'\r' : u'\n';
+}
+
+}  // namespace
+
+std::optional<std::pair<int, int>> EditSurface::Private::Match(const QString& text, int start,
+                                                               Qt::CaseSensitivity cs) const {
+    if (text.isEmpty() || start > q.Length()) return std::nullopt;
+    const LineSearch search(*q.document(), text, cs);
+    const int position = PositionOf(start);
+    QTextBlock block = q.document()->findBlock(position);
+    int column = position - block.position();
+    if (start > OffsetOf(position)) {
+        block = block.next();
+        column = 0;
+    }
+    const int found = search.First(block, column);
+    if (found < 0) return std::nullopt;
+    return std::pair{found, found + search.Length()};
+}
+
+int EditSurface::IndexOf(const QString& text, int start, Qt::CaseSensitivity cs) const {
+    const auto match = d_->Match(text, start, cs);
+    return match ? d_->OffsetOf(match->first) : -1;
+}
+
+int EditSurface::Find(const QString& text, int start, Qt::CaseSensitivity cs) {
+    const auto match = d_->Match(text, start, cs);
+    if (!match) return -1;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(match->first);
+    cursor.setPosition(match->second, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    return d_->OffsetOf(match->first);
+}
+
+void EditSurface::Span(const QString& characters, bool forward, bool until) {
+    const QTextCursor selected = textCursor();
+    int from = selected.selectionStart();
+    int to = selected.selectionEnd();
+    QTextBlock block = document()->findBlock(forward ? to : from);
+    QString line = d_->Characters(block.position(), block.length() - 1);
+    const auto stops = [&](int index) {
+        const char16_t character = CharacterAt(line, index, block.next().isValid());
+        return character == 0 || characters.contains(QChar(character)) == until;
+    };
+    // Columns run over both characters of a line end: length and length + 1.
+    int column = (forward ? to : from) - block.position();
+    while (true) {
+        const int length = static_cast<int>(line.size());
+        if (forward) {
+            while (column < length + 2 && !stops(column)) ++column;
+            if (column < length + 2) break;
+            block = block.next();
+            column = 0;
+        } else {
+            while (column > 0 && !stops(column - 1)) --column;
+            if (column > 0 || !block.previous().isValid()) break;
+            block = block.previous();
+            column = block.length() - 1 + 2;
+        }
+        line = d_->Characters(block.position(), block.length() - 1);
+    }
+    const int reached = block.position() + std::min(column, block.length() - 1 + (column > block.length() ? 1 : 0));
+    (forward ? to : from) = reached;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+}  // namespace vellum

@@ -1,0 +1,118 @@
+// Colours and weights of characters, kept by line beside the text and shifted by its edits.
+#pragma once
+
+#include "surface/stretch_rows.h"
+#include "values/units.h"
+
+#include <compare>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace vellum {
+
+// A place in the text; line and column count from 0. The column behind a line's last character is the line end's own.
+struct TextPlace {
+    int line = 0;
+    int column = 0;
+
+    auto operator<=>(const TextPlace&) const = default;  // NOLINT(modernize-use-nullptr): trips over generated code
+};
+
+// What to change of a format; an empty part stays as it is.
+struct FormatChange {
+    std::optional<std::optional<ColorNumber>> color;
+    std::optional<bool> bold;
+
+    [[nodiscard]] CharFormat AppliedTo(CharFormat format) const;
+};
+
+// A stretch of the whole text, in offsets from 0.
+struct FormatSpan {
+    int offset = 0;
+    int length = 0;
+    CharFormat format;
+};
+
+// A change of a stretch of the whole text, in offsets from 0.
+struct FormatStep {
+    int offset = 0;
+    int length = 0;
+    FormatChange change;
+    bool ofOneColor = false;  // a stretch of several colours stays as it is
+};
+
+// The format of every character of a text, line ends among them (one character each). Lines hold only what differs from
+// the base format, and they live in small chunks, so that an edit touches one chunk. A copy shares the chunks with its
+// original until either is edited: keeping a copy costs next to nothing.
+class FormatStore {
+public:
+    FormatStore();  // one empty line
+
+    // A new text in the base format {}, one entry a line: its characters without the line end. An empty list means one
+    // empty line.
+    void Reset(std::span<const int> lengths);
+
+    [[nodiscard]] int LineCount() const { return lineCount_; }
+    [[nodiscard]] int LineLength(int line) const;  // without the line end
+    [[nodiscard]] TextPlace End() const;           // behind the last character
+    // The place `characters` further on, a line end counting as one; the end of the text when it is nearer.
+    [[nodiscard]] TextPlace Advance(TextPlace from, int characters) const;
+
+    // The text from `from` up to `to` is replaced by lines of the given lengths, a line end between each two of them;
+    // {0} inserts nothing. What is inserted takes `format`.
+    void Replace(TextPlace from, TextPlace to, std::span<const int> inserted, const CharFormat& format);
+
+    // Leaves the base as it is, also when the range is the whole text.
+    void SetFormat(TextPlace from, TextPlace to, const FormatChange& change);
+    // Everything takes `rest`, which is the base from now on, without a walk over the lines.
+    void SetAll(const CharFormat& rest);
+    // Everything takes `rest` and then each span its format. Spans ascend and don't overlap; their offsets count a line
+    // end as `lineEndLength` characters.
+    void SetAll(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength);
+
+    // The base format, which all characters have that no stretch holds.
+    [[nodiscard]] const CharFormat& Base() const { return base_; }
+    // The stretches of a line that differ from the base, ascending and as long as can be. One may take in the line end.
+    // Valid until the next change.
+    [[nodiscard]] std::span<const Stretch> Stretches(int line) const;
+    // The format of the character at `place`; the base format at the end of the text.
+    [[nodiscard]] CharFormat FormatAt(TextPlace place) const;
+    // The one colour of a range, empty when there are several or the range is empty. `own` stands for the surface's
+    // own.
+    [[nodiscard]] std::optional<ColorNumber> CommonColor(TextPlace from, TextPlace to, ColorNumber own) const;
+    [[nodiscard]] std::optional<bool> CommonBold(TextPlace from, TextPlace to) const;
+
+    // What it holds beside the chunks that it shares with `other`.
+    [[nodiscard]] std::size_t HeldBytesBeside(const FormatStore& other) const;
+
+private:
+    friend class FormatDifference;
+
+    struct Chunk {
+        std::vector<int> lengths;
+        StretchRows stretches;  // a row a line, or none at all while every line is in the base format
+    };
+    struct Slot {
+        int firstLine = 0;
+        std::shared_ptr<Chunk> chunk;
+    };
+
+    [[nodiscard]] std::size_t SlotOf(int line) const;
+    [[nodiscard]] Chunk& Owned(std::size_t slot);  // the chunk, no longer shared
+    void SetStretches(int line, std::span<const Stretch> stretches);
+    void SetLine(int line, int length, std::span<const Stretch> stretches);
+    // Replaces at least one line.
+    void Splice(int firstLine, int removed, std::span<const int> lengths, const StretchRows& stretches);
+    void AppendSpans(std::span<const FormatSpan> spans, int lineEndLength);
+    template <typename Visitor>
+    bool VisitRuns(TextPlace from, TextPlace to, const Visitor& visit) const;
+
+    std::vector<Slot> slots_;
+    int lineCount_ = 1;
+    CharFormat base_;
+};
+
+}  // namespace vellum

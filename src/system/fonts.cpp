@@ -1,0 +1,25 @@
+#include "system/fonts.h"
+
+#include "values/number_rules.h"
+
+#include <QFontDatabase>
+
+#include <algorithm>
+
+namespace vellum {
+
+QStringList SystemFontNames() {
+    return QFontDatabase::families();
+}
+
+int SystemFontCount() {
+    return static_cast<int>(QFontDatabase::families().size());
+}
+
+double PointSize(const QString& text, double fallback) {
+    constexpr double largest = 1000;  // beyond it the font engine gives up
+    const double size = LeadingNumber(text);
+    return size > 0 ? std::min(size, largest) : fallback;
+}
+
+}  // namespace vellum

@@ -1,0 +1,169 @@
+#include "website/website_commands.h"
+
+#include "files/rename_file.h"
+#include "system/file_search.h"
+#include "system/programs.h"
+#include "website/file_kind.h"
+#include "website/propform.h"
+#include "widgets/wait_pointer.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace vellum {
+
+WebsiteCommands::WebsiteCommands(Workbench& bench, WebsitePanel& panel, FileTools tools)
+    : QObject(&panel),
+      mnuWebsite(new QMenu(&panel)),
+      popDirectory(new QMenu(&panel)),
+      bench_(bench),
+      panel_(panel),
+      tools_(std::move(tools)) {
+    mnuWebsite->setObjectName("mnuWebsite");
+    popDirectory->setObjectName("popDirectory");
+    FillMenus();
+    connect(&panel_, &WebsitePanel::FileActivated, this, &WebsiteCommands::OpenFile);
+    // The pointer asks the surface of a list for its menu, the keyboard the list itself.
+    for (QAbstractScrollArea* list : std::initializer_list<QAbstractScrollArea*>{panel_.Dir1, panel_.File2}) {
+        list->installEventFilter(this);
+        list->viewport()->installEventFilter(this);
+    }
+}
+
+QAction* WebsiteCommands::AddItem(QMenu& menu, const QString& name, const QString& caption,
+                                  void (WebsiteCommands::*run)()) {
+    QAction* const item = menu.addAction(caption);
+    item->setObjectName(name);
+    // Keys act where the list has the keyboard, and are nobody else's.
+    item->setShortcutContext(Qt::WidgetShortcut);
+    connect(item, &QAction::triggered, this, run);
+    return item;
+}
+
+void WebsiteCommands::FillMenus() {
+    using C = WebsiteCommands;
+    AddItem(*mnuWebsite, "mnuWebsiteLinkItem", "&Create a Link To File...", &C::mnuWebsiteLinkItem);
+    AddItem(*mnuWebsite, "mnuWebsiteRenameItem", "&Rename File...", &C::mnuWebsiteRenameItem)->setShortcut(Qt::Key_F2);
+    AddItem(*mnuWebsite, "mnuWebsiteDeleteItem", "&Delete File", &C::mnuWebsiteDeleteItem)->setShortcut(Qt::Key_Delete);
+    AddItem(*mnuWebsite, "mnuPropertiesItem", "&Properties...", &C::mnuPropertiesItem)
+        ->setShortcuts({QKeySequence(Qt::ALT | Qt::Key_Return), QKeySequence(Qt::ALT | Qt::Key_Enter)});
+    panel_.File2->addActions(mnuWebsite->actions());
+
+    AddItem(*popDirectory, "popDirectoryItems", "&Create Directory", &C::popDirectoryItems);
+    QAction* const refresh =
+        AddItem(*popDirectory, "popDirectoryRefresh", "&Refresh Directory", &C::popDirectoryRefresh);
+    refresh->setShortcut(Qt::Key_F5);
+    for (QWidget* list : std::initializer_list<QWidget*>{panel_.Drive1, panel_.Dir1, panel_.File2}) {
+        list->addAction(refresh);
+    }
+}
+
+bool WebsiteCommands::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ContextMenu) {
+        const bool files = watched == panel_.File2 || watched == panel_.File2->viewport();
+        QAbstractItemView& list = files ? static_cast<QAbstractItemView&>(*panel_.File2) : *panel_.Dir1;
+        PopUp(files ? *mnuWebsite : *popDirectory, list, *static_cast<QContextMenuEvent*>(event));
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void WebsiteCommands::PopUp(QMenu& menu, QAbstractItemView& list, const QContextMenuEvent& event) {
+    QPoint place = event.globalPos();
+    if (event.reason() == QContextMenuEvent::Mouse) {
+        const QModelIndex row = list.indexAt(list.viewport()->mapFromGlobal(place));
+        if (row.isValid()) list.setCurrentIndex(row);
+    } else {
+        const QRect row = list.currentIndex().isValid() ? list.visualRect(list.currentIndex()) : QRect();
+        const QRect seen = row.intersected(list.viewport()->rect());
+        place = list.viewport()->mapToGlobal(seen.isEmpty() ? QPoint() : seen.center());
+    }
+    menu.popup(place);
+}
+
+void WebsiteCommands::OpenFile(const QString& path) {
+    const QString name = QFileInfo(path).fileName();
+    if (bench_.OpenDocCount() != QLatin1String("0")) {
+        const QStringList images = MatchingTypes(name, bench_.ImageTypes());
+        for (qsizetype i = 0; i < images.size() && tools_.insertImage; ++i) tools_.insertImage(path);
+        if (IsPageSound(name) && tools_.insertSound) tools_.insertSound(path);
+    }
+    if (IsCachingName(name)) {
+        bench_.Ask().Message(bench_.Window(), "Cannot Load Caching File");
+        return;
+    }
+    if (!MatchingTypes(name, bench_.DocumentTypes()).isEmpty()) {
+        bench_.OpenInNewWindow(path, QStringLiteral("Unable to load file"));
+    }
+}
+
+QString WebsiteCommands::SelectedName() {
+    QString name = panel_.File2->FileName();
+    if (name.isEmpty()) bench_.Ask().Message(bench_.Window(), "No File Selected");
+    return name;
+}
+
+void WebsiteCommands::mnuWebsiteLinkItem() {
+    const QString name = SelectedName();
+    if (!name.isEmpty() && tools_.linkTo) tools_.linkTo(name);
+}
+
+void WebsiteCommands::mnuWebsiteRenameItem() {
+    const QString name = SelectedName();
+    if (name.isEmpty()) return;
+    // Another folder may be shown by the time the person answers.
+    const QString folder = panel_.File2->Path();
+    const QString newName =
+        bench_.Ask().Input(bench_.Window(), "Enter the File's New Name", "Renaming The File", name).value_or(QString());
+    if (newName.isEmpty()) return;
+    const bool renamed = RenameFile(JoinPath(folder, name), JoinPath(folder, newName));
+    panel_.File2->Refresh();
+    if (renamed && panel_.File2->Path() == folder) panel_.File2->SelectWhenListed(newName);
+}
+
+void WebsiteCommands::mnuWebsiteDeleteItem() {
+    const QString name = SelectedName();
+    if (name.isEmpty()) return;
+    const QString path = JoinPath(panel_.File2->Path(), name);
+    const QString question = QString(17, u' ') + QLatin1String("Proceed?");
+    if (bench_.Ask().AskYesNo(bench_.Window(), question, "Delete File") != Answer::Yes) return;
+    const bool deleted = QFile::remove(path);
+    panel_.File2->Refresh();
+    if (!deleted) bench_.Ask().Message(bench_.Window(), "Cannot Delete File");
+}
+
+void WebsiteCommands::mnuPropertiesItem() {
+    const QString name = SelectedName();
+    if (name.isEmpty()) return;
+    propform form(bench_, JoinPath(panel_.File2->Path(), name));
+    form.exec();
+}
+
+void WebsiteCommands::popDirectoryItems() {
+    const QString folder = panel_.Dir1->Path();
+    const QString name =
+        bench_.Ask().Input(bench_.Window(), "Enter Name of New Directory", "Vellumcraft").value_or(QString());
+    if (name.isEmpty()) return;
+    QDir().mkdir(JoinPath(folder, name));
+    panel_.Dir1->Refresh();
+}
+
+void WebsiteCommands::popDirectoryRefresh() {
+    panel_.Refresh();
+}
+
+void WebsiteCommands::mnuFindFileItem() {
+    const bool started = [this] {
+        const WaitPointer waiting;
+        return StartFileSearch(panel_.Drive());
+    }();
+    if (started) return;
+    bench_.Ask().Message(bench_.Window(), "This Windows Application is not installed on your computer");
+}
+
+}  // namespace vellum

@@ -1,0 +1,467 @@
+#include "browser/browser_surface.h"
+
+#include "browser/browser_engine.h"
+#include "tests/support/wait_for.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QImage>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace vellum {
+namespace {
+
+class BrowserSurfaceTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() { PrepareBrowserEngine(); }
+
+    void SetUp() override {
+        ASSERT_TRUE(directory_.isValid());
+        auto* const layout = new QVBoxLayout(&window_);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(&line_);
+        layout->addWidget(&surface_, 1);
+        window_.resize(400, 330);
+        window_.show();
+        window_.activateWindow();
+        line_.setFocus();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        BrowserSurface::SetAddressOpener([this](const QUrl& address) { opened_ << address.toString(); });
+    }
+
+    void TearDown() override { BrowserSurface::SetAddressOpener({}); }
+
+    QString Write(const QString& name, const QByteArray& bytes) const {
+        const QString path = directory_.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        EXPECT_EQ(file.write(bytes), bytes.size());
+        return path;
+    }
+
+    static QByteArray Page(const QByteArray& title, const QByteArray& body, const QByteArray& head = {}) {
+        return "<html><head><title>" + title + "</title>" + head + "</head><body style=\"margin:0\">" + body +
+               "</body></html>";
+    }
+
+    void WritePicture(const QString& name, const QColor& color) const {
+        QImage picture(20, 20, QImage::Format_RGB32);
+        picture.fill(color);
+        ASSERT_TRUE(picture.save(directory_.filePath(name)));
+    }
+
+    // Navigates and waits until the navigation has ended well.
+    void Show(const QString& path) {
+        QSignalSpy complete(&surface_, &BrowserSurface::NavigateComplete);
+        surface_.Navigate(path);
+        ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
+        ASSERT_TRUE(complete.last().first().toBool());
+    }
+
+    QString Evaluate(const QString& script) {
+        bool answered = false;
+        QString result;
+        surface_.Evaluate(script, [&](const QString& value) {
+            result = value;
+            answered = true;
+        });
+        EXPECT_TRUE(test::WaitFor([&] { return answered; }));
+        return result;
+    }
+
+    QColor Pixel(int x, int y) { return surface_.grab().toImage().pixelColor(x, y); }
+
+    bool WaitForPixel(int x, int y, const QColor& color) {
+        return test::WaitFor([&] { return Pixel(x, y) == color; });
+    }
+
+    bool CurtainDown() const { return surface_.findChild<QWidget*>("curtain")->isVisible(); }
+
+    bool WaitForTitle(const QString& title) {
+        return test::WaitFor([&] { return surface_.Title() == title; });
+    }
+
+    // A click of a person into the page, in pixels from its top left corner.
+    void Click(int x, int y) {
+        QWidget* const target = surface_.childAt(x, y);
+        ASSERT_NE(target, nullptr);
+        QTest::mouseClick(target, Qt::LeftButton, Qt::NoModifier, target->mapFrom(&surface_, QPoint(x, y)));
+    }
+
+    // Runs the event loop for `milliseconds` and returns the longest time between two ticks of a 10 ms timer.
+    static qint64 LongestPause(int milliseconds) {
+        QElapsedTimer total;
+        QElapsedTimer sinceTick;
+        qint64 longest = 0;
+        QTimer ticker;
+        QObject::connect(&ticker, &QTimer::timeout, [&] { longest = std::max(longest, sinceTick.restart()); });
+        total.start();
+        sinceTick.start();
+        ticker.start(10);
+        EXPECT_TRUE(test::WaitFor([&] { return total.elapsed() > milliseconds; }));
+        return std::max(longest, sinceTick.elapsed());
+    }
+
+    QTemporaryDir directory_;
+    QWidget window_;
+    QLineEdit line_;
+    BrowserSurface surface_;
+    QStringList opened_;
+};
+
+TEST_F(BrowserSurfaceTest, KnowsNothingBeforeTheFirstPage) {
+    EXPECT_TRUE(surface_.IsAvailable());
+    EXPECT_EQ(surface_.Title(), "");
+    EXPECT_EQ(surface_.Path(), "");
+    EXPECT_EQ(surface_.ScrollTop(), 0);
+    EXPECT_EQ(surface_.RendererProcess(), 0);
+    bool called = false;
+    surface_.ReadText([&](const QString& text) { called = text.isEmpty(); });
+    EXPECT_TRUE(called);
+}
+
+TEST_F(BrowserSurfaceTest, TellsTitleAndText) {
+    QSignalSpy titles(&surface_, &BrowserSurface::TitleChanged);
+    const QString path = Write("a.html", Page("First page", "<p>Gr\xC3\xBC\xC3\x9F Gott</p>"));
+    Show(path);
+    EXPECT_EQ(surface_.Path(), path);
+    EXPECT_EQ(surface_.Title(), "First page");
+    EXPECT_EQ(titles.last().first().toString(), "First page");
+    QString text;
+    surface_.ReadText([&](const QString& read) { text = read; });
+    EXPECT_TRUE(test::WaitFor([&] { return text.trimmed() == QString::fromUtf8("Gr\xC3\xBC\xC3\x9F Gott"); }));
+}
+
+TEST_F(BrowserSurfaceTest, APageWithoutTitleHasNone) {
+    Show(Write("untitled.html", "<html><body>x</body></html>"));
+    EXPECT_EQ(surface_.Title(), "");
+}
+
+TEST_F(BrowserSurfaceTest, ShowsFilesWithAwkwardNames) {
+    Show(Write("100% new #1?.html", Page("Awkward", "x")));
+    EXPECT_EQ(surface_.Title(), "Awkward");
+}
+
+TEST_F(BrowserSurfaceTest, LoadsThePagesOwnFiles) {
+    WritePicture("p.png", Qt::red);
+    Write("s.css", "body { background: rgb(0,0,255); }");
+    Write("s.js", "document.title = 'by script';");
+    Show(Write("a.html", Page("x", "<img src=\"p.png\" style=\"display:block\"/><script src=\"s.js\"></script>",
+                              "<link rel=\"stylesheet\" href=\"s.css\"/>")));
+    EXPECT_TRUE(WaitForTitle("by script"));
+    EXPECT_TRUE(WaitForPixel(5, 5, Qt::red));
+    EXPECT_TRUE(WaitForPixel(200, 200, Qt::blue));
+}
+
+TEST_F(BrowserSurfaceTest, APageReadsNoOtherFiles) {
+    Write("secret.txt", "secret");
+    Show(Write("a.html",
+               Page("start",
+                    "<script>var r=new XMLHttpRequest();r.onload=function(){document.title='read '+r.responseText};"
+                    "r.onerror=function(){document.title='refused'};r.open('GET','secret.txt');"
+                    "try{r.send()}catch(e){document.title='refused'}</script>")));
+    EXPECT_TRUE(WaitForTitle("refused"));
+}
+
+TEST_F(BrowserSurfaceTest, TheSamePathShowsWhatIsOnDiskNow) {
+    WritePicture("p.png", Qt::red);
+    Write("s.css", "body { background: rgb(0,0,255); }");
+    const QByteArray body = "<img src=\"p.png\" style=\"display:block\"/>";
+    const QByteArray head = "<link rel=\"stylesheet\" href=\"s.css\"/>";
+    const QString path = Write("a.html", Page("before", body, head));
+    Show(path);
+    EXPECT_TRUE(WaitForPixel(5, 5, Qt::red));
+    EXPECT_TRUE(WaitForPixel(200, 200, Qt::blue));
+    WritePicture("p.png", Qt::green);
+    Write("s.css", "body { background: rgb(0,255,255); }");
+    Write("a.html", Page("after", body, head));
+    Show(path);
+    EXPECT_EQ(surface_.Title(), "after");
+    EXPECT_TRUE(WaitForPixel(5, 5, Qt::green));
+    EXPECT_TRUE(WaitForPixel(200, 200, Qt::cyan));
+}
+
+TEST_F(BrowserSurfaceTest, AnotherPageOfTheSameFolderShowsWhatIsOnDiskNow) {
+    WritePicture("p.png", Qt::red);
+    const QByteArray body = "<img src=\"p.png\" style=\"display:block\"/>";
+    Show(Write("a.html", Page("one", body)));
+    EXPECT_TRUE(WaitForPixel(5, 5, Qt::red));
+    WritePicture("p.png", Qt::green);
+    Show(Write("b.html", Page("two", body)));
+    EXPECT_EQ(surface_.Title(), "two");
+    EXPECT_TRUE(WaitForPixel(5, 5, Qt::green));
+}
+
+TEST_F(BrowserSurfaceTest, TellsTheScrollOffset) {
+    Show(Write("a.html", Page("x",
+                              "<div style=\"height:3000px\">x</div><script>setTimeout(function(){"
+                              "window.scrollTo(0,700)},5)</script>")));
+    EXPECT_TRUE(test::WaitFor([&] { return surface_.ScrollTop() == 700; })) << surface_.ScrollTop();
+    Show(Write("b.html", Page("x", "short")));
+    EXPECT_TRUE(test::WaitFor([&] { return surface_.ScrollTop() == 0; })) << surface_.ScrollTop();
+}
+
+TEST_F(BrowserSurfaceTest, AMissingFileEndsBadlyAndTheNextOneWell) {
+    QSignalSpy complete(&surface_, &BrowserSurface::NavigateComplete);
+    surface_.Navigate(directory_.filePath("missing.html"));
+    ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
+    EXPECT_FALSE(complete.last().first().toBool());
+    Show(Write("a.html", Page("there", "x")));
+    EXPECT_EQ(surface_.Title(), "there");
+}
+
+TEST_F(BrowserSurfaceTest, OnlyTheLastOfSeveralNavigationsIsReported) {
+    Show(Write("a.html", Page("a", "x")));
+    QSignalSpy complete(&surface_, &BrowserSurface::NavigateComplete);
+    surface_.Navigate(Write("b.html", Page("b", "x")));
+    surface_.Navigate(Write("c.html", Page("c", "x")));
+    surface_.Navigate(Write("d.html", Page("d", "x")));
+    EXPECT_TRUE(WaitForTitle("d"));
+    EXPECT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
+    EXPECT_EQ(complete.size(), 1);
+    EXPECT_TRUE(complete.last().first().toBool());
+}
+
+TEST_F(BrowserSurfaceTest, APageThatIsStillLoadingIsOvertaken) {
+    QTcpServer server;  // takes connections and never answers them
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    Show(Write("a.html", Page("a", "x")));
+    QSignalSpy complete(&surface_, &BrowserSurface::NavigateComplete);
+    surface_.Navigate(QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort()));
+    ASSERT_TRUE(test::WaitFor([&] { return server.hasPendingConnections(); }));
+    const QString path = Write("b.html", Page("b", "x"));
+    for (int round = 0; round < 5; ++round) surface_.Navigate(path);
+    ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
+    EXPECT_EQ(surface_.Title(), "b");
+    EXPECT_EQ(complete.size(), 1);
+    EXPECT_TRUE(complete.first().first().toBool());
+}
+
+TEST_F(BrowserSurfaceTest, NavigationsInARowEndWithTheLastWhereverTheyMeet) {
+    for (int round = 0; round < 30; ++round) {
+        surface_.Navigate(Write("a.html", Page("early", "x")));
+        test::WaitFor([] { return false; }, round);  // the next one meets it at another point every time
+        QSignalSpy complete(&surface_, &BrowserSurface::NavigateComplete);
+        const QByteArray title = "round " + QByteArray::number(round);
+        surface_.Navigate(Write("a.html", Page(title, "x")));
+        ASSERT_TRUE(WaitForTitle(title)) << round;
+        ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); })) << round;
+    }
+}
+
+TEST_F(BrowserSurfaceTest, KeepsTheOldPictureUntilTheNewOneIsThere) {
+    const QByteArray paint = "<style>body{background:rgb(255,0,0)}</style>";
+    Show(Write("a.html", Page("a", "x", paint)));
+    ASSERT_TRUE(WaitForPixel(200, 200, Qt::red));
+    ASSERT_TRUE(test::WaitFor([&] { return !CurtainDown(); }));
+    bool blank = false;
+    bool covered = false;
+    QTimer watcher;
+    QObject::connect(&watcher, &QTimer::timeout, [&] {
+        blank = blank || Pixel(200, 200) != QColor(Qt::red);
+        covered = covered || CurtainDown();
+    });
+    watcher.start(0);
+    Show(Write("b.html", Page("b", "y", paint)));
+    EXPECT_TRUE(test::WaitFor([&] { return covered && !CurtainDown(); }));
+    EXPECT_FALSE(blank);
+}
+
+TEST_F(BrowserSurfaceTest, TheOldPictureGoesAfterASecondAtMost) {
+    Show(Write("a.html", Page("a", "x")));
+    QElapsedTimer since;
+    since.start();
+    surface_.Navigate(Write("b.html", Page("b", "<script>while(true);</script>")));
+    ASSERT_TRUE(test::WaitFor([&] { return CurtainDown(); }));
+    ASSERT_TRUE(test::WaitFor([&] { return !CurtainDown(); }));
+    EXPECT_LT(since.elapsed(), 1900);
+}
+
+TEST_F(BrowserSurfaceTest, LeavesTheKeyboardWhereItIs) {
+    Show(Write("a.html", Page("a",
+                              "<input id=\"i\" autofocus=\"autofocus\"/><script>window.focus();"
+                              "document.getElementById('i').focus()</script>")));
+    Show(Write("b.html", Page("b", "<input autofocus=\"autofocus\"/>")));
+    EXPECT_EQ(QApplication::focusWidget(), &line_);
+    EXPECT_FALSE(surface_.HasKeyboard());
+    QTest::keyClicks(QApplication::focusWidget(), "typed");
+    EXPECT_EQ(line_.text(), "typed");
+    Click(100, 100);
+    EXPECT_TRUE(test::WaitFor([&] { return surface_.HasKeyboard(); }));
+    line_.setFocus();
+    EXPECT_FALSE(surface_.HasKeyboard());
+    EXPECT_EQ(QApplication::focusWidget(), &line_);
+}
+
+TEST_F(BrowserSurfaceTest, AnEndlessScriptStallsNeitherTheProgramNorTheNextPage) {
+    Show(Write("a.html", Page("a", "x")));
+    surface_.Navigate(Write("b.html", Page("b", "<script>while(true);</script>")));
+    ASSERT_TRUE(WaitForTitle("b"));
+    const qint64 hanging = surface_.RendererProcess();
+    ASSERT_GT(hanging, 0);
+    EXPECT_LT(LongestPause(500), 200);
+    EXPECT_EQ(surface_.ScrollTop(), 0);
+    Show(Write("c.html", Page("good", "x")));
+    EXPECT_EQ(surface_.Title(), "good");
+    EXPECT_NE(surface_.RendererProcess(), hanging);
+    EXPECT_TRUE(test::WaitFor([&] { return ::kill(static_cast<pid_t>(hanging), 0) != 0; }));
+}
+
+TEST_F(BrowserSurfaceTest, AScriptThatHangsAfterLoadingIsGivenUpToo) {
+    Show(Write("a.html", Page("a",
+                              "<script>setTimeout(function(){document.title='hung';setTimeout(function(){"
+                              "while(true);},0)},20)</script>")));
+    ASSERT_TRUE(WaitForTitle("hung"));
+    Show(Write("b.html", Page("good", "x")));
+    EXPECT_EQ(surface_.Title(), "good");
+}
+
+TEST_F(BrowserSurfaceTest, APageThatHangsBehindItsLastSignOfLifeIsGivenUpToo) {
+    // Asked for a sign of life, the page gives it and then hangs before the next one can come.
+    Show(Write("a.html", Page("a", "<script>window.addEventListener('pagehide',function(){while(true);});</script>")));
+    Show(Write("b.html", Page("good", "x")));
+    EXPECT_EQ(surface_.Title(), "good");
+}
+
+TEST_F(BrowserSurfaceTest, AlertsAreShownQuietly) {
+    Show(Write("a.html", Page("a",
+                              "<script>alert('Saluton');document.title=prompt('?','initial')+confirm('!')"
+                              "</script>")));
+    EXPECT_TRUE(WaitForTitle("initialtrue"));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_TRUE(surface_.findChild<QWidget*>("note")->isVisible());
+    Show(Write("b.html", Page("b", "x")));
+    EXPECT_FALSE(surface_.findChild<QWidget*>("note")->isVisible());
+}
+
+TEST_F(BrowserSurfaceTest, AnEndlessAlertLoopStallsNothing) {
+    surface_.Navigate(Write("a.html", Page("a", "<script>while(true)alert('again');</script>")));
+    ASSERT_TRUE(WaitForTitle("a"));
+    EXPECT_LT(LongestPause(1000), 200);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(surface_.RendererProcess(), 0);  // stopped, lest it keeps this thread busy
+    Show(Write("b.html", Page("good", "x")));
+    EXPECT_EQ(surface_.Title(), "good");
+}
+
+TEST_F(BrowserSurfaceTest, AnEndlessConsoleLoopStallsNothing) {
+    Show(Write("a.html", Page("a", "x")));
+    surface_.Navigate(Write("b.html", Page("b", "<script>while(true)console.log('again');</script>")));
+    EXPECT_LT(LongestPause(1500), 300);
+    EXPECT_EQ(surface_.RendererProcess(), 0);
+    Show(Write("c.html", Page("good", "x")));
+    EXPECT_EQ(surface_.Title(), "good");
+}
+
+TEST_F(BrowserSurfaceTest, ACrashedPageIsReplaced) {
+    Show(Write("a.html", Page("a", "x")));
+    const qint64 process = surface_.RendererProcess();
+    ASSERT_GT(process, 0);
+    ASSERT_EQ(::kill(static_cast<pid_t>(process), SIGKILL), 0);
+    ASSERT_TRUE(test::WaitFor([&] { return surface_.RendererProcess() == 0; }));
+    EXPECT_EQ(surface_.ScrollTop(), 0);
+    Show(Write("b.html", Page("good", "x")));
+    EXPECT_EQ(surface_.Title(), "good");
+}
+
+TEST_F(BrowserSurfaceTest, LocalLinksStayInside) {
+    Write("b.html", Page("linked", "x"));
+    Show(Write("a.html", Page("a", "<a href=\"b.html\" style=\"display:block;height:100px;background:#0f0\">x</a>")));
+    ASSERT_TRUE(WaitForPixel(200, 50, QColor(0, 255, 0)));
+    Click(200, 50);
+    EXPECT_TRUE(WaitForTitle("linked"));
+    EXPECT_TRUE(opened_.isEmpty());
+}
+
+TEST_F(BrowserSurfaceTest, LinksThatLeaveTheSiteOpenOutside) {
+    for (const char* target : {"href=\"https://example.org/x\"", "href=\"mailto:a@example.org\"",
+                               "href=\"https://example.org/new\" target=\"_blank\""}) {
+        opened_.clear();
+        Show(Write("a.html", Page("a", QByteArray("<a ") + target +
+                                           " style=\"display:block;height:100px;background:#0f0\">x</a>")));
+        ASSERT_TRUE(WaitForPixel(200, 50, QColor(0, 255, 0)));
+        ASSERT_TRUE(test::WaitFor([&] { return !CurtainDown(); }));
+        Click(200, 50);
+        EXPECT_TRUE(test::WaitFor([&] { return opened_.size() == 1; })) << target;
+        EXPECT_EQ(surface_.Title(), "a");
+    }
+    EXPECT_EQ(opened_, QStringList{"https://example.org/new"});
+}
+
+TEST_F(BrowserSurfaceTest, ScriptsOpenNothingOutside) {
+    Show(Write("a.html", Page("a",
+                              "<a id=\"l\" href=\"https://example.org/\">x</a><script>setTimeout(function(){"
+                              "window.open('https://example.org/2');document.getElementById('l').click();"
+                              "location.href='https://example.org/3';setTimeout(function(){document.title='done'},200)"
+                              "},10)</script>")));
+    EXPECT_TRUE(WaitForTitle("done"));
+    EXPECT_TRUE(opened_.isEmpty()) << opened_.join(' ').toStdString();
+}
+
+TEST_F(BrowserSurfaceTest, DownloadsAreRefused) {
+    Write("b.zip", "PK");
+    const QStringList before = QDir(directory_.path()).entryList();
+    Show(Write("a.html", Page("a",
+                              "<script>setTimeout(function(){location.href='b.zip';setTimeout(function(){"
+                              "document.title='done'},300)},10)</script>")));
+    EXPECT_TRUE(WaitForTitle("done"));
+    EXPECT_EQ(QDir(directory_.path()).entryList().size(), before.size() + 1);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(BrowserSurfaceWithoutEngineTest, SaysSoQuietlyAndDoesNothing) {
+    qputenv("VELLUMCRAFT_NO_BROWSER", "1");
+    BrowserSurface surface;
+    surface.show();
+    EXPECT_FALSE(surface.IsAvailable());
+    EXPECT_TRUE(surface.findChild<QWidget*>("note")->isVisible());
+    QSignalSpy complete(&surface, &BrowserSurface::NavigateComplete);
+    surface.Navigate("/nowhere.html");
+    EXPECT_TRUE(complete.isEmpty());
+    EXPECT_TRUE(test::WaitFor([&] { return complete.size() == 1; }));
+    EXPECT_FALSE(complete.first().first().toBool());
+    EXPECT_EQ(surface.Title(), "");
+    EXPECT_EQ(surface.ScrollTop(), 0);
+    EXPECT_EQ(surface.RendererProcess(), 0);
+    bool called = false;
+    surface.ReadText([&](const QString& text) { called = text.isEmpty(); });
+    EXPECT_TRUE(called);
+    qunsetenv("VELLUMCRAFT_NO_BROWSER");
+}
+
+TEST(EngineSwitchesTest, RootRunsWithoutTheSandbox) {
+    EXPECT_TRUE(EngineSwitches({.root = true}).contains("--no-sandbox"));
+    EXPECT_FALSE(EngineSwitches({.root = false}).contains("--no-sandbox"));
+    EXPECT_FALSE(EngineSwitches({.root = true, .sandboxOff = true}).contains("--no-sandbox"));
+}
+
+TEST(EngineSwitchesTest, GraphicsAreUsedWhereTheyAre) {
+    EXPECT_FALSE(EngineSwitches({.graphics = true}).contains("--disable-gpu"));
+    EXPECT_TRUE(EngineSwitches({.graphics = false}).contains("--disable-gpu"));
+}
+
+TEST(EngineSwitchesTest, APersonsSwitchesStay) {
+    const QByteArray switches =
+        EngineSwitches({.root = true, .graphics = false, .switches = "--no-sandbox --use-gl=egl --x"});
+    EXPECT_TRUE(switches.startsWith("--no-sandbox --use-gl=egl --x "));
+    EXPECT_EQ(switches.count("--no-sandbox"), 1);
+    EXPECT_FALSE(switches.contains("--disable-gpu"));
+}
+
+TEST(EngineSwitchesTest, NothingIsAskedOfTheNetworkInTheBackground) {
+    EXPECT_TRUE(EngineSwitches({}).contains("--disable-background-networking"));
+}
+
+}  // namespace
+}  // namespace vellum

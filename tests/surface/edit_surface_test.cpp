@@ -1,0 +1,785 @@
+#include "surface/edit_surface.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace vellum {
+namespace {
+
+constexpr ColorNumber red = 0x0000FF;
+constexpr ColorNumber blue = 0xFF0000;
+constexpr ColorNumber green = 0x008000;
+
+class EditSurfaceTest : public testing::Test {
+protected:
+    EditSurfaceTest() {
+        surface.resize(500, 300);
+        surface.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&surface));
+        surface.setFocus();
+    }
+
+    void Commit(const QString& text, const QString& preedit = {}, int replaceFrom = 0, int replaceLength = 0) {
+        QInputMethodEvent event(preedit, {});
+        if (!text.isEmpty() || replaceLength > 0) event.setCommitString(text, replaceFrom, replaceLength);
+        QApplication::sendEvent(&surface, &event);
+    }
+
+    EditSurface surface;
+};
+
+TEST_F(EditSurfaceTest, StartsEmptyWithTheCaretAtTheStart) {
+    EXPECT_EQ(surface.Text(), QString());
+    EXPECT_EQ(surface.Length(), 0);
+    EXPECT_EQ(surface.SelStart(), 0);
+    EXPECT_EQ(surface.accessibleName(), "Source text");
+    EXPECT_FALSE(surface.isUndoRedoEnabled());
+}
+
+TEST_F(EditSurfaceTest, TakesEveryKindOfLineEndAndGivesCrLf) {
+    surface.SetText("a\r\nb\nc\rd\n\r\n");
+    EXPECT_EQ(surface.Text(), "a\r\nb\r\nc\r\nd\r\n\r\n");
+    EXPECT_EQ(surface.RawText(), "a\nb\nc\nd\n\n");
+    EXPECT_EQ(surface.Length(), surface.Text().size());
+    surface.SetSelStart(1);
+    surface.SetSelText("x\ry\nz\r\n");
+    EXPECT_EQ(surface.RawText(), "ax\ny\nz\n\nb\nc\nd\n\n");
+}
+
+TEST_F(EditSurfaceTest, LosesNoCharacter) {
+    QString all;
+    for (int unit = 0; unit < 0x10000; ++unit) {
+        if (unit != '\r' && unit != '\n') all += QChar(static_cast<char16_t>(unit));
+        if (unit % 97 == 0) all += "\r\n";
+    }
+    surface.SetText(all);
+    EXPECT_TRUE(surface.Text() == all);
+    EXPECT_EQ(surface.Length(), all.size());
+    surface.SetText({});
+    surface.SetSelText(all);
+    EXPECT_TRUE(surface.Text() == all);
+}
+
+TEST_F(EditSurfaceTest, AStandInKeepsItsCharacterThroughEdits) {
+    const QString text =
+        QString("a") + QChar(0x2029) + QChar(0xFFFD) + QChar(0xFDD0) + "b\r\n" + QChar(0xFDD1) + QChar(0);
+    surface.SetText(text);
+    surface.SetSelStart(2);
+    QTest::keyClicks(&surface, "x");
+    surface.SetSelText(QString(QChar(0xFFFD)) + QChar(0x2028) + QChar(0xA0));
+    QString expected = text;
+    expected.insert(2, QString("x") + QChar(0xFFFD) + QChar(0x2028) + QChar(0xA0));
+    EXPECT_EQ(surface.Text(), expected);
+    surface.SetText("plain");  // what is left of the old characters must not cling to the new ones
+    surface.SetSelText(QString(QChar(0xFFFD)));
+    EXPECT_EQ(surface.Text(), QString(QChar(0xFFFD)) + "plain");
+    surface.SetText(QString(QChar(0x2029)));
+    surface.SetText(QString(QChar(0xFFFD)));
+    EXPECT_EQ(surface.Text(), QString(QChar(0xFFFD)));
+}
+
+TEST_F(EditSurfaceTest, RandomStringsComeBack) {
+    std::mt19937 random(7);
+    const QString special = QString("\r\n\t ab\r\n") + QChar(0) + QChar(0xA0) + QChar(0x2028) + QChar(0x2029) +
+                            QChar(0xFDD0) + QChar(0xFDD1) + QChar(0xFFFC) + QChar(0xFFFD) + QChar(0xFFFE) +
+                            QChar(0xD800) + QChar(0xDC00) + QChar(0xFEFF);
+    for (int round = 0; round < 200; ++round) {
+        QString text;
+        for (unsigned length = random() % 60; length > 0; --length) {
+            text += random() % 4 == 0 ? QChar(static_cast<char16_t>(random() & 0xFFFF))
+                                      : special.at(random() % special.size());
+        }
+        QString expected = text;
+        expected.replace("\r\n", "\n").replace('\r', '\n').replace("\n", "\r\n");
+        surface.SetText(text);
+        ASSERT_EQ(surface.Text(), expected) << "round " << round;
+        ASSERT_EQ(surface.Length(), expected.size());
+    }
+}
+
+TEST_F(EditSurfaceTest, OffsetsCountALineEndAsTwo) {
+    const QString text = "ab\r\n\r\ncde\r\n";
+    surface.SetText(text);
+    for (int offset = -2; offset <= text.size() + 3; ++offset) {
+        surface.SetSelStart(offset);
+        int expected = std::clamp<int>(offset, 0, static_cast<int>(text.size()));
+        const bool between = expected > 0 && expected < text.size() && text.at(expected) == '\n';
+        if (between) --expected;
+        EXPECT_EQ(surface.SelStart(), expected) << "offset " << offset;
+        EXPECT_EQ(surface.SelLength(), 0);
+        EXPECT_EQ(surface.GetLineFromChar(offset), text.left(expected).count('\n')) << "offset " << offset;
+    }
+}
+
+TEST_F(EditSurfaceTest, SelectsEveryRange) {
+    const QString text = "ab\r\n\r\ncde\r\n";
+    const auto down = [&](int offset) { return offset < text.size() && text.at(offset) == '\n' ? offset - 1 : offset; };
+    surface.SetText(text);
+    for (int begin = 0; begin <= text.size(); ++begin) {
+        for (int length = 0; length <= text.size() + 3 - begin; ++length) {
+            surface.SetSelStart(begin);
+            surface.SetSelLength(length);
+            const int from = down(begin);
+            const int to = down(std::min<int>(from + length, static_cast<int>(text.size())));
+            EXPECT_EQ(surface.SelStart(), from);
+            EXPECT_EQ(surface.SelLength(), to - from) << begin << " " << length;
+            EXPECT_EQ(surface.SelText(), text.mid(from, to - from)) << begin << " " << length;
+            EXPECT_EQ(surface.Mid(begin, length), text.mid(begin, length)) << begin << " " << length;
+        }
+    }
+    surface.SetSelStart(1);
+    surface.SetSelLength(std::numeric_limits<int>::max());
+    EXPECT_EQ(surface.SelText(), text.mid(1));
+    EXPECT_EQ(surface.Mid(2, std::numeric_limits<int>::max()), text.mid(2));
+}
+
+TEST_F(EditSurfaceTest, TypesWithRealKeys) {
+    QTest::keyClicks(&surface, "<p>");
+    QTest::keyClick(&surface, Qt::Key_Return);
+    QTest::keyClick(&surface, Qt::Key_Tab);
+    QTest::keyClicks(&surface, "x");
+    QTest::keyClick(&surface, Qt::Key_Enter, Qt::KeypadModifier);
+    QTest::keyClick(&surface, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(surface.Text(), "<p>\r\n\tx\r\n\r\n");
+    EXPECT_EQ(surface.SelStart(), 11);
+}
+
+TEST_F(EditSurfaceTest, DeletesWithRealKeys) {
+    surface.SetText("one two\r\nthree four");
+    surface.SetSelStart(9);
+    QTest::keyClick(&surface, Qt::Key_Backspace);
+    EXPECT_EQ(surface.Text(), "one twothree four");
+    EXPECT_EQ(surface.SelStart(), 7);
+    QTest::keyClick(&surface, Qt::Key_Delete);
+    EXPECT_EQ(surface.Text(), "one twohree four");
+    QTest::keyClick(&surface, Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(surface.Text(), "one hree four");
+    QTest::keyClick(&surface, Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(surface.Text(), "one four");
+    surface.SetText("a\r\nb");
+    surface.SetSelStart(1);
+    QTest::keyClick(&surface, Qt::Key_Delete);
+    EXPECT_EQ(surface.Text(), "ab");
+    surface.SetSelStart(0);
+    QTest::keyClick(&surface, Qt::Key_Backspace);
+    EXPECT_EQ(surface.Text(), "ab");
+    surface.SetText(QString("x") + QChar(0xD83D) + QChar(0xDE00));
+    surface.SetSelStart(3);
+    QTest::keyClick(&surface, Qt::Key_Backspace);
+    EXPECT_EQ(surface.Text(), "x");
+}
+
+TEST_F(EditSurfaceTest, SelectsAndReplacesWithRealKeys) {
+    surface.SetText("abcd\r\nefgh");
+    surface.SetSelStart(2);
+    for (int step = 0; step < 4; ++step) QTest::keyClick(&surface, Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelStart(), 2);
+    EXPECT_EQ(surface.SelLength(), 5);
+    EXPECT_EQ(surface.SelText(), "cd\r\ne");
+    QTest::keyClicks(&surface, "X");
+    EXPECT_EQ(surface.Text(), "abXfgh");
+    QTest::keyClick(&surface, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelText(), "X");
+    EXPECT_EQ(surface.SelStart(), 2);
+}
+
+TEST_F(EditSurfaceTest, UndoAndRedoKeysDoNothingHere) {
+    QTest::keyClicks(&surface, "abc");
+    QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&surface, Qt::Key_R, Qt::ControlModifier);
+    QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(surface.Text(), "abc");
+}
+
+TEST_F(EditSurfaceTest, CopiesAndPastesPlainText) {
+    surface.SetText(QString("a") + QChar(0xA0) + "b\r\nc");
+    QTest::keyClick(&surface, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&surface, Qt::Key_C, Qt::ControlModifier);
+    const QMimeData* const copied = QApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied->text(), QString("a") + QChar(0xA0) + "b\nc");
+    EXPECT_FALSE(copied->hasHtml());
+    QTest::keyClick(&surface, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(surface.Text(), "");
+    auto* const rich = new QMimeData;
+    rich->setHtml("<b>bold</b>");
+    rich->setText("x\ny");
+    QApplication::clipboard()->setMimeData(rich);
+    QTest::keyClick(&surface, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(surface.Text(), "x\r\ny");
+    EXPECT_EQ(surface.SelStart(), 4);
+}
+
+TEST_F(EditSurfaceTest, AnInputMethodComposesAndCommits) {
+    surface.SetText("ab");
+    surface.SetFormat(0, 1, {red, false});
+    surface.SetFormat(1, 1, {blue, true});
+    surface.SetSelStart(1);
+    QSignalSpy changed(&surface, &EditSurface::Changed);
+    Commit({}, "~");
+    EXPECT_EQ(surface.Text(), "ab");
+    EXPECT_EQ(changed.count(), 0);
+    surface.viewport()->grab();  // painting while something is composed keeps both
+    EXPECT_EQ(surface.document()->firstBlock().layout()->preeditAreaText(), "~");
+    Commit(QString(QChar(0xF1)), {});
+    EXPECT_EQ(surface.Text(), QString("a") + QChar(0xF1) + "b");
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(surface.SelStart(), 2);
+    EXPECT_EQ(surface.FormatAt(0), (CharFormat{red, false}));
+    EXPECT_EQ(surface.FormatAt(1), (CharFormat{red, false}));
+    EXPECT_EQ(surface.FormatAt(2), (CharFormat{blue, true}));
+    Commit("n", {}, -1, 1);
+    EXPECT_EQ(surface.Text(), "anb");
+    EXPECT_EQ(surface.FormatAt(2), (CharFormat{blue, true}));
+    surface.selectAll();
+    Commit({}, "^");
+    EXPECT_EQ(surface.Text(), "");
+    Commit("z");
+    EXPECT_EQ(surface.Text(), "z");
+}
+
+TEST_F(EditSurfaceTest, ReportsEachChangeOnce) {
+    QSignalSpy changed(&surface, &EditSurface::Changed);
+    QSignalSpy moved(&surface, &EditSurface::SelChanged);
+    surface.SetText("abc\r\ndef");
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(moved.count(), 0);  // the caret was and is at the start
+    surface.SetSelStart(2);
+    EXPECT_EQ(moved.count(), 1);
+    surface.SetSelLength(4);
+    EXPECT_EQ(moved.count(), 2);
+    surface.SetSelLength(4);
+    EXPECT_EQ(moved.count(), 2);
+    EXPECT_EQ(changed.count(), 1);
+    surface.SetSelText("x\ny\nz");
+    EXPECT_EQ(changed.count(), 2);
+    EXPECT_EQ(moved.count(), 3);
+    QTest::keyClicks(&surface, "k");
+    EXPECT_EQ(changed.count(), 3);
+    EXPECT_EQ(moved.count(), 4);
+    surface.SetFormat(0, 3, {red, true});
+    surface.SetSelColor(blue);
+    surface.viewport()->grab();
+    EXPECT_EQ(changed.count(), 3);
+    EXPECT_EQ(moved.count(), 4);
+}
+
+TEST_F(EditSurfaceTest, EveryChangeRaisesTheRevision) {
+    const quint64 before = surface.Revision();
+    surface.SetText("a");
+    const quint64 afterSet = surface.Revision();
+    EXPECT_GT(afterSet, before);
+    QTest::keyClicks(&surface, "b");
+    EXPECT_GT(surface.Revision(), afterSet);
+    const quint64 afterKey = surface.Revision();
+    surface.SetFormat(0, 1, {red, true});
+    surface.SetSelStart(1);
+    EXPECT_EQ(surface.Revision(), afterKey);
+}
+
+TEST_F(EditSurfaceTest, TypedCharactersTakeTheInsertionFormat) {
+    surface.SetForeColor(0x101010);
+    surface.SetText("ab");
+    EXPECT_EQ(surface.SelColor(), 0x101010U);
+    EXPECT_EQ(surface.SelBold(), false);
+    surface.SetSelStart(1);
+    surface.SetSelColor(red);
+    surface.SetSelBold(true);
+    EXPECT_EQ(surface.SelColor(), red);
+    EXPECT_EQ(surface.SelBold(), true);
+    QTest::keyClicks(&surface, "xy");
+    EXPECT_EQ(surface.Text(), "axyb");
+    EXPECT_EQ(surface.FormatAt(0), CharFormat());
+    EXPECT_EQ(surface.FormatAt(1), (CharFormat{red, true}));
+    EXPECT_EQ(surface.FormatAt(2), (CharFormat{red, true}));
+    EXPECT_EQ(surface.FormatAt(3), CharFormat());
+    QTest::keyClick(&surface, Qt::Key_Return);
+    QTest::keyClicks(&surface, "z");
+    EXPECT_EQ(surface.SelColor(), red);  // a run goes on over its line end
+    EXPECT_EQ(surface.FormatAt(5), (CharFormat{red, true}));
+}
+
+TEST_F(EditSurfaceTest, TheInsertionFormatEndsWhenTheCaretMoves) {
+    surface.SetText("ab");
+    surface.SetSelColor(red);
+    EXPECT_EQ(surface.SelColor(), red);
+    QTest::keyClick(&surface, Qt::Key_Right);
+    QTest::keyClick(&surface, Qt::Key_Left);
+    EXPECT_EQ(surface.SelColor(), surface.ForeColor());
+    QTest::keyClicks(&surface, "x");
+    EXPECT_EQ(surface.FormatAt(0), CharFormat());
+}
+
+TEST_F(EditSurfaceTest, ReadsTheFormatBeforeTheCaret) {
+    surface.SetText("abc");
+    surface.SetFormat(0, 2, {red, true});
+    surface.SetSelStart(0);
+    EXPECT_EQ(surface.SelColor(), surface.ForeColor());
+    surface.SetSelStart(2);
+    EXPECT_EQ(surface.SelColor(), red);
+    EXPECT_EQ(surface.SelBold(), true);
+    surface.SetSelStart(3);
+    EXPECT_EQ(surface.SelColor(), surface.ForeColor());
+}
+
+TEST_F(EditSurfaceTest, ColorsTheSelection) {
+    surface.SetText("abcd\r\nefgh");
+    surface.SetSelStart(1);
+    surface.SetSelLength(6);
+    surface.SetSelColor(red);
+    EXPECT_EQ(surface.SelColor(), red);
+    EXPECT_EQ(surface.FormatAt(0).color, std::nullopt);
+    EXPECT_EQ(surface.FormatAt(1).color, red);
+    EXPECT_EQ(surface.FormatAt(4).color, red);
+    EXPECT_EQ(surface.FormatAt(6).color, red);
+    EXPECT_EQ(surface.FormatAt(7).color, std::nullopt);
+    surface.SetSelStart(0);
+    surface.SetSelLength(3);
+    EXPECT_EQ(surface.SelColor(), std::nullopt);
+    EXPECT_EQ(surface.SelBold(), false);
+    surface.SetSelLength(2);
+    surface.SetSelBold(true);
+    surface.SetSelLength(3);
+    EXPECT_EQ(surface.SelBold(), std::nullopt);
+    surface.selectAll();
+    surface.SetSelColor(blue);
+    EXPECT_EQ(surface.SelColor(), blue);
+    EXPECT_EQ(surface.SelBold(), std::nullopt);
+}
+
+TEST_F(EditSurfaceTest, ReplacedTextTakesTheFormatOfTheSelection) {
+    surface.SetText("abcd");
+    surface.SetFormat(1, 2, {red, false});
+    surface.SetSelStart(1);
+    surface.SetSelLength(2);
+    surface.SetSelText("xyz");
+    EXPECT_EQ(surface.Text(), "axyzd");
+    EXPECT_EQ(surface.FormatAt(1).color, red);
+    EXPECT_EQ(surface.FormatAt(3).color, red);
+    EXPECT_EQ(surface.FormatAt(4).color, std::nullopt);
+    EXPECT_EQ(surface.SelStart(), 4);
+}
+
+TEST_F(EditSurfaceTest, SetTextDropsAllFormats) {
+    surface.SetText("abcd");
+    surface.SetFormat(0, 4, {red, true});
+    surface.SetText("abcd");
+    EXPECT_EQ(surface.FormatAt(0), CharFormat());
+    surface.SetSelStart(1);
+    EXPECT_EQ(surface.SelColor(), surface.ForeColor());
+}
+
+TEST_F(EditSurfaceTest, FindsWithoutRegardToCase) {
+    surface.SetText("one\r\nTWO one\r\ntwo");
+    EXPECT_EQ(surface.Find("two", 0), 5);
+    EXPECT_EQ(surface.SelText(), "TWO");
+    EXPECT_EQ(surface.Find("two", 6), 14);
+    EXPECT_EQ(surface.Find("two", 15), -1);
+    EXPECT_EQ(surface.SelStart(), 14);  // a failure leaves the selection
+    EXPECT_EQ(surface.Find("two", 0, Qt::CaseSensitive), 14);
+    EXPECT_EQ(surface.Find("", 0), -1);
+    EXPECT_EQ(surface.Find("one", 99), -1);
+    EXPECT_EQ(surface.Find("one", -5), 0);
+}
+
+TEST_F(EditSurfaceTest, FindsOverLineEnds) {
+    surface.SetText("a\r\nb\r\na\r\nB\r\nc");
+    EXPECT_EQ(surface.Find("\r\n", 0), 1);
+    EXPECT_EQ(surface.SelText(), "\r\n");
+    EXPECT_EQ(surface.Find("\r\n", 2), 4);  // between CR and LF: that line end is passed by
+    EXPECT_EQ(surface.Find("b\r\nc", 0), 9);
+    EXPECT_EQ(surface.SelText(), "B\r\nc");
+    EXPECT_EQ(surface.Find("A\r\nb\r\nC", 0), 6);
+    EXPECT_EQ(surface.Find("A\r\nb\r\nC", 7), -1);
+    surface.SetText("\r\n\r\n\t");
+    EXPECT_EQ(surface.Find("\r\n\t", 0), 2);
+    EXPECT_EQ(surface.Find("\r\n\r\n", 0), 0);
+    EXPECT_EQ(surface.SelLength(), 4);
+}
+
+TEST_F(EditSurfaceTest, SpansToTheEndsOfALine) {
+    surface.SetText("one\r\ntwo three\r\nfour");
+    surface.SetSelStart(8);
+    surface.Span("\r", false, true);
+    EXPECT_EQ(surface.SelStart(), 3);  // at the line end before, so that two further on the line starts
+    EXPECT_EQ(surface.SelLength(), 5);
+    surface.SetSelStart(surface.SelStart() + 2);
+    EXPECT_EQ(surface.SelStart(), 5);
+    surface.Span("\r", true, true);
+    EXPECT_EQ(surface.SelText(), "two three");
+    surface.SetSelStart(2);
+    surface.Span("\r", false, true);
+    EXPECT_EQ(surface.SelStart(), 0);
+    surface.SetSelStart(17);
+    surface.Span("\r", true, true);
+    EXPECT_EQ(surface.SelText(), "our");
+    surface.SetSelStart(8);
+    surface.Span("\n", false, true);
+    EXPECT_EQ(surface.SelStart(), 5);
+    surface.SetSelStart(6);
+    surface.Span("wo ", true, false);
+    EXPECT_EQ(surface.SelText(), "wo ");
+    surface.SetSelStart(9);
+    surface.Span("two \r\n", false, false);
+    EXPECT_EQ(surface.SelText(), "\r\ntwo ");
+}
+
+TEST_F(EditSurfaceTest, PaintsACharacterInItsColor) {
+    surface.SetEditorFont("Liberation Mono", "20");
+    surface.SetBackColor(0xFFFFFF);
+    surface.SetForeColor(0x000000);
+    surface.SetText("MMM MMM");
+    surface.SetFormat(4, 3, {red, false});
+    const auto countOf = [&](const QColor& color, int fromOffset, int toOffset) {
+        QTextCursor from(surface.document());
+        from.setPosition(fromOffset);
+        QTextCursor to(surface.document());
+        to.setPosition(toOffset);
+        const int left = surface.cursorRect(from).left();
+        const int right = surface.cursorRect(to).left();
+        const QImage image = surface.viewport()->grab().toImage();
+        int found = 0;
+        for (int y = 0; y < surface.cursorRect(from).bottom(); ++y) {
+            for (int x = left + 2; x < right - 1; ++x) found += image.pixelColor(x, y) == color ? 1 : 0;
+        }
+        return found;
+    };
+    EXPECT_GT(countOf(Qt::red, 4, 7), 20);
+    EXPECT_EQ(countOf(Qt::black, 4, 7), 0);
+    EXPECT_GT(countOf(Qt::black, 0, 3), 20);
+    EXPECT_EQ(countOf(Qt::red, 0, 3), 0);
+    surface.SetSelStart(0);  // an edit before it moves the colour along
+    QTest::keyClick(&surface, Qt::Key_I);
+    EXPECT_GT(countOf(Qt::red, 5, 8), 20);
+    EXPECT_EQ(countOf(Qt::red, 0, 4), 0);
+    surface.SetForeColor(blue);
+    EXPECT_GT(countOf(Qt::blue, 1, 4), 20);
+    EXPECT_GT(countOf(Qt::red, 5, 8), 20);
+    const std::vector<FormatSpan> spans{{0, 2, {green, false}}};
+    surface.SetAllFormats({}, spans);
+    EXPECT_EQ(countOf(Qt::red, 5, 8), 0);
+    EXPECT_GT(countOf(ColorFromNumber(green), 1, 2), 5);
+}
+
+TEST_F(EditSurfaceTest, PaintsItsBackground) {
+    surface.SetBackColor(0x204060);
+    surface.SetRightMargin(TwipsFromPixels(200));
+    QApplication::processEvents();
+    const QImage image = surface.grab().toImage();
+    const QColor back = ColorFromNumber(0x204060);
+    EXPECT_EQ(image.pixelColor(100, 250), back);
+    EXPECT_EQ(image.pixelColor(400, 250), back);  // the strip beyond the margin is part of the page
+    EXPECT_EQ(image.pixelColor(480, 20), back);
+    EXPECT_EQ(surface.BackColor(), 0x204060U);
+}
+
+TEST_F(EditSurfaceTest, KeepsTheSelectionVisible) {
+    const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+    surface.SetForeColor(0x00FFFF);
+    surface.SetBackColor(NumberFromColor(highlight));
+    EXPECT_NE(surface.palette().color(QPalette::Highlight), surface.palette().color(QPalette::Base));
+    EXPECT_NE(surface.palette().color(QPalette::Highlight), surface.palette().color(QPalette::HighlightedText));
+}
+
+TEST_F(EditSurfaceTest, WrapsAtTheRightMargin) {
+    surface.SetEditorFont("Liberation Mono", "10");
+    surface.SetText(QString("word ").repeated(60));
+    EXPECT_EQ(surface.RightMargin(), 1000000);
+    QApplication::processEvents();
+    const QTextBlock block = surface.document()->firstBlock();
+    EXPECT_EQ(block.layout()->lineCount(), 1);
+    surface.SetRightMargin(TwipsFromPixels(200));
+    QApplication::processEvents();
+    surface.grab();
+    EXPECT_GT(block.layout()->lineCount(), 5);
+    for (int line = 0; line < block.layout()->lineCount(); ++line) {
+        EXPECT_LE(block.layout()->lineAt(line).naturalTextWidth(), 200);
+    }
+    EXPECT_NEAR(block.layout()->lineAt(0).width(), 200, 1);
+    surface.SetRightMargin(1000000);
+    surface.grab();
+    EXPECT_EQ(block.layout()->lineCount(), 1);
+    EXPECT_EQ(surface.viewport()->width(), surface.contentsRect().width());
+}
+
+TEST_F(EditSurfaceTest, WrapsAtAMarginThatWasSetBeforeItIsShown) {
+    EditSurface hidden;
+    hidden.SetText(QString("word ").repeated(60));
+    hidden.SetRightMargin(TwipsFromPixels(350));
+    hidden.resize(578, 200);
+    hidden.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&hidden));
+    const auto firstWidth = [&] {
+        hidden.grab();
+        return hidden.document()->firstBlock().layout()->lineAt(0).width();
+    };
+    EXPECT_NEAR(firstWidth(), 350, 1);
+    hidden.resize(700, 200);
+    EXPECT_NEAR(firstWidth(), 350, 1);
+    hidden.SetText(QString("word ").repeated(60) + QString("\r\n").repeated(100));  // with a scroll bar
+    EXPECT_NEAR(firstWidth(), 350, 1);
+    hidden.SetRightMargin(TwipsFromPixels(500));
+    EXPECT_NEAR(firstWidth(), 500, 1);
+}
+
+TEST_F(EditSurfaceTest, TheFontIsMonospacedAndOfTheGivenSize) {
+    surface.SetEditorFont("Courier New", "8.5");
+    EXPECT_EQ(surface.SelFontName(), "Courier New");
+    EXPECT_EQ(surface.SelFontSize(), "8.5");
+    EXPECT_DOUBLE_EQ(surface.document()->defaultFont().pointSizeF(), 8.5);
+    const QFontMetricsF metrics(surface.document()->defaultFont());
+    EXPECT_DOUBLE_EQ(metrics.horizontalAdvance('i'), metrics.horizontalAdvance('W'));
+    EXPECT_NEAR(surface.tabStopDistance(), 4 * metrics.horizontalAdvance(' '), 0.01);
+}
+
+TEST_F(EditSurfaceTest, SavesByteForByteWhatWasNotEdited) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.htm");
+    const QByteArray bytes = "one\r\ntwo\r\nthree\nfour\xE9";
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write(bytes);
+    file.close();
+    ASSERT_TRUE(surface.LoadFile(path));
+    EXPECT_EQ(surface.Text(), QString::fromLatin1("one\r\ntwo\r\nthree\r\nfour\xE9"));
+    EXPECT_EQ(surface.Format().lineEnds.size(), 4U);
+    const QString copy = folder.filePath("b.htm");
+    ASSERT_TRUE(surface.SaveFile(copy));
+    const auto bytesOf = [](const QString& name) {
+        QFile saved(name);
+        EXPECT_TRUE(saved.open(QFile::ReadOnly));
+        return saved.readAll();
+    };
+    EXPECT_EQ(bytesOf(copy), bytes);
+    surface.SetSelStart(0);
+    QTest::keyClicks(&surface, "X");
+    QTest::keyClick(&surface, Qt::Key_Backspace);
+    ASSERT_TRUE(surface.SaveFile(copy));  // edited: every line gets the one line end now
+    EXPECT_TRUE(surface.Format().lineEnds.empty());
+    EXPECT_EQ(bytesOf(copy), "one\r\ntwo\r\nthree\r\nfour\xE9");
+    QString error;
+    EXPECT_FALSE(surface.LoadFile(folder.filePath("missing.htm"), &error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_EQ(surface.Text(), QString::fromLatin1("one\r\ntwo\r\nthree\r\nfour\xE9"));
+    EXPECT_FALSE(surface.SaveFile(folder.filePath("missing/b.htm"), &error));
+}
+
+TEST_F(EditSurfaceTest, AnOverlongLineKeepsItsColors) {
+    surface.SetEditorFont("Liberation Mono", "20");
+    const QString filler = QString("<b>x</b>").repeated(3000);
+    surface.SetText("first\r\n" + filler + "\r\nlast");
+    surface.SetFormat(7, 3, {red, false});
+    surface.SetSelStart(7);
+    QTest::keyClick(&surface, Qt::Key_I);
+    EXPECT_EQ(surface.Text(), "first\r\ni" + filler + "\r\nlast");
+    EXPECT_EQ(surface.FormatAt(7), CharFormat());
+    EXPECT_EQ(surface.FormatAt(8), (CharFormat{red, false}));
+    const QTextBlock block = surface.document()->findBlockByNumber(1);
+    const QImage image = surface.viewport()->grab().toImage();
+    QTextCursor cursor(block);
+    cursor.setPosition(block.position() + 1);
+    const QRect from = surface.cursorRect(cursor);
+    cursor.setPosition(block.position() + 4);
+    const QRect to = surface.cursorRect(cursor);
+    int found = 0;
+    for (int y = from.top(); y < from.bottom(); ++y) {
+        for (int x = from.left() + 2; x < to.left(); ++x) found += image.pixelColor(x, y) == Qt::red ? 1 : 0;
+    }
+    EXPECT_GT(found, 20);
+    surface.SetSelStart(7);
+    surface.SetSelLength(20000);
+    QTest::keyClick(&surface, Qt::Key_Delete);
+    surface.viewport()->grab();
+    EXPECT_EQ(surface.Text(), "first\r\n" + ("i" + filler).mid(20000) + "\r\nlast");
+}
+
+TEST_F(EditSurfaceTest, PaintingAsksForNoFurtherPainting) {
+    surface.SetText("abc\r\ndef\r\nghi");
+    surface.SetFormat(0, 13, {red, true});
+    QApplication::processEvents();
+    struct Counter : QObject {
+        int paints = 0;
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } counter;
+    surface.setCursorWidth(0);  // a blinking caret is painted for its own reasons
+    QApplication::processEvents();
+    surface.viewport()->installEventFilter(&counter);
+    surface.SetFormat(1, 5, {blue, false});
+    for (int round = 0; round < 20; ++round) QApplication::processEvents();
+    EXPECT_EQ(counter.paints, 1);
+}
+
+TEST_F(EditSurfaceTest, TakesDroppedTextAsPlainText) {
+    surface.SetText("abcd");
+    QTextCursor cursor(surface.document());
+    cursor.setPosition(2);
+    const QPoint place = surface.cursorRect(cursor).center();
+    QMimeData dragged;
+    dragged.setText("x\ny");
+    dragged.setHtml("<b>x</b>");
+    QDragEnterEvent enter(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(surface.viewport(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(surface.viewport(), &drop);
+    EXPECT_EQ(surface.Text(), "abx\r\nycd");
+}
+
+TEST_F(EditSurfaceTest, TheMenuCutsCopiesPastesAndDeletes) {
+    surface.SetText("abcd");
+    surface.SetSelStart(1);
+    surface.SetSelLength(2);
+    const auto choose = [&](int index) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), surface.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&surface, &event);
+        auto* const menu = surface.findChild<QMenu*>();
+        ASSERT_NE(menu, nullptr);
+        ASSERT_EQ(menu->actions().size(), 6);  // a separator among them
+        menu->actions().at(index)->trigger();
+        menu->close();
+        QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
+    };
+    choose(0);
+    EXPECT_EQ(surface.Text(), "ad");
+    choose(2);
+    EXPECT_EQ(surface.Text(), "abcd");
+    choose(5);
+    EXPECT_EQ(surface.SelText(), "abcd");
+    choose(3);
+    EXPECT_EQ(surface.Text(), "");
+}
+
+TEST_F(EditSurfaceTest, SetsAllFormatsAtOnce) {
+    surface.SetText("<b>\r\n<i>");
+    const std::vector<FormatSpan> spans{{0, 3, {red, false}}, {5, 3, {blue, true}}};
+    surface.SetAllFormats({green, false}, spans);
+    EXPECT_EQ(surface.FormatAt(2), (CharFormat{red, false}));
+    EXPECT_EQ(surface.FormatAt(3), (CharFormat{green, false}));
+    EXPECT_EQ(surface.FormatAt(5), (CharFormat{blue, true}));
+    EXPECT_EQ(surface.SelColor(), green);  // at offset 0 the base
+}
+
+struct Model {
+    QString text;  // "\n" at line ends
+    std::vector<CharFormat> formats;
+
+    void Replace(qsizetype at, qsizetype length, const QString& with, const CharFormat& format) {
+        text.replace(at, length, with);
+        formats.erase(formats.begin() + at, formats.begin() + at + length);
+        formats.insert(formats.begin() + at, static_cast<std::size_t>(with.size()), format);
+    }
+    [[nodiscard]] CharFormat Before(qsizetype at) const {
+        return at == 0 ? CharFormat() : formats[static_cast<std::size_t>(at - 1)];
+    }
+    [[nodiscard]] int Offset(qsizetype at) const { return static_cast<int>(at + text.left(at).count('\n')); }
+};
+
+class EditSurfaceRandom : public EditSurfaceTest, public testing::WithParamInterface<unsigned> {};
+
+TEST_P(EditSurfaceRandom, AgreesWithAPlainModel) {
+    std::mt19937 random(GetParam());
+    Model model;
+    const std::vector<CharFormat> palette{{}, {red, false}, {blue, true}, {std::nullopt, true}};
+    qsizetype caret = 0;
+    const auto select = [&](qsizetype from, qsizetype length) {
+        surface.SetSelStart(model.Offset(from));
+        surface.SetSelLength(model.Offset(from + length) - model.Offset(from));
+    };
+    for (int round = 0; round < 400; ++round) {
+        const qsizetype at = static_cast<qsizetype>(random() % static_cast<unsigned>(model.text.size() + 1));
+        const qsizetype length = std::min<qsizetype>(random() % 5, model.text.size() - at);
+        switch (random() % 9) {
+            case 0: {
+                const CharFormat format = length > 0 ? model.formats[static_cast<std::size_t>(at)] : model.Before(at);
+                QString text;
+                for (unsigned left = random() % 8; left > 0; --left) text += "ab\n<\t"[random() % 5];
+                select(at, length);
+                surface.SetSelText(text);
+                model.Replace(at, length, text, format);
+                caret = at + text.size();
+                break;
+            }
+            case 1:
+                surface.SetSelStart(model.Offset(caret));
+                QTest::keyClicks(&surface, "k");
+                model.Replace(caret, 0, "k", model.Before(caret));
+                ++caret;
+                break;
+            case 2:
+                surface.SetSelStart(model.Offset(caret));
+                QTest::keyClick(&surface, Qt::Key_Return);
+                model.Replace(caret, 0, "\n", model.Before(caret));
+                ++caret;
+                break;
+            case 3:
+                surface.SetSelStart(model.Offset(caret));
+                QTest::keyClick(&surface, Qt::Key_Backspace);
+                if (caret > 0) model.Replace(--caret, 1, {}, {});
+                break;
+            case 4:
+                select(at, length);
+                QTest::keyClick(&surface, Qt::Key_Delete);
+                if (length > 0) {
+                    model.Replace(at, length, {}, {});
+                } else if (at < model.text.size()) {
+                    model.Replace(at, 1, {}, {});
+                }
+                caret = at;
+                break;
+            case 5: {
+                const CharFormat format = palette[random() % palette.size()];
+                surface.SetFormat(model.Offset(at), model.Offset(at + length) - model.Offset(at), format);
+                std::fill_n(model.formats.begin() + at, length, format);
+                break;
+            }
+            case 6: {
+                surface.SetSelStart(model.Offset(at));
+                surface.SetSelColor(red);
+                surface.SetSelBold(true);
+                QTest::keyClicks(&surface, "f");
+                model.Replace(at, 0, "f", {red, true});
+                caret = at + 1;
+                break;
+            }
+            case 7:
+                surface.SetSelStart(model.Offset(at));
+                Commit(QString(QChar(0xE9)));
+                model.Replace(at, 0, QString(QChar(0xE9)), model.Before(at));
+                caret = at + 1;
+                break;
+            default:  // through the toolkit's own cursor, past the surface
+                QTextCursor cursor(surface.document());
+                cursor.setPosition(static_cast<int>(at));
+                cursor.setPosition(static_cast<int>(at + length), QTextCursor::KeepAnchor);
+                cursor.removeSelectedText();
+                model.Replace(at, length, {}, {});
+                caret = at;
+        }
+        QString expected = model.text;
+        expected.replace("\n", "\r\n");
+        ASSERT_EQ(surface.Text(), expected) << "round " << round;
+        for (qsizetype index = 0; index < model.text.size(); ++index) {
+            ASSERT_EQ(surface.FormatAt(model.Offset(index)), model.formats[static_cast<std::size_t>(index)])
+                << "round " << round << " index " << index;
+        }
+        if (round % 40 == 0) surface.viewport()->grab();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, EditSurfaceRandom, testing::Values(1U, 2U, 3U, 4U));
+
+}  // namespace
+}  // namespace vellum
