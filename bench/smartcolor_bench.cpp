@@ -28,6 +28,7 @@ public:
 class ColoringWorkbench : public Workbench {
 public:
     explicit ColoringWorkbench(const QString& page) {
+        Options().Set(ReadEditorOptions(settings_));
         document_->SetCaption("page.htm");
         document_->Text1->resize(900, 700);
         document_->Text1->SetText(page);
@@ -43,7 +44,8 @@ public:
     [[nodiscard]] QWidget* Window() override { return nullptr; }
     [[nodiscard]] QString OpenDocCount() const override { return QStringLiteral("1"); }
     void SetOpenDocCount(const QString& /*count*/) override {}
-    void SetPanel(int /*panel*/, const QString& /*text*/) override {}
+    void ShowStatus(StatusPanel /*panel*/, const QString& /*text*/) override {}
+    [[nodiscard]] bool UsePreview() const override { return false; }
     [[nodiscard]] QStringList FontNames() const override { return {}; }
     [[nodiscard]] QString WebsiteDirectory() const override { return {}; }
     void RefreshWebsite() override {}

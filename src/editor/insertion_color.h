@@ -4,36 +4,26 @@
 #pragma once
 
 #include "editor/place.h"
-#include "values/units.h"
 
 namespace vellum {
 
 class EditSurface;
-class Workbench;
-
-// A shared colour value as a colour number; values that are none become the nearest one.
-[[nodiscard]] ColorNumber ColorOfValue(double value);
-
-// The colour of text outside all markup, by the setting.
-[[nodiscard]] ColorNumber PlainColor(Workbench& bench);
-
-// True while the author has colour coding disabled.
-[[nodiscard]] bool ColorCodingOff(Workbench& bench);
+struct EditorOptions;
 
 // Text inside a tag takes the colour of the tag's "<", unless it is in one of the four tag colours already.
-void TakeTagColor(const Workbench& bench, EditSurface& surface, const PosInfo& place);
+void TakeTagColor(const EditorOptions& options, EditSurface& surface, const PosInfo& place);
 
 // The format of the next typed character by its place. Writes nothing when it is right already.
-void ApplyPlaceColor(Workbench& bench, EditSurface& surface, const PosInfo& place);
+void ApplyPlaceColor(const EditorOptions& options, EditSurface& surface, const PosInfo& place);
 
 // What three typed characters do on top of that, before they go in and in this order. Each is to be called for its own
 // character alone, in a document that isn't a script.
 
 // "-": turns a "<!-" before the caret into the start of a comment, with colour coding disabled too.
-void ColorBeforeDash(const Workbench& bench, EditSurface& surface, const PosInfo& place);
+void ColorBeforeDash(const EditorOptions& options, EditSurface& surface, const PosInfo& place);
 // "%": turns a "<" before the caret into the start of a server-side block.
-void ColorBeforePercent(Workbench& bench, EditSurface& surface);
+void ColorBeforePercent(const EditorOptions& options, EditSurface& surface);
 // "<": in plain text, what comes is a tag until its end tells of which kind.
-void ColorForOpening(Workbench& bench, EditSurface& surface, const PosInfo& place);
+void ColorForOpening(const EditorOptions& options, EditSurface& surface, const PosInfo& place);
 
 }  // namespace vellum

@@ -1,11 +1,11 @@
-// The one way of finished text into a document.
+#include "editor/portable_color.h"
+
 #include "editor/document.h"
 #include "editor/insertion_color.h"
 #include "editor/line_indent.h"
 #include "editor/list_tag.h"
 #include "editor/place.h"
 #include "editor/workbench.h"
-#include "settings/settings_keys.h"
 
 namespace vellum {
 namespace {
@@ -21,7 +21,7 @@ QString WithSurfaceLineEnds(QString text) {
 void WritePlain(Workbench& bench, EditSurface& surface, const QString& markup) {
     bench.ColorSpanLength = static_cast<std::int32_t>(markup.size());
     bench.ColorSpanStart = surface.SelStart();
-    surface.SetSelColor(PlainColor(bench));
+    surface.SetSelColor(bench.Options()->foreColor);
     surface.SetSelBold(false);
     surface.SetSelText(markup);
     bench.Smartcolor();
@@ -34,43 +34,33 @@ void WriteIn(EditSurface& surface, const QString& markup) {
 
 }  // namespace
 
-void Workbench::PortableColor(QString& markup) {
-    Document* const document = ActiveDocument();
-    if (!document) return;
-    EditSurface& surface = *document->Text1;
-    document->ProcessUndo();
-    document->ResetRedo();
-    document->SetSaver(false);
+void InsertMarkup(Workbench& bench, Document& document, QString& markup) {
+    EditSurface& surface = *document.Text1;
+    const EditorOptions& options = bench.Options().Now();
+    document.ProcessUndo();
+    document.ResetRedo();
+    document.SetSaver(false);
 
     markup = WithSurfaceLineEnds(markup);
-    if (ReadNumberSetting(Settings(), keys::autoTab) == 1) {
-        markup.replace(QLatin1String("\r\n"), "\r\n" + QString(TabsBeforeCaret(surface), u'\t'));
-    }
+    if (options.autoTab) markup.replace(QLatin1String("\r\n"), "\r\n" + QString(TabsBeforeCaret(surface), u'\t'));
 
     const PosInfo place = PosInfoAtCaret(surface);
-    document->usingKeys = false;
-    SetListTag(document->cmbattr, {});
+    document.usingKeys = false;
+    SetListTag(document.cmbattr, {});
     switch (place.kind) {
         case PlaceKind::Plain:
-            return WritePlain(*this, surface, markup);
+            return WritePlain(bench, surface, markup);
         case PlaceKind::Tag:
-            TakeTagColor(*this, surface, place);
+            TakeTagColor(options, surface, place);
             return WriteIn(surface, markup);
         case PlaceKind::Comment:
         case PlaceKind::Region:
-            if (!ColorCodingOff(*this)) surface.SetSelColor(ColorOfValue(CommentsColor));
+            if (!options.colorCodingOff) surface.SetSelColor(options.CommentsColor);
             return WriteIn(surface, markup);
         case PlaceKind::Server:
-            if (!ColorCodingOff(*this)) surface.SetSelColor(ColorOfValue(AspColor));
+            if (!options.colorCodingOff) surface.SetSelColor(options.AspColor);
             return WriteIn(surface, markup);
     }
-}
-
-void Workbench::Addstuff(const QString& open, const QString& close) {
-    const Document* const document = ActiveDocument();
-    if (!document) return;
-    QString markup = close.isEmpty() ? open : open + document->Text1->SelText() + close;
-    PortableColor(markup);
 }
 
 }  // namespace vellum

@@ -1,8 +1,8 @@
+#include "editor/smartcolor.h"
+
 #include "editor/document.h"
-#include "editor/insertion_color.h"
 #include "editor/markup_scan.h"
 #include "editor/workbench.h"
-#include "settings/settings_keys.h"
 #include "widgets/wait_pointer.h"
 
 #include <QScrollBar>
@@ -14,17 +14,15 @@
 namespace vellum {
 namespace {
 
-constexpr int passPanel = 4;
-
-MarkupColors ColorsOf(Workbench& bench) {
-    return {.tables = ColorOfValue(bench.TablesColor),
-            .frames = ColorOfValue(bench.FramesColor),
-            .links = ColorOfValue(bench.LinksColor),
-            .comments = ColorOfValue(bench.CommentsColor),
-            .other = ColorOfValue(bench.OtherColor),
-            .asp = ColorOfValue(bench.AspColor),
-            .off = ColorCodingOff(bench),
-            .aspBold = ReadNumberSetting(bench.Settings(), keys::aspBold) == 1};
+MarkupColors ColorsOf(const EditorOptions& options) {
+    return {.tables = options.TablesColor,
+            .frames = options.FramesColor,
+            .links = options.LinksColor,
+            .comments = options.CommentsColor,
+            .other = options.OtherColor,
+            .asp = options.AspColor,
+            .off = options.colorCodingOff,
+            .aspBold = options.aspBold};
 }
 
 // The caret alone, at `offset`. What the window shows stays when the caret does.
@@ -62,25 +60,13 @@ bool HasMarkup(const EditSurface& surface, const QString& stretch) {
     return stretch.contains(u'<') || surface.IndexOf(QStringLiteral("<"), 0) >= 0;
 }
 
-}  // namespace
-
-void Workbench::Smartcolor() {
-    Document* const document = ActiveDocument();
-    if (document == nullptr) return;
-    const ColorNumber backColor = ColorOfValue(ReadNumberSetting(Settings(), keys::backColor));
-    if (document->Text1->BackColor() != backColor) document->Text1->SetBackColor(backColor);
-    const bool painted = ColorSpanLength == 0 ? ColorWholeText(*document) : ColorSpan(*document);
-    if (!painted) return;
-    ColorSpanStart = 0;
-    ColorSpanLength = 0;
-    document->Text1->setFocus();
-}
-
-bool Workbench::ColorWholeText(Document& document) {
+// Both passes answer false when the text holds no markup at all.
+bool PaintAll(Workbench& bench, Document& document) {
     EditSurface& surface = *document.Text1;
-    const CharFormat plain{.color = PlainColor(*this), .bold = false};
+    const EditorOptions& options = bench.Options().Now();
+    const CharFormat plain{.color = options.foreColor, .bold = false};
     const int savedCaret = surface.SelStart();
-    SetPanel(passPanel, QStringLiteral("Color Coding"));
+    bench.ShowStatus(StatusPanel::Work, QStringLiteral("Color Coding"));
     if (surface.ForeColor() != *plain.color) surface.SetForeColor(*plain.color);
     const QString text = surface.RawText();
     const bool hasMarkup = text.contains(u'<');
@@ -89,31 +75,44 @@ bool Workbench::ColorWholeText(Document& document) {
     if (hasMarkup) {
         waiting.emplace();
         if (!IsScriptCaption(document.Caption())) {
-            formats = MarkupFormats(text, ColorsOf(*this), plain, LineEnds::Lf);
+            formats = MarkupFormats(text, ColorsOf(options), plain, LineEnds::Lf);
         }
     }
     surface.SetAllFormats(plain, formats, 1);
     PutCaret(surface, savedCaret);
-    SetPanel(passPanel, {});
+    bench.ShowStatus(StatusPanel::Work, {});
     return hasMarkup;
 }
 
-bool Workbench::ColorSpan(Document& document) {
+bool PaintRange(Workbench& bench, Document& document) {
     EditSurface& surface = *document.Text1;
-    const int start = std::clamp(ColorSpanStart, 0, surface.Length());
-    const MarkupSpan span{.start = start, .length = std::clamp(ColorSpanLength, 0, surface.Length() - start)};
-    // A block may end one character behind the stretch.
+    const int start = std::clamp(bench.ColorSpanStart, 0, surface.Length());
+    const MarkupSpan span{.start = start, .length = std::clamp(bench.ColorSpanLength, 0, surface.Length() - start)};
+    // A block may end one character after the range.
     const QString text = surface.Mid(span.start, span.length + 1);
     if (!HasMarkup(surface, text)) {
-        SetPanel(passPanel, {});
+        bench.ShowStatus(StatusPanel::Work, {});
         PutCaret(surface, surface.SelStart());
         return false;
     }
     const WaitPointer waiting;
-    const int caret = IsScriptCaption(document.Caption()) ? span.start + span.length
-                                                          : PaintStretch(surface, text, span, ColorsOf(*this));
+    const int caret = IsScriptCaption(document.Caption())
+                          ? span.start + span.length
+                          : PaintStretch(surface, text, span, ColorsOf(bench.Options().Now()));
     PutCaret(surface, caret);
     return true;
+}
+
+}  // namespace
+
+void PaintMarkup(Workbench& bench, Document& document) {
+    const ColorNumber backColor = bench.Options()->backColor;
+    if (document.Text1->BackColor() != backColor) document.Text1->SetBackColor(backColor);
+    const bool painted = bench.ColorSpanLength == 0 ? PaintAll(bench, document) : PaintRange(bench, document);
+    if (!painted) return;
+    bench.ColorSpanStart = 0;
+    bench.ColorSpanLength = 0;
+    document.Text1->setFocus();
 }
 
 }  // namespace vellum

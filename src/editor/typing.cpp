@@ -10,7 +10,6 @@
 #include "editor/tag_completion.h"
 #include "editor/text_commands.h"
 #include "editor/workbench.h"
-#include "settings/settings_keys.h"
 #include "values/number_rules.h"
 
 #include <QFrame>
@@ -41,10 +40,6 @@ int WithoutOwnBit(int key, int shiftState) {
     return shiftState;
 }
 
-bool IsOn(SettingsStore& settings, const SettingKey& key) {
-    return ReadNumberSetting(settings, key) == 1;
-}
-
 bool HasChoice(const QListWidget& list) {
     return list.currentRow() >= 0;
 }
@@ -60,10 +55,6 @@ void TypingAssist::LookAround() {
 
 bool TypingAssist::LastKeyIsOneOf(QStringView keys) const {
     return keys.contains(QChar(static_cast<char16_t>(document_.LastKey)));
-}
-
-bool TypingAssist::PopupsWanted() const {
-    return IsOn(bench_.Settings(), keys::popupTag);
 }
 
 bool TypingAssist::KeyDown(int key, int shiftState, bool edits) {
@@ -135,7 +126,7 @@ bool TypingAssist::KeyPress(const QString& character, int shiftState) {
     const bool script = IsScriptCaption(document_.Caption());
     if (document_.Text1->SelLength() == 0 && !script) {
         if (document_.LastKey == enterKey && TakeChosenEntry()) return true;
-        ApplyPlaceColor(bench_, *document_.Text1, document_.PosInfo);
+        ApplyPlaceColor(bench_.Options().Now(), *document_.Text1, document_.PosInfo);
     }
     if (AssistLines(shiftState)) return true;
     return !script && AssistMarkup();
@@ -180,7 +171,7 @@ bool TypingAssist::AssistLines(int shiftState) {
     EditSurface& surface = *document_.Text1;
     const bool tab = document_.LastKey == u'\t';
     const bool enter = document_.LastKey == enterKey;
-    if ((!tab && !enter) || !IsOn(bench_.Settings(), keys::autoTab)) return false;
+    if ((!tab && !enter) || !bench_.Options()->autoTab) return false;
     const bool shift = (shiftState & shiftBit) != 0;
     if (tab && shift) {
         UnindentBlock(surface);
@@ -197,13 +188,13 @@ bool TypingAssist::AssistLines(int shiftState) {
 bool TypingAssist::AssistMarkup() {
     switch (document_.LastKey) {
         case u'-':
-            ColorBeforeDash(bench_, *document_.Text1, document_.PosInfo);
+            ColorBeforeDash(bench_.Options().Now(), *document_.Text1, document_.PosInfo);
             return false;
         case u'%':
-            ColorBeforePercent(bench_, *document_.Text1);
+            ColorBeforePercent(bench_.Options().Now(), *document_.Text1);
             return false;
         case u'<':
-            ColorForOpening(bench_, *document_.Text1, document_.PosInfo);
+            ColorForOpening(bench_.Options().Now(), *document_.Text1, document_.PosInfo);
             return false;
         case u'=':
             return QuoteAttribute();
@@ -216,10 +207,10 @@ bool TypingAssist::AssistMarkup() {
 
 bool TypingAssist::QuoteAttribute() {
     EditSurface& surface = *document_.Text1;
-    if (document_.PosInfo.kind != PlaceKind::Tag || bench_.AutoQuote != 1) return false;
+    if (document_.PosInfo.kind != PlaceKind::Tag || !bench_.Options()->AutoQuote) return false;
     // A tag in the plain colour has none of its own, as when colour coding is off.
     const std::optional<ColorNumber> color = surface.SelColor();
-    if (!color || *color == PlainColor(bench_)) return false;
+    if (!color || *color == bench_.Options()->foreColor) return false;
     const int tagOffset = document_.TagStart - 1;
     const QString soFar = surface.Mid(tagOffset, surface.SelStart() - tagOffset);
     if (soFar.count(u'"') % 2 != 0) return false;
@@ -252,9 +243,9 @@ bool TypingAssist::CompleteTag() {
     const int caret = surface.SelStart();
     surface.SetSelStart(document_.TagStart - 1);
     surface.SetSelLength(caret - (document_.TagStart - 1));
-    const QString tagText = CompletedTag(surface.SelText() + u'>',
-                                         {.lowerCase = bench_.AutoCase == 1, .closeEmpty = bench_.AutoEmptySlash == 1},
-                                         bench_.References());
+    const QString tagText = CompletedTag(
+        surface.SelText() + u'>',
+        {.lowerCase = bench_.Options()->AutoCase, .closeEmpty = bench_.Options()->AutoEmptySlash}, bench_.References());
     bench_.ColorSpanLength = static_cast<std::int32_t>(tagText.size());
     bench_.ColorSpanStart = surface.SelStart();
     surface.SetSelBold(false);
@@ -269,7 +260,7 @@ void TypingAssist::KeyUp(int key, int /*shiftState*/) {
         return;
     }
     LookAround();
-    bench_.SetPanel(6, NumberText(document_.Text1->GetLineFromChar(document_.Text1->SelStart()) + 1));
+    bench_.ShowStatus(StatusPanel::Line, NumberText(document_.Text1->GetLineFromChar(document_.Text1->SelStart()) + 1));
     if (IsScriptCaption(document_.Caption()) || key == Qt::Key_Shift) return;
     if (document_.PosInfo.kind == PlaceKind::Tag) {
         KeyUpInTag();
@@ -283,8 +274,8 @@ void TypingAssist::KeyUpOutsideTag() {
     const bool plain = document_.PosInfo.kind == PlaceKind::Plain;
     if (LastKeyIsOneOf(u" \t\r%\"\b>;-") && document_.picAttr->isVisible()) bench_.HideAttr();
     if (plain && document_.Text1->SelLength() == 0) {
-        document_.Text1->SetSelColor(PlainColor(bench_));
-        if (document_.LastKey == u'&' && PopupsWanted()) LoadEntities();
+        document_.Text1->SetSelColor(bench_.Options()->foreColor);
+        if (document_.LastKey == u'&' && bench_.Options()->popupTag) LoadEntities();
     }
     if (ShowsEntities()) SelectEntity();
 }
@@ -332,7 +323,7 @@ void TypingAssist::KeyUpInTag() {
         bench_.HideAttr();
         return;
     }
-    if (LastKeyIsOneOf(u" \t\r\"\b><") && PopupsWanted()) bench_.ShowAttr(document_.TagStart);
+    if (LastKeyIsOneOf(u" \t\r\"\b><") && bench_.Options()->popupTag) bench_.ShowAttr(document_.TagStart);
     SelectByWord();
 }
 
@@ -353,7 +344,7 @@ void TypingAssist::MouseDown(Qt::MouseButton button) {
 }
 
 void TypingAssist::MouseMove() {
-    bench_.SetPanel(4, QStringLiteral("Edit Your Document"));
+    bench_.ShowStatus(StatusPanel::Work, QStringLiteral("Edit Your Document"));
 }
 
 void TypingAssist::MouseUp(Qt::MouseButton button) {
@@ -365,7 +356,7 @@ void TypingAssist::MouseUp(Qt::MouseButton button) {
         return;
     }
     document_.strAtt = bench_.GetStrAtt(document_.TagStart);
-    if (LastKeyIsOneOf(u" \t\r\"\b>") && PopupsWanted()) bench_.ShowAttr(document_.TagStart);
+    if (LastKeyIsOneOf(u" \t\r\"\b>") && bench_.Options()->popupTag) bench_.ShowAttr(document_.TagStart);
     QListWidget& list = *document_.cmbattr;
     if (document_.strAtt.isEmpty()) {
         list.setCurrentRow(-1);

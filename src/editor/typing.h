@@ -47,7 +47,6 @@ private:
     void SelectEntity();
     void SelectByWord();
     [[nodiscard]] bool LastKeyIsOneOf(QStringView keys) const;
-    [[nodiscard]] bool PopupsWanted() const;
 
     Workbench& bench_;
     Document& document_;

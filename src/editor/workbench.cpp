@@ -1,6 +1,8 @@
 #include "editor/workbench.h"
 
 #include "editor/document.h"
+#include "editor/portable_color.h"
+#include "editor/smartcolor.h"
 #include "values/number_rules.h"
 
 #include <algorithm>
@@ -15,6 +17,21 @@ Document* Workbench::NewForm() {
     CountOpenedDocument();
     Smartcolor();
     return document;
+}
+
+void Workbench::Smartcolor() {
+    if (Document* const document = ActiveDocument()) PaintMarkup(*this, *document);
+}
+
+void Workbench::PortableColor(QString& markup) {
+    if (Document* const document = ActiveDocument()) InsertMarkup(*this, *document, markup);
+}
+
+void Workbench::Addstuff(const QString& open, const QString& close) {
+    const Document* const document = ActiveDocument();
+    if (!document) return;
+    QString markup = close.isEmpty() ? open : open + document->Text1->SelText() + close;
+    PortableColor(markup);
 }
 
 void Workbench::CountOpenedDocument() {

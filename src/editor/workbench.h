@@ -1,9 +1,9 @@
-// What all code may see of the main window: the active document, the shared values, the one way of text into a
-// document, the hint line. MDIform1 is one; a test makes another.
+// What all code may see of the main window: the active document, the options, the one way of text into a document, the
+// status bar. MDIform1 is one; a test makes another.
 #pragma once
 
+#include "editor/editor_options.h"
 #include "settings/settings_store.h"
-#include "values/units.h"
 #include "widgets/prompts.h"
 
 #include <QString>
@@ -18,28 +18,10 @@ namespace vellum {
 class Document;
 class ReferenceTree;
 
-// Values that every window reads and writes.
-struct SharedValues {
-    double TablesColor = 8388736;
-    double FramesColor = 192;
-    double LinksColor = 8388608;
-    double CommentsColor = 8421504;
-    double OtherColor = 32768;
-    std::int32_t AspColor = 6776628;
-    std::int16_t NewDocCount = 1;  // blank documents made in this session
-    bool StopClosing = false;      // a document's close was cancelled
-    QString EditorFontSize = QStringLiteral("8.5");
-    QString EditorFontName = QStringLiteral("Courier New");
-    std::int32_t ColorSpanStart = 0;
-    std::int32_t ColorSpanLength = 0;  // 0 asks for a full pass
-    bool UsePreview = true;            // the session's document kind, fixed at start
-    std::int16_t RefreshRate = 7;      // seconds, 1 to 30
-    std::int16_t AutoEmptySlash = 1;
-    std::int16_t AutoQuote = 0;
-    std::int16_t AutoCase = 1;
-};
+// The panels of the status bar, by their numbers.
+enum class StatusPanel { Saved = 1, Length, Hint, Work, OpenDocuments, Line };
 
-class Workbench : public SharedValues {
+class Workbench {
 public:
     Workbench() = default;
     virtual ~Workbench() = default;
@@ -50,14 +32,15 @@ public:
     [[nodiscard]] virtual SettingsStore& Settings() = 0;
     [[nodiscard]] virtual Prompts& Ask() = 0;
     [[nodiscard]] virtual QWidget* Window() = 0;  // the parent of dialogs
+    [[nodiscard]] SharedOptions& Options() { return options_; }
+    [[nodiscard]] virtual bool UsePreview() const = 0;  // the session's document kind, fixed at start
 
     // Open documents as decimal text; "0" switches off the commands that need one.
     [[nodiscard]] virtual QString OpenDocCount() const = 0;
     virtual void SetOpenDocCount(const QString& count) = 0;
 
-    // Panels of the status bar count from 1; the third is the hint line.
-    virtual void SetPanel(int panel, const QString& text) = 0;
-    void SetHint(const QString& text) { SetPanel(3, text); }
+    virtual void ShowStatus(StatusPanel panel, const QString& text) = 0;
+    void SetHint(const QString& text) { ShowStatus(StatusPanel::Hint, text); }
 
     [[nodiscard]] virtual QStringList FontNames() const = 0;
     [[nodiscard]] virtual QString WebsiteDirectory() const = 0;  // the directory that File2 shows
@@ -69,7 +52,13 @@ public:
     // What the panel TreeView1 shows.
     [[nodiscard]] virtual const ReferenceTree& References() const = 0;
 
-    // Paints the markup of the active document: all of it, or the stretch that ColorSpanStart and ColorSpanLength tell.
+    std::int16_t NewDocCount = 1;  // blank documents made in this session
+    bool StopClosing = false;      // a document's close was cancelled
+
+    // Paints the markup of the active document: all of it, or the range that ColorSpanStart and ColorSpanLength tell,
+    // which is an offset and a number of characters; a length of 0 asks for all.
+    std::int32_t ColorSpanStart = 0;
+    std::int32_t ColorSpanLength = 0;
     virtual void Smartcolor();
     // Puts markup in place of the active document's selection, in the colours of the place, as one step of undo.
     // `markup` may come back with the indentation of the line.
@@ -100,9 +89,7 @@ public:
     virtual void LoadPage(QString& html) = 0;
 
 private:
-    // The two kinds of pass. False when the text holds no markup at all, which ends the pass early.
-    bool ColorWholeText(Document& document);
-    bool ColorSpan(Document& document);
+    SharedOptions options_;
 };
 
 // True for documents that get no colours and no markup assists, told by the caption's last letters alone.

@@ -59,7 +59,7 @@ void ShowOutside(Workbench& workbench, const QString& path) {
 }  // namespace
 
 void LoadPage(Workbench& workbench, const QString& html) {
-    if (!workbench.UsePreview) {
+    if (!workbench.UsePreview()) {
         const QString path = WritePage(workbench, html);
         if (!path.isEmpty()) ShowOutside(workbench, path);
         return;

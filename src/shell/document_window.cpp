@@ -1,8 +1,6 @@
 #include "shell/document_window.h"
 
 #include "editor/workbench.h"
-#include "settings/settings_keys.h"
-#include "values/number_rules.h"
 #include "widgets/prompts.h"
 
 #include <QCloseEvent>
@@ -47,15 +45,15 @@ void DocumentWindow::ShowFormat() {
 }
 
 void DocumentWindow::LoadWrap() {
-    WordWrapOn = ReadNumberSetting(workbench_.Settings(), keys::wordWrap) == 1;
+    WordWrapOn = workbench_.Options()->wordWrap;
     workbench_.SetWrapChecked(WordWrapOn);
 }
 
 void DocumentWindow::LoadFont() {
-    Text1->SetEditorFont(workbench_.EditorFontName, workbench_.EditorFontSize);
-    const SettingsStore& store = workbench_.Settings();
-    Text1->SetForeColor(static_cast<ColorNumber>(ReadNumberSetting(store, keys::foreColor)));
-    Text1->SetBackColor(static_cast<ColorNumber>(ReadNumberSetting(store, keys::backColor)));
+    const EditorOptions& options = workbench_.Options().Now();
+    Text1->SetEditorFont(options.EditorFontName, options.EditorFontSize);
+    Text1->SetForeColor(options.foreColor);
+    Text1->SetBackColor(options.backColor);
     SetSaver(true);
 }
 

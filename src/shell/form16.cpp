@@ -48,7 +48,7 @@ Form16::Form16(Workbench& workbench, QWidget* parent)
     const QString vertical = ReadSetting(workbench.Settings(), keys::verticalMain);
     PreviewSplitVertical = vertical == QLatin1String("True");
     Timer2->setInterval(designRefreshInterval);
-    const auto interval = MultiplyInt16(workbench.RefreshRate, 1000);
+    const auto interval = MultiplyInt16(workbench.Options()->RefreshRate, 1000);
     if (interval && *interval > 0) Timer2->setInterval(*interval);
     Timer2->start();
     LoadFont();

@@ -51,8 +51,8 @@ MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& rec
       prompts_(prompts),
       files_(*this),
       recovery_(recovery),
-      fontNames_(std::move(fontNames)) {
-    UsePreview = usePreview;
+      fontNames_(std::move(fontNames)),
+      usePreview_(usePreview) {
     BuildRegions();
     BuildMenus();
     WireRegions();
@@ -77,7 +77,7 @@ QString MDIform1::OpenDocCount() const {
 void MDIform1::SetOpenDocCount(const QString& count) {
     Text5->setText(count);
 }
-void MDIform1::SetPanel(int panel, const QString& text) {
+void MDIform1::ShowStatus(StatusPanel panel, const QString& text) {
     StatusBar1->SetPanel(panel, text);
 }
 QStringList MDIform1::FontNames() const {
@@ -110,9 +110,14 @@ void MDIform1::ApplyEditorFont(const QString& family, const QString& pointSize) 
     if (const Document* document = ActiveDocument()) document->Text1->SetEditorFont(family, pointSize);
 }
 
-// Only the active window takes the new period; the others keep theirs until they are opened anew.
-void MDIform1::ApplyRefreshInterval(int milliseconds) {
-    if (auto* document = qobject_cast<Form16*>(ActiveDocument())) document->Timer2->setInterval(milliseconds);
+// Only the active window takes the new font and period; the others keep theirs until they are opened anew.
+void MDIform1::FollowOptions() {
+    constexpr int millisecondsInSecond = 1000;
+    const EditorOptions& options = Options().Now();
+    ApplyEditorFont(options.EditorFontName, options.EditorFontSize);
+    if (auto* document = qobject_cast<Form16*>(ActiveDocument())) {
+        document->Timer2->setInterval(options.RefreshRate * millisecondsInSecond);
+    }
 }
 
 void MDIform1::PaintActiveDocument(ColorNumber color) {
@@ -129,7 +134,7 @@ void MDIform1::SetWrapChecked(bool checked) {
 }
 
 Document* MDIform1::CreateDocument() {
-    auto* document = UsePreview ? static_cast<DocumentWindow*>(new Form16(*this)) : new Form26(*this);
+    auto* document = usePreview_ ? static_cast<DocumentWindow*>(new Form16(*this)) : new Form26(*this);
     QMdiSubWindow* child = area->addSubWindow(document);
     child->setAttribute(Qt::WA_DeleteOnClose);
     child->setWindowIcon(windowIcon());
@@ -161,9 +166,9 @@ void MDIform1::LoadPage(QString& html) {
 
 void MDIform1::ShowDocumentFacts(const Document& document) {
     if (&document != ActiveDocument()) return;
-    SetPanel(1, document.Saver() ? tr("Saved") : tr("Changed"));
-    SetPanel(2, NumberText(document.Text1->Length()) + " bytes");
-    SetPanel(6, NumberText(document.Text1->GetLineFromChar(document.Text1->SelStart()) + 1));
+    ShowStatus(StatusPanel::Saved, document.Saver() ? tr("Saved") : tr("Changed"));
+    ShowStatus(StatusPanel::Length, NumberText(document.Text1->Length()) + " bytes");
+    ShowStatus(StatusPanel::Line, NumberText(document.Text1->GetLineFromChar(document.Text1->SelStart()) + 1));
 }
 
 void MDIform1::ShowActiveDocument() {
@@ -173,7 +178,7 @@ void MDIform1::ShowActiveDocument() {
         ShowDocumentFacts(*document);
         return;
     }
-    for (const int panel : {1, 2, 6}) SetPanel(panel, {});
+    for (const StatusPanel panel : {StatusPanel::Saved, StatusPanel::Length, StatusPanel::Line}) ShowStatus(panel, {});
 }
 
 void MDIform1::ShowRecentFiles() {
@@ -194,7 +199,7 @@ void MDIform1::ApplyNoDocumentRule() {
         "mnuImport2",      "mnuImport3",      "mnuSaveItem", "mnuSaveregItem",   "mnuPrintItem",
         "mnuSettingsItem", "mnuTutorialItem", "mnuW3CItem",  "mnuBugReportItem", "mnuWebsiteLinkItem"};
     const bool open = OpenDocCount() != QLatin1String("0");
-    SetPanel(5, tr("%1 open").arg(OpenDocCount()));
+    ShowStatus(StatusPanel::OpenDocuments, tr("%1 open").arg(OpenDocCount()));
     for (const char* name : items) {
         if (QAction* item = Item(name)) item->setEnabled(open);
     }

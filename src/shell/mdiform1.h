@@ -68,7 +68,8 @@ public:
     QWidget* Window() override { return this; }
     QString OpenDocCount() const override;
     void SetOpenDocCount(const QString& count) override;
-    void SetPanel(int panel, const QString& text) override;
+    void ShowStatus(StatusPanel panel, const QString& text) override;
+    bool UsePreview() const override { return usePreview_; }
     QStringList FontNames() const override;
     QString WebsiteDirectory() const override;
     void RefreshWebsite() override;
@@ -86,7 +87,6 @@ public:
     void SetDocumentTypes(const QStringList& types) override;
     void SetCustomCaption(int row, const QString& caption) override;
     void ApplyEditorFont(const QString& family, const QString& pointSize) override;
-    void ApplyRefreshInterval(int milliseconds) override;
     void PaintActiveDocument(ColorNumber color) override;
     void AddTags() override;
 
@@ -140,7 +140,7 @@ private:
     void WireRegions();
     void BuildShortcuts();
     void RestoreWindow();
-    void RestoreValues();
+    void FollowOptions();
     void RestoreTypes();
     void RestoreView();
     void RestoreWebsite();
@@ -173,6 +173,7 @@ private:
     RecoveryKeeper recovery_;
     WebsiteCommands* website_ = nullptr;  // the panel owns it
     const QStringList fontNames_;
+    const bool usePreview_;
     ReferenceTree references_;
     MainLayout layout_;
     bool laidOut_ = false;

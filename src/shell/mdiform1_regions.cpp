@@ -143,6 +143,7 @@ void MDIform1::WireRegions() {
     connect(Picture14, &ColorBar::ColorTaken, this, &MDIform1::InsertColor);
     connect(clrbutton, &TabStrip::TabClicked, this, &MDIform1::InsertOtherColor);
     connect(Text5, &QLineEdit::textChanged, this, &MDIform1::ApplyNoDocumentRule);
+    connect(&Options(), &SharedOptions::Changed, this, &MDIform1::FollowOptions);
     connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
     Picture11->TreeView1->Show(references_, *this);

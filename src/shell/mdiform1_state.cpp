@@ -30,10 +30,6 @@ QString TruthText(bool value) {
     return value ? QStringLiteral("True") : QStringLiteral("False");
 }
 
-std::int16_t Int16Setting(const SettingsStore& store, const SettingKey& key) {
-    return ToInt16(ReadNumberSetting(store, key)).value_or(0);
-}
-
 // A window that no screen shows any more comes back to the first one.
 QRect OnScreen(const QRect& place) {
     for (const QScreen* screen : QGuiApplication::screens()) {
@@ -70,7 +66,8 @@ void MDIform1::Load(const QString& commandLine, const std::function<void()>& spl
     StoreFonts();
     RestoreWindow();
     ColorBarSetup();
-    RestoreValues();
+    Options().Set(ReadEditorOptions(settings_));
+    SetWrapChecked(Options()->wordWrap);
     RestoreTypes();
     for (int row = 0; row < 6; ++row) TabStrip2->SetCaption(row + 2, ReadCustomCaption(settings_, row));
     RestoreView();
@@ -117,23 +114,6 @@ void MDIform1::RestoreWindow() {
     if (state == stateMinimised) setWindowState(Qt::WindowMinimized);
 }
 
-void MDIform1::RestoreValues() {
-    EditorFontSize = ReadSetting(settings_, keys::fontSize);
-    EditorFontName = ReadSetting(settings_, keys::fontName);
-    RichTextBox1->SetEditorFont(EditorFontName, EditorFontSize);
-    TablesColor = ReadNumberSetting(settings_, keys::tablesColor);
-    FramesColor = ReadNumberSetting(settings_, keys::framesColor);
-    LinksColor = ReadNumberSetting(settings_, keys::linksColor);
-    CommentsColor = ReadNumberSetting(settings_, keys::commentsColor);
-    OtherColor = ReadNumberSetting(settings_, keys::otherColor);
-    AspColor = static_cast<std::int32_t>(ReadNumberSetting(settings_, keys::aspColor));
-    RefreshRate = Int16Setting(settings_, keys::refreshRate);
-    SetWrapChecked(ReadNumberSetting(settings_, keys::wordWrap) == 1);
-    AutoQuote = Int16Setting(settings_, keys::autoQuote);
-    AutoEmptySlash = Int16Setting(settings_, keys::autoEmptySlash);
-    AutoCase = Int16Setting(settings_, keys::autoCase);
-}
-
 void MDIform1::RestoreTypes() {
     RestoreList(settings_, keys::graphicsCount, keys::graphicsEntry, *List4);
     RestoreList(settings_, keys::docTypesCount, keys::docTypesEntry, *lstDocTypes);
@@ -172,7 +152,7 @@ void MDIform1::RestoreWebsite() {
 }
 
 void MDIform1::MakeFirstDocument(const QString& commandLine) {
-    if (!UsePreview) {
+    if (!usePreview_) {
         if (QAction* item = Item("mnuVisualItem")) item->setEnabled(false);
     }
     auto* document = qobject_cast<DocumentWindow*>(CreateDocument());

@@ -18,12 +18,6 @@ bool ReadTruth(const SettingsStore& store, const SettingKey& key) {
     return TruthValue(ReadSetting(store, key));
 }
 
-ColorNumber ReadColor(const SettingsStore& store, const SettingKey& key) {
-    constexpr double largest = 0xFFFFFF;
-    const double stored = ReadNumberSetting(store, key);
-    return static_cast<ColorNumber>(stored >= 0 && stored <= largest ? stored : LeadingNumber(key.fallback));
-}
-
 // A whole number from the store; `fallback` when it lies outside 0 to `last`.
 int ReadIndex(const SettingsStore& store, const SettingKey& key, int last, int fallback) {
     const double stored = ReadNumberSetting(store, key);
@@ -43,22 +37,15 @@ void WriteList(SettingsStore& store, const SettingKey& count, const SettingKey& 
     for (int i = 0; i < list.size(); ++i) WriteSetting(store, entry, i, list.at(i));
 }
 
-void ApplyColorsAndBrowsers(const SettingsFields& fields, Workbench& workbench, SettingsTarget& target) {
-    SettingsStore& store = workbench.Settings();
+void WriteColors(const SettingsFields& fields, SettingsStore& store) {
     WriteCheck(store, keys::colorOnOff, fields.colorCodingOff);
-    if (fields.colorCodingOff) target.PaintActiveDocument(fields.foreColor);
-    for (int i = 0; i < externalBrowserCount; ++i) WriteSetting(store, *browserKeys[i], fields.browsers[i]);
     for (int i = 0; i < tagColorCount; ++i) WriteColor(store, *tagColorKeys[i], fields.tagColors[i]);
-    workbench.TablesColor = fields.tagColors[tablesTag];
-    workbench.FramesColor = fields.tagColors[framesTag];
-    workbench.LinksColor = fields.tagColors[linksTag];
-    workbench.CommentsColor = fields.tagColors[commentsTag];
-    workbench.AspColor = static_cast<std::int32_t>(fields.tagColors[aspTag]);
-    workbench.OtherColor = fields.tagColors[otherTag];
     WriteCheck(store, keys::aspBold, fields.aspBold);
+    WriteColor(store, keys::foreColor, fields.foreColor);
+    WriteColor(store, keys::backColor, fields.backColor);
 }
 
-void ApplyDefinitions(const SettingsFields& fields, SettingsStore& store) {
+void WriteDefinitions(const SettingsFields& fields, SettingsStore& store) {
     WriteSetting(store, keys::dtdXhtml, QString::number(fields.xhtmlVariant));
     WriteCheck(store, keys::dtdMath, fields.dtdMath);
     WriteCheck(store, keys::dtdSmil, fields.dtdSmil);
@@ -66,36 +53,37 @@ void ApplyDefinitions(const SettingsFields& fields, SettingsStore& store) {
     WriteCheck(store, keys::dtdOpen, fields.dtdOpen);
     WriteCheck(store, keys::dtdWml, fields.dtdWml);
     WriteCheck(store, keys::dtdX3d, fields.dtdX3d);
-    WriteColor(store, keys::foreColor, fields.foreColor);
-    WriteColor(store, keys::backColor, fields.backColor);
 }
 
-void ApplyRefreshAndTyping(const SettingsFields& fields, Workbench& workbench, SettingsTarget& target) {
-    constexpr int millisecondsInSecond = 1000;
-    SettingsStore& store = workbench.Settings();
-    WriteSetting(store, keys::refreshRate, fields.refreshRate);
-    WriteCheck(store, keys::autoQuote, fields.autoQuote);
-    WriteCheck(store, keys::autoEmptySlash, fields.autoEmptySlash);
-    WriteCheck(store, keys::autoCase, fields.autoCase);
-    workbench.AutoQuote = fields.autoQuote ? 1 : 0;
-    workbench.AutoEmptySlash = fields.autoEmptySlash ? 1 : 0;
-    workbench.AutoCase = fields.autoCase ? 1 : 0;
-    workbench.RefreshRate = static_cast<std::int16_t>(std::trunc(LeadingNumber(fields.refreshRate)));
-    if (workbench.UsePreview && workbench.OpenDocCount() != QLatin1String("0")) {
-        target.ApplyRefreshInterval(workbench.RefreshRate * millisecondsInSecond);
-    }
-}
-
-void ApplyEditor(const SettingsFields& fields, Workbench& workbench, SettingsTarget& target) {
-    SettingsStore& store = workbench.Settings();
-    target.ApplyEditorFont(fields.fontName, fields.fontSize);
+void WriteEditor(const SettingsFields& fields, SettingsStore& store) {
     WriteSetting(store, keys::fontSize, fields.fontSize);
     WriteSetting(store, keys::fontName, fields.fontName);
-    workbench.EditorFontSize = fields.fontSize;
-    workbench.EditorFontName = fields.fontName;
     WriteCheck(store, keys::wordWrap, fields.wordWrap);
     WriteCheck(store, keys::autoTab, fields.autoTab);
     WriteCheck(store, keys::popupTag, fields.popupTag);
+    WriteCheck(store, keys::autoQuote, fields.autoQuote);
+    WriteCheck(store, keys::autoEmptySlash, fields.autoEmptySlash);
+    WriteCheck(store, keys::autoCase, fields.autoCase);
+}
+
+void WritePreview(const SettingsFields& fields, SettingsStore& store) {
+    for (int i = 0; i < externalBrowserCount; ++i) WriteSetting(store, *browserKeys[i], fields.browsers[i]);
+    WriteSetting(store, keys::refreshRate, fields.refreshRate);
+    WriteSetting(store, keys::verticalMain, fields.splitVertical ? QStringLiteral("True") : QStringLiteral("False"));
+    WriteSetting(store, keys::editPercent, fields.editPercent);
+}
+
+void WriteUpload(const SettingsFields& fields, SettingsStore& store) {
+    WriteSetting(store, keys::ftpUrl, fields.ftpUrl);
+    WriteSetting(store, keys::ftpPassword, fields.ftpPassword);
+    WriteSetting(store, keys::ftpUserName, fields.ftpUserName);
+}
+
+// The rate in force is a whole number, whatever stands in the settings.
+void TakeOptions(const SettingsFields& fields, Workbench& workbench) {
+    EditorOptions options = ReadEditorOptions(workbench.Settings());
+    options.RefreshRate = static_cast<std::int16_t>(std::trunc(LeadingNumber(fields.refreshRate)));
+    workbench.Options().Set(options);
 }
 
 void ApplyLists(const SettingsFields& fields, SettingsStore& store, SettingsTarget& target) {
@@ -126,25 +114,27 @@ void LoadLists(SettingsFields& fields, const SettingsStore& store, const Workben
 SettingsFields LoadSettingsFields(Workbench& workbench) {
     constexpr int lastXhtmlVariant = 2;
     const SettingsStore& store = workbench.Settings();
+    const EditorOptions& options = workbench.Options().Now();
     SettingsFields fields;
-    fields.fontSize = workbench.EditorFontSize;
-    fields.fontName = workbench.EditorFontName;
-    fields.foreColor = ReadColor(store, keys::foreColor);
-    fields.backColor = ReadColor(store, keys::backColor);
-    fields.wordWrap = ReadNumberSetting(store, keys::wordWrap) == 1;
-    fields.autoTab = ReadTruth(store, keys::autoTab);
-    fields.popupTag = ReadTruth(store, keys::popupTag);
+    fields.fontSize = options.EditorFontSize;
+    fields.fontName = options.EditorFontName;
+    fields.foreColor = options.foreColor;
+    fields.backColor = options.backColor;
+    fields.wordWrap = options.wordWrap;
+    fields.autoTab = options.autoTab;
+    fields.popupTag = options.popupTag;
     fields.lowerCase = ReadTruth(store, keys::lowerCase);
-    fields.colorCodingOff = ReadTruth(store, keys::colorOnOff);
-    for (int i = 0; i < tagColorCount; ++i) fields.tagColors[i] = ReadColor(store, *tagColorKeys[i]);
-    fields.aspBold = ReadTruth(store, keys::aspBold);
+    fields.colorCodingOff = options.colorCodingOff;
+    fields.tagColors = {options.TablesColor,   options.FramesColor, options.LinksColor,
+                        options.CommentsColor, options.AspColor,    options.OtherColor};
+    fields.aspBold = options.aspBold;
     LoadLists(fields, store, workbench);
     fields.ftpUrl = ReadSetting(store, keys::ftpUrl);
     fields.ftpUserName = ReadSetting(store, keys::ftpUserName);
     fields.ftpPassword = ReadSetting(store, keys::ftpPassword);
-    fields.autoCase = ReadTruth(store, keys::autoCase);
-    fields.autoQuote = ReadTruth(store, keys::autoQuote);
-    fields.autoEmptySlash = ReadTruth(store, keys::autoEmptySlash);
+    fields.autoCase = options.AutoCase;
+    fields.autoQuote = options.AutoQuote;
+    fields.autoEmptySlash = options.AutoEmptySlash;
     fields.xhtmlVariant = ReadIndex(store, keys::dtdXhtml, lastXhtmlVariant, 0);
     fields.dtdSmil = ReadTruth(store, keys::dtdSmil);
     fields.dtdSvg = ReadTruth(store, keys::dtdSvg);
@@ -152,7 +142,7 @@ SettingsFields LoadSettingsFields(Workbench& workbench) {
     fields.dtdWml = ReadTruth(store, keys::dtdWml);
     fields.dtdX3d = ReadTruth(store, keys::dtdX3d);
     for (int i = 0; i < externalBrowserCount; ++i) fields.browsers[i] = ReadSetting(store, *browserKeys[i]);
-    fields.refreshRate = QString::number(workbench.RefreshRate);
+    fields.refreshRate = QString::number(options.RefreshRate);
     fields.splitVertical = ReadSetting(store, keys::verticalMain) == QLatin1String("True");
     fields.editPercent = ReadSetting(store, keys::editPercent);
     return fields;
@@ -181,23 +171,21 @@ std::optional<QString> ValidateSettings(const SettingsFields& fields) {
 void ApplySettings(const SettingsFields& fields, Workbench& workbench, SettingsTarget& target) {
     SettingsStore& store = workbench.Settings();
     const SettingsStore::Batch batch(store);
-    ApplyColorsAndBrowsers(fields, workbench, target);
-    ApplyDefinitions(fields, store);
-    ApplyRefreshAndTyping(fields, workbench, target);
-    ApplyEditor(fields, workbench, target);
+    WriteColors(fields, store);
+    WriteDefinitions(fields, store);
+    WriteEditor(fields, store);
+    WritePreview(fields, store);
+    WriteUpload(fields, store);
+    if (fields.colorCodingOff) target.PaintActiveDocument(fields.foreColor);
+    TakeOptions(fields, workbench);
     ApplyLists(fields, store, target);
     target.AddTags();
     workbench.Smartcolor();
-    WriteSetting(store, keys::verticalMain, fields.splitVertical ? QStringLiteral("True") : QStringLiteral("False"));
-    WriteSetting(store, keys::editPercent, fields.editPercent);
-    WriteSetting(store, keys::ftpUrl, fields.ftpUrl);
-    WriteSetting(store, keys::ftpPassword, fields.ftpPassword);
-    WriteSetting(store, keys::ftpUserName, fields.ftpUserName);
 }
 
 void PurgeSettings(Workbench& workbench, SettingsTarget& target) {
     workbench.Settings().DeleteApplication(preferencesApplication);
-    target.ApplyEditorFont(workbench.EditorFontName, keys::fontSize.fallback.toString());
+    target.ApplyEditorFont(workbench.Options()->EditorFontName, keys::fontSize.fallback.toString());
     if (const Document* document = workbench.ActiveDocument()) document->Text1->SetSelStart(0);
 }
 

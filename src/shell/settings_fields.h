@@ -27,8 +27,6 @@ public:
     virtual void SetCustomCaption(int row, const QString& caption) = 0;
     // The font of RichTextBox1 and of the active document; `pointSize` as the settings keep it.
     virtual void ApplyEditorFont(const QString& family, const QString& pointSize) = 0;
-    // The refresh timer of the active document alone; other windows keep theirs until they are opened anew.
-    virtual void ApplyRefreshInterval(int milliseconds) = 0;
     // Gives the whole text of the active document one colour and puts the caret at its start.
     virtual void PaintActiveDocument(ColorNumber color) = 0;
     virtual void AddTags() = 0;  // builds the reference tree anew

@@ -1,5 +1,7 @@
 #include "shell/status_bar.h"
 
+#include "editor/workbench.h"
+
 namespace vellum {
 namespace {
 
@@ -37,12 +39,16 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     }
 }
 
-void StatusBar::SetPanel(int panel, const QString& text) {
-    panels_.at(static_cast<std::size_t>(panel - 1))->setText(text);
+QLabel* StatusBar::At(StatusPanel panel) const {
+    return panels_.at(static_cast<std::size_t>(panel) - 1);
 }
 
-QString StatusBar::Panel(int panel) const {
-    return panels_.at(static_cast<std::size_t>(panel - 1))->text();
+void StatusBar::SetPanel(StatusPanel panel, const QString& text) {
+    At(panel)->setText(text);
+}
+
+QString StatusBar::Panel(StatusPanel panel) const {
+    return At(panel)->text();
 }
 
 }  // namespace vellum

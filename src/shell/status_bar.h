@@ -1,4 +1,4 @@
-// The main window's status bar: six panels, told by an index from 1. The third is the hint line.
+// The main window's status bar: six panels, told by their names.
 #pragma once
 
 #include <QLabel>
@@ -8,6 +8,8 @@
 
 namespace vellum {
 
+enum class StatusPanel;
+
 class StatusBar : public QStatusBar {
     Q_OBJECT
 public:
@@ -15,10 +17,12 @@ public:
 
     explicit StatusBar(QWidget* parent = nullptr);
 
-    void SetPanel(int panel, const QString& text);
-    [[nodiscard]] QString Panel(int panel) const;
+    void SetPanel(StatusPanel panel, const QString& text);
+    [[nodiscard]] QString Panel(StatusPanel panel) const;
 
 private:
+    [[nodiscard]] QLabel* At(StatusPanel panel) const;
+
     std::array<QLabel*, panelCount> panels_{};
 };
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "editor/popup_list.h"
-#include "settings/settings_keys.h"
 #include "surface/edit_surface.h"
 #include "tests/support/test_workbench.h"
 
@@ -107,7 +106,7 @@ protected:
     [[nodiscard]] ColorNumber ColorAt(int offset) {
         return Surface().FormatAt(offset).color.value_or(Surface().ForeColor());
     }
-    void Set(const SettingKey& key, const QString& value) { WriteSetting(workbench.Settings(), key, value); }
+    void Set(const SettingKey& key, const QString& value) { workbench.Store(key, value); }
 
     [[nodiscard]] bool PopupShows(const QListWidget* list) const {
         return document.picAttr->isVisible() && list->isVisible();

@@ -19,7 +19,7 @@ constexpr ColorNumber odd = 0xABCDEF;  // a colour that no markup has
 
 class InsertionColorTest : public testing::Test {
 protected:
-    InsertionColorTest() { WriteSetting(bench.Settings(), keys::foreColor, QString::number(plain)); }
+    InsertionColorTest() { bench.Store(keys::foreColor, QString::number(plain)); }
 
     // A text in one colour with the caret where "|" stands.
     void Show(QString marked, ColorNumber color, bool bold = false) {
@@ -29,7 +29,7 @@ protected:
         surface.SetSelStart(caret);
     }
 
-    void Apply() { ApplyPlaceColor(bench, surface, PosInfoAtCaret(surface)); }
+    void Apply() { ApplyPlaceColor(bench.Options().Now(), surface, PosInfoAtCaret(surface)); }
 
     // What a character takes that is typed now.
     [[nodiscard]] CharFormat Next() const { return {surface.SelColor(), surface.SelBold().value_or(false)}; }
@@ -40,7 +40,7 @@ protected:
         surface.SetSelBold(format.bold);
     }
 
-    void DisableColors() { WriteSetting(bench.Settings(), keys::colorOnOff, "1"); }
+    void DisableColors() { bench.Store(keys::colorOnOff, "1"); }
 
     test::TestWorkbench bench;
     EditSurface surface;
@@ -105,8 +105,8 @@ TEST_F(InsertionColorTest, ServerSideBlocksTakeTheirColorAndBoldByTheSetting) {
     Show("<% a|", odd);
     Apply();
     EXPECT_EQ(Next(), (CharFormat{odd, true}));
-    WriteSetting(bench.Settings(), keys::aspBold, "0");
-    WriteSetting(bench.Settings(), keys::colorOnOff, "0");
+    bench.Store(keys::aspBold, "0");
+    bench.Store(keys::colorOnOff, "0");
     Show("<% a|", odd);
     Apply();
     EXPECT_EQ(Next(), (CharFormat{server, false}));
@@ -127,7 +127,7 @@ TEST_F(InsertionColorTest, WhatIsRightAlreadyIsNotWritten) {
 TEST_F(InsertionColorTest, ADashTurnsTheOpeningIntoAComment) {
     Show("a<!-|b", other);
     SetNext({odd, true});
-    ColorBeforeDash(bench, surface, PosInfoAtCaret(surface));
+    ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
     EXPECT_EQ(surface.ColorOf(1, 3), comments);
     EXPECT_EQ(surface.ColorOf(0, 1), other);
     EXPECT_EQ(surface.ColorOf(4, 1), other);
@@ -141,7 +141,7 @@ TEST_F(InsertionColorTest, ADashTurnsTheOpeningIntoAComment) {
 TEST_F(InsertionColorTest, ADashDoesSoWithColorsDisabledAndAtTheStart) {
     DisableColors();
     Show("<!-|", plain);
-    ColorBeforeDash(bench, surface, PosInfoAtCaret(surface));
+    ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
     EXPECT_EQ(surface.ColorOf(0, 3), comments);
     EXPECT_EQ(Next(), (CharFormat{comments, false}));
 }
@@ -149,7 +149,7 @@ TEST_F(InsertionColorTest, ADashDoesSoWithColorsDisabledAndAtTheStart) {
 TEST_F(InsertionColorTest, ADashElsewhereChangesNothing) {
     for (const char* text : {"!-|", "<-|", "<!|", "<! -|", "<script><!-|", "<% <!-|", "|<!-"}) {
         Show(text, odd);
-        ColorBeforeDash(bench, surface, PosInfoAtCaret(surface));
+        ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
         EXPECT_EQ(surface.ColorOf(0, surface.Length()), odd) << text;
         EXPECT_NE(surface.SelColor(), comments) << text;
     }
@@ -158,21 +158,21 @@ TEST_F(InsertionColorTest, ADashElsewhereChangesNothing) {
 TEST_F(InsertionColorTest, APercentSignTurnsTheOpeningIntoABlock) {
     Show("a<|b", other);
     SetNext({odd, false});
-    ColorBeforePercent(bench, surface);
+    ColorBeforePercent(bench.Options().Now(), surface);
     EXPECT_EQ(surface.FormatAt(1), (CharFormat{server, true}));
     EXPECT_EQ(surface.FormatAt(0), (CharFormat{other, false}));
     EXPECT_EQ(surface.FormatAt(2), (CharFormat{other, false}));
     EXPECT_EQ(Next(), (CharFormat{server, true}));
     EXPECT_EQ(surface.SelStart(), 2);
 
-    WriteSetting(bench.Settings(), keys::aspBold, "0");
+    bench.Store(keys::aspBold, "0");
     Show("<|", other);
-    ColorBeforePercent(bench, surface);
+    ColorBeforePercent(bench.Options().Now(), surface);
     EXPECT_EQ(Next(), (CharFormat{server, false}));
     DisableColors();
-    WriteSetting(bench.Settings(), keys::aspBold, "1");
+    bench.Store(keys::aspBold, "1");
     Show("<|", other);
-    ColorBeforePercent(bench, surface);
+    ColorBeforePercent(bench.Options().Now(), surface);
     EXPECT_EQ(surface.FormatAt(0), (CharFormat{other, true}));
     EXPECT_EQ(Next(), (CharFormat{other, true}));
 }
@@ -180,7 +180,7 @@ TEST_F(InsertionColorTest, APercentSignTurnsTheOpeningIntoABlock) {
 TEST_F(InsertionColorTest, APercentSignElsewhereChangesNothing) {
     for (const char* text : {"|<", "< |", "a|<"}) {
         Show(text, other);
-        ColorBeforePercent(bench, surface);
+        ColorBeforePercent(bench.Options().Now(), surface);
         EXPECT_EQ(surface.ColorOf(0, 2), other) << text;
         EXPECT_NE(surface.SelColor(), server) << text;
     }
@@ -189,7 +189,7 @@ TEST_F(InsertionColorTest, APercentSignElsewhereChangesNothing) {
 TEST_F(InsertionColorTest, ASelectionIsDroppedWhereTheCaretGoesBehindTheOpening) {
     Show("<!-|abc", other);
     surface.SetSelLength(3);
-    ColorBeforeDash(bench, surface, PosInfoAtCaret(surface));
+    ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
     EXPECT_EQ(surface.SelLength(), 0);
     EXPECT_EQ(surface.SelStart(), 3);
     EXPECT_EQ(surface.ColorOf(3, 3), other);
@@ -197,21 +197,15 @@ TEST_F(InsertionColorTest, ASelectionIsDroppedWhereTheCaretGoesBehindTheOpening)
 
 TEST_F(InsertionColorTest, AnOpeningIsATagInPlainTextOnly) {
     Show("a|", plain, true);
-    ColorForOpening(bench, surface, PosInfoAtCaret(surface));
+    ColorForOpening(bench.Options().Now(), surface, PosInfoAtCaret(surface));
     EXPECT_EQ(Next(), (CharFormat{other, false}));
     Show("<!-- |", comments);
-    ColorForOpening(bench, surface, PosInfoAtCaret(surface));
+    ColorForOpening(bench.Options().Now(), surface, PosInfoAtCaret(surface));
     EXPECT_EQ(Next(), (CharFormat{comments, false}));
     DisableColors();
     Show("a|", plain, true);
-    ColorForOpening(bench, surface, PosInfoAtCaret(surface));
+    ColorForOpening(bench.Options().Now(), surface, PosInfoAtCaret(surface));
     EXPECT_EQ(Next(), (CharFormat{plain, false}));
-}
-
-TEST(ColorOfValue, StaysInTheRangeOfColors) {
-    EXPECT_EQ(ColorOfValue(8388736), 8388736U);
-    EXPECT_EQ(ColorOfValue(-1), 0U);
-    EXPECT_EQ(ColorOfValue(1e300), 0xFFFFFFU);
 }
 
 }  // namespace

@@ -83,7 +83,7 @@ TEST_F(PopupTest, AClickOnATagWritesIt) {
     EXPECT_EQ(Shown(), "<table |");
     EXPECT_FALSE(document.picAttr->isVisible());
     EXPECT_TRUE(Surface().hasFocus());
-    EXPECT_EQ(ColorAt(3), workbench.OtherColor);
+    EXPECT_EQ(ColorAt(3), workbench.Options()->OtherColor);
     Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Surface().Text(), "<");
 }
@@ -100,7 +100,7 @@ TEST_F(PopupTest, AClosingFormIsWrittenAtOnce) {
     Type("<");
     ClickEntry(document.cmbTags, "/table");
     EXPECT_EQ(Shown(), "x </table>|");
-    EXPECT_EQ(ColorAt(4), workbench.TablesColor);
+    EXPECT_EQ(ColorAt(4), workbench.Options()->TablesColor);
     EXPECT_EQ(ColorAt(0), 0U);
 }
 
@@ -134,7 +134,7 @@ TEST_F(PopupTest, ACommentIsWrittenWithTheCaretInIt) {
     Type("<");
     ClickEntry(document.cmbTags, "!--");
     EXPECT_EQ(Shown(), "<!--  |  -->");
-    EXPECT_EQ(ColorAt(0), workbench.CommentsColor);
+    EXPECT_EQ(ColorAt(0), workbench.Options()->CommentsColor);
     EXPECT_FALSE(document.picAttr->isVisible());
 }
 

@@ -34,7 +34,7 @@ public:
 class PortableColorTest : public testing::Test {
 protected:
     PortableColorTest() {
-        WriteSetting(bench.Settings(), keys::foreColor, QString::number(plain));
+        bench.Store(keys::foreColor, QString::number(plain));
         bench.active = &document;
     }
 
@@ -134,7 +134,7 @@ TEST_F(PortableColorTest, AServerSideBlockColorsWhateverComesAndLeavesTheWeight)
 }
 
 TEST_F(PortableColorTest, WithColorsDisabledOnlyPlainTextAndTagsTakeAColor) {
-    WriteSetting(bench.Settings(), keys::colorOnOff, "1");
+    bench.Store(keys::colorOnOff, "1");
     for (const char* text : {"<!-- |", "<script>|", "<% |"}) {
         Show(text);
         const int offset = surface.SelStart();
@@ -173,7 +173,7 @@ TEST_F(PortableColorTest, OnlyTheTabsBeforeTheCaretCount) {
 }
 
 TEST_F(PortableColorTest, AutoTabOffLeavesTheLinesAlone) {
-    WriteSetting(bench.Settings(), keys::autoTab, "0");
+    bench.Store(keys::autoTab, "0");
     Show("\tx|");
     EXPECT_EQ(Insert("a\r\nb"), "a\r\nb");
     EXPECT_EQ(surface.Text(), "\txa\r\nb");
@@ -181,7 +181,7 @@ TEST_F(PortableColorTest, AutoTabOffLeavesTheLinesAlone) {
 
 TEST_F(PortableColorTest, AnyLineEndBecomesTheSurfacesOwn) {
     for (const char* autoTab : {"0", "1"}) {
-        WriteSetting(bench.Settings(), keys::autoTab, autoTab);
+        bench.Store(keys::autoTab, autoTab);
         Show("|");
         EXPECT_EQ(Insert("a\nb\rc\r\nd\r\r\ne"), "a\r\nb\r\nc\r\nd\r\n\r\ne");
         EXPECT_EQ(surface.Text(), "a\r\nb\r\nc\r\nd\r\n\r\ne");

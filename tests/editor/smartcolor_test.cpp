@@ -24,9 +24,10 @@ namespace {
 // Notes what the fourth panel shows, and whether the wait pointer is on at that time.
 class NotingWorkbench : public test::TestWorkbench {
 public:
-    void SetPanel(int panel, const QString& text) override {
-        TestWorkbench::SetPanel(panel, text);
-        shown << QStringLiteral("%1:%2%3").arg(QString::number(panel), text, Waiting() ? " (waiting)" : "");
+    void ShowStatus(StatusPanel panel, const QString& text) override {
+        TestWorkbench::ShowStatus(panel, text);
+        shown << QStringLiteral("%1:%2%3").arg(QString::number(static_cast<int>(panel)), text,
+                                               Waiting() ? " (waiting)" : "");
     }
     static bool Waiting() { return QGuiApplication::overrideCursor() != nullptr; }
 
@@ -37,12 +38,14 @@ class SmartcolorTest : public testing::Test {
 protected:
     SmartcolorTest() {
         workbench.active = &document;
-        workbench.TablesColor = test::markColors.tables;
-        workbench.FramesColor = test::markColors.frames;
-        workbench.LinksColor = test::markColors.links;
-        workbench.CommentsColor = test::markColors.comments;
-        workbench.OtherColor = test::markColors.other;
-        workbench.AspColor = static_cast<std::int32_t>(test::markColors.asp);
+        for (const auto& [key, color] : {std::pair{&keys::tablesColor, test::markColors.tables},
+                                         {&keys::framesColor, test::markColors.frames},
+                                         {&keys::linksColor, test::markColors.links},
+                                         {&keys::commentsColor, test::markColors.comments},
+                                         {&keys::otherColor, test::markColors.other},
+                                         {&keys::aspColor, test::markColors.asp}}) {
+            workbench.Store(*key, QString::number(color));
+        }
         document.SetCaption("/home/author/page.htm");
     }
 
@@ -72,7 +75,7 @@ protected:
         workbench.Smartcolor();
     }
 
-    void Store(const SettingKey& key, const QString& value) { WriteSetting(workbench.Settings(), key, value); }
+    void Store(const SettingKey& key, const QString& value) { workbench.Store(key, value); }
 
     NotingWorkbench workbench;
     test::PlainDocument document{workbench};

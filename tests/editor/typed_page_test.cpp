@@ -10,7 +10,7 @@ class TypedPage : public test::EditorFixture {
 protected:
     void SetUp() override {
         EditorFixture::SetUp();
-        workbench.AutoQuote = 1;
+        Set(keys::autoQuote, "1");
         Put("|");
     }
 

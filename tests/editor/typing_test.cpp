@@ -50,7 +50,7 @@ TEST_F(TypingTest, WithColoursOffOnlyACommentTakesItsColour) {
 
 TEST_F(TypingTest, ScriptDocumentsGetNeitherColoursNorAssists) {
     document.SetCaption("/x/a.js");
-    workbench.AutoQuote = 1;
+    Set(keys::autoQuote, "1");
     ExpectTyped("<BR> <!-- &", "<BR> <!-- &|", "...........");
     EXPECT_FALSE(document.picAttr->isVisible());
     Put("a|b\nc|d");
@@ -72,9 +72,9 @@ TEST_F(TypingTest, AClosedTagIsLoweredAndEmptyElementsAreClosed) {
 }
 
 TEST_F(TypingTest, TheSwitchesTurnTheAssistsOff) {
-    workbench.AutoCase = 0;
+    Set(keys::autoCase, "0");
     ExpectTyped("<BR>", "<BR />|", "oooooo");
-    workbench.AutoEmptySlash = 0;
+    Set(keys::autoEmptySlash, "0");
     ExpectTyped("<BR>", "<BR>|", "oooo");
 }
 
@@ -105,7 +105,7 @@ TEST_F(TypingTest, ATagIsClosedInTheMiddleOfText) {
 }
 
 TEST_F(TypingTest, AttributesAreQuoted) {
-    workbench.AutoQuote = 1;
+    Set(keys::autoQuote, "1");
     Put("|");
     Type("<a title=");
     EXPECT_EQ(Shown(), "<a title=\"|\"");
@@ -114,14 +114,14 @@ TEST_F(TypingTest, AttributesAreQuoted) {
     Put("|");
     Type("a=");
     EXPECT_EQ(Shown(), "a=|");
-    workbench.AutoQuote = 0;
+    Set(keys::autoQuote, "0");
     Put("|");
     Type("<a title=");
     EXPECT_EQ(Shown(), "<a title=|");
 }
 
 TEST_F(TypingTest, NothingIsQuotedWhereTheTagHasNoColour) {
-    workbench.AutoQuote = 1;
+    Set(keys::autoQuote, "1");
     Set(keys::colorOnOff, "1");
     Put("|");
     Type("<a title=");
@@ -184,10 +184,10 @@ TEST_F(TypingTest, InputMethodsCountAsTyping) {
 TEST_F(TypingTest, ThePanelsFollow) {
     Put("one\ntw|o");
     Press(Qt::Key_X);
-    EXPECT_EQ(workbench.panels[6], "2");
+    EXPECT_EQ(workbench.panels[StatusPanel::Line], "2");
     Surface().setMouseTracking(true);
     QTest::mouseMove(Surface().viewport(), {40, 40});
-    EXPECT_EQ(workbench.panels[4], "Edit Your Document");
+    EXPECT_EQ(workbench.panels[StatusPanel::Work], "Edit Your Document");
 }
 
 TEST_F(TypingTest, ArrowsOutOfATagLeaveItsColourBehind) {
@@ -242,7 +242,7 @@ TEST(TypingInWindows, WhatIsDroppedOnAWindowBehindGoesThere) {
 
 TEST_F(TypingTest, AGreaterSignAtTheSecondPlacePaintsNothing) {
     Put("<|");
-    Surface().SetColor(0, 1, static_cast<ColorNumber>(workbench.LinksColor));
+    Surface().SetColor(0, 1, workbench.Options()->LinksColor);
     Type(">");
     EXPECT_EQ(Colours(), "aa");
 }

@@ -79,7 +79,7 @@ public:
     QWidget* Window() override { return active.get(); }
     void Smartcolor() override { ++colored; }
     Document* CreateDocument() override {
-        if (UsePreview) {
+        if (usePreview) {
             active = std::make_unique<PreviewedDocument>(*this);
         } else {
             active = std::make_unique<test::PlainDocument>(*this);
@@ -512,7 +512,7 @@ TEST_F(PreviewPipelineTest, LoadPageShowsThePageEvenWhenTheFolderTakesNoFiles) {
 }
 
 TEST_F(PreviewPipelineTest, WithoutPreviewLoadPageGoesToTheFirstBrowser) {
-    bench_.UsePreview = false;
+    bench_.usePreview = false;
     bench_.active.reset();
     bench_.count = "0";
     WriteSetting(bench_.Settings(), keys::browser1, FakeBrowser() + " -x");
@@ -525,7 +525,7 @@ TEST_F(PreviewPipelineTest, WithoutPreviewLoadPageGoesToTheFirstBrowser) {
 }
 
 TEST_F(PreviewPipelineTest, LoadPageTellsWhenThatBrowserDoesntStart) {
-    bench_.UsePreview = false;
+    bench_.usePreview = false;
     WriteSetting(bench_.Settings(), keys::browser1, directory_.filePath("no-such-program"));
     LoadPage(bench_, "x");
     EXPECT_EQ(bench_.prompts.messages, QStringList{"Unable to load browser specified in Settings."});
@@ -585,7 +585,7 @@ TEST_F(PreviewPipelineTest, ADefaultBrowserThatDoesntStartIsTold) {
 }
 
 TEST_F(PreviewPipelineTest, WithoutPreviewAndBrowserLoadPageGoesToTheDefaultInSilence) {
-    bench_.UsePreview = false;
+    bench_.usePreview = false;
     for (const int code : {0, 3}) {
         for (const char* none : {"None", ""}) {
             FakeDefaultHandler(code);

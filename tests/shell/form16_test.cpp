@@ -170,10 +170,12 @@ TEST_F(Form16Test, TabsHaveTheirTips) {
               "Shifts Between A Vertical and Horizontal Split of the Editing and Preview Panes.");
 }
 
-TEST_F(Form16Test, TheSettingsDialogReachesTheActiveWindowsTimerAlone) {
+TEST_F(Form16Test, ANewRateReachesTheActiveWindowsTimerAlone) {
     Form16& first = OpenWithPreview();
     window->NewForm();
-    window->ApplyRefreshInterval(3000);
+    EditorOptions options = window->Options().Now();
+    options.RefreshRate = 3;
+    window->Options().Set(options);
     EXPECT_EQ(Form().Timer2->interval(), 3000);
     EXPECT_EQ(first.Timer2->interval(), 7000);
 }

@@ -271,6 +271,7 @@ TEST_F(FrmSettingsTest, ShowsTheSettings) {
     WriteSetting(bench.store, keys::customTagsCount, "1");
     WriteSetting(bench.store, keys::customTagsEntry, 0, "<hr />");
     WriteCustomText(bench.store, 4, "<b>");
+    bench.ReadOptions();
     Open();
     EXPECT_EQ(form->Combo1->currentText(), "8.5");
     EXPECT_EQ(form->Combo2->currentText(), "Courier New");
@@ -447,10 +448,10 @@ TEST_F(FrmSettingsTest, OkWritesAndCloses) {
     EXPECT_EQ(bench.Stored(keys::dtdXhtml), "2");
     EXPECT_EQ(bench.Stored(keys::dtdMath), "1");
     EXPECT_EQ(bench.Stored(keys::refreshRate), "1.5");
-    EXPECT_EQ(bench.RefreshRate, 1);
+    EXPECT_EQ(bench.Options()->RefreshRate, 1);
     EXPECT_EQ(bench.Stored(keys::verticalMain), "False");
     EXPECT_EQ(bench.Stored(keys::editPercent), "100");
-    EXPECT_EQ(bench.What().last(), "Smartcolor");
+    EXPECT_EQ(bench.events.last(), "Smartcolor");
 
     Open();
     EXPECT_FALSE(form->chkMath->isChecked());
@@ -469,7 +470,7 @@ TEST_F(FrmSettingsTest, ABadRateKeepsTheDialogAsTyped) {
     Click(form->cmdOK);
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(bench.prompts.messages, QStringList({"Refresh Rate Needs to be between 1 and 30 seconds."}));
-    EXPECT_EQ(bench.What(), QStringList());
+    EXPECT_EQ(bench.events, QStringList());
     EXPECT_EQ(bench.Stored(keys::wordWrap), "(none)");
     EXPECT_EQ(form->txtRate->text(), "31");
     EXPECT_EQ(form->txtPercent->text(), "60");
@@ -509,7 +510,7 @@ TEST_F(FrmSettingsTest, EscapeAndCancelWriteNothing) {
         }
         EXPECT_FALSE(form->isVisible());
         EXPECT_EQ(form->result(), QDialog::Rejected);
-        EXPECT_EQ(bench.What(), QStringList());
+        EXPECT_EQ(bench.events, QStringList());
         EXPECT_EQ(bench.documentTypes, QStringList({".htm", ".txt"}));
         EXPECT_FALSE(QFile::exists(bench.folder.filePath("settings.json")));
     }
@@ -531,7 +532,7 @@ TEST_F(FrmSettingsTest, PurgeDeletesThePreferencesAndSavesNothing) {
     EXPECT_EQ(bench.Stored(keys::popupTag), "(none)");
     EXPECT_EQ(bench.StoredEntry(keys::recentFile, 0), "/tmp/a.htm");
     EXPECT_EQ(bench.Stored(keys::useIE), "Yes");
-    EXPECT_EQ(bench.What(), QStringList({"ApplyEditorFont Courier New 8.5"}));
+    EXPECT_EQ(bench.events, QStringList({"ApplyEditorFont Courier New 8.5"}));
 }
 
 TEST_F(FrmSettingsTest, RunsAsAModalDialog) {

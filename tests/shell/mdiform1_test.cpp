@@ -32,23 +32,23 @@ TEST_F(MainWindowTest, StartsWithOneBlankMaximisedDocument) {
     EXPECT_TRUE(Active().Saver());
     EXPECT_EQ(window->NewDocCount, 1);
     EXPECT_EQ(window->OpenDocCount(), "1");
-    EXPECT_EQ(window->StatusBar1->Panel(3), "");
+    EXPECT_EQ(window->StatusBar1->Panel(StatusPanel::Hint), "");
 }
 
 TEST_F(MainWindowTest, AnEmptyStoreGivesEveryDefault) {
     Open();
-    EXPECT_EQ(window->EditorFontSize, "8.5");
-    EXPECT_EQ(window->EditorFontName, "Courier New");
-    EXPECT_EQ(window->TablesColor, 8388736);
-    EXPECT_EQ(window->FramesColor, 192);
-    EXPECT_EQ(window->LinksColor, 8388608);
-    EXPECT_EQ(window->CommentsColor, 8421504);
-    EXPECT_EQ(window->OtherColor, 32768);
-    EXPECT_EQ(window->AspColor, 6776628);
-    EXPECT_EQ(window->RefreshRate, 7);
-    EXPECT_EQ(window->AutoQuote, 0);
-    EXPECT_EQ(window->AutoEmptySlash, 1);
-    EXPECT_EQ(window->AutoCase, 1);
+    EXPECT_EQ(window->Options()->EditorFontSize, "8.5");
+    EXPECT_EQ(window->Options()->EditorFontName, "Courier New");
+    EXPECT_EQ(window->Options()->TablesColor, 8388736U);
+    EXPECT_EQ(window->Options()->FramesColor, 192U);
+    EXPECT_EQ(window->Options()->LinksColor, 8388608U);
+    EXPECT_EQ(window->Options()->CommentsColor, 8421504U);
+    EXPECT_EQ(window->Options()->OtherColor, 32768U);
+    EXPECT_EQ(window->Options()->AspColor, 6776628U);
+    EXPECT_EQ(window->Options()->RefreshRate, 7);
+    EXPECT_FALSE(window->Options()->AutoQuote);
+    EXPECT_TRUE(window->Options()->AutoEmptySlash);
+    EXPECT_TRUE(window->Options()->AutoCase);
     EXPECT_EQ(Items(*window->List4), (QStringList{".bmp", ".jpg", ".gif", ".png", ".wrl"}));
     EXPECT_EQ(Items(*window->lstDocTypes), (QStringList{".asa", ".asp", ".css", ".hta", ".htm", ".html", ".inc", ".js",
                                                         ".jsp", ".smil", ".txt", ".vbs", ".xml"}));
@@ -69,8 +69,8 @@ TEST_F(MainWindowTest, TakesStoredValues) {
     WriteCustomCaption(settings, 5, "Sixth");
     WriteSetting(settings, keys::wordWrap, "1");
     Open();
-    EXPECT_EQ(window->TablesColor, 255);
-    EXPECT_EQ(window->RefreshRate, 12);
+    EXPECT_EQ(window->Options()->TablesColor, 255U);
+    EXPECT_EQ(window->Options()->RefreshRate, 12);
     EXPECT_EQ(Items(*window->List4), (QStringList{".svg", "-1"}));
     EXPECT_EQ(Items(*window->lstDocTypes), QStringList{".md"});
     EXPECT_EQ(window->TabStrip2->Caption(7), "Sixth");
@@ -215,7 +215,7 @@ TEST_F(MainWindowTest, CustomizeOpensTheSettingsAndTheyReachTheWindow) {
         if (dialog->isVisible()) dialog->reject();
     });
     QTest::mouseClick(window->TabStrip2, Qt::LeftButton, {}, window->TabStrip2->tabRect(0).center());
-    EXPECT_EQ(window->EditorFontSize, "14");
+    EXPECT_EQ(window->Options()->EditorFontSize, "14");
     EXPECT_EQ(Active().Text1->SelFontSize(), "14");
     EXPECT_EQ(window->TabStrip2->Caption(2), "Mine");
     EXPECT_EQ(Active().Text1->FormatAt(3), (CharFormat{ColorNumber{255}, true})) << "the weight stays";
@@ -304,7 +304,7 @@ TEST_F(MainWindowTest, ToolbarButtonsGiveTheirTipsAndHints) {
     EXPECT_EQ(save->toolTip(), "Saves the Current Document With a Choice of a New Name");
     QTest::mouseMove(save, {3, 3});
     QTest::mouseMove(save, {6, 6});
-    EXPECT_EQ(window->StatusBar1->Panel(3), "Saves the document");
+    EXPECT_EQ(window->StatusBar1->Panel(StatusPanel::Hint), "Saves the document");
     QTest::mouseMove(window->area->viewport(), {1, 1});
     EXPECT_EQ(window->Picture1->Button(ButtonArray::Command44, 8)->toolTip(), "Color-Codes  XHTML Syntax");
     EXPECT_EQ(window->Picture1->Button(ButtonArray::Command93, 3)->toolTip(), "Font Browser");

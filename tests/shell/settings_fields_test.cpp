@@ -59,10 +59,12 @@ TEST_F(SettingsFieldsTest, AnEmptyStoreGivesTheDefaults) {
     EXPECT_EQ(fields.editPercent, "50");
 }
 
-TEST_F(SettingsFieldsTest, FontRateAndTypesComeFromTheMainWindow) {
-    bench.EditorFontSize = "11";
-    bench.EditorFontName = "Times";
-    bench.RefreshRate = 12;
+TEST_F(SettingsFieldsTest, FontRateAndTypesAreThoseInForce) {
+    EditorOptions options = bench.Options().Now();
+    options.EditorFontSize = "11";
+    options.EditorFontName = "Times";
+    options.RefreshRate = 12;
+    bench.Options().Set(options);
     bench.imageTypes = QStringList{".svg"};
     WriteSetting(bench.store, keys::fontSize, "99");
     WriteSetting(bench.store, keys::fontName, "Other");
@@ -176,7 +178,7 @@ TEST_F(SettingsFieldsTest, ValuesAreStoredAsTheKeysHaveThem) {
     EXPECT_EQ(bench.Stored(keys::verticalMain), "False");
 }
 
-TEST_F(SettingsFieldsTest, PublicValuesFollow) {
+TEST_F(SettingsFieldsTest, TheOptionsFollow) {
     SettingsFields fields = Load();
     fields.tagColors = {1, 2, 3, 4, 5, 6};
     fields.autoCase = false;
@@ -186,18 +188,18 @@ TEST_F(SettingsFieldsTest, PublicValuesFollow) {
     fields.fontName = "Arial";
     fields.refreshRate = "1.5";
     Apply(fields);
-    EXPECT_EQ(bench.TablesColor, 1);
-    EXPECT_EQ(bench.FramesColor, 2);
-    EXPECT_EQ(bench.LinksColor, 3);
-    EXPECT_EQ(bench.CommentsColor, 4);
-    EXPECT_EQ(bench.AspColor, 5);
-    EXPECT_EQ(bench.OtherColor, 6);
-    EXPECT_EQ(bench.AutoCase, 0);
-    EXPECT_EQ(bench.AutoQuote, 1);
-    EXPECT_EQ(bench.AutoEmptySlash, 0);
-    EXPECT_EQ(bench.EditorFontSize, "14");
-    EXPECT_EQ(bench.EditorFontName, "Arial");
-    EXPECT_EQ(bench.RefreshRate, 1);
+    EXPECT_EQ(bench.Options()->TablesColor, 1U);
+    EXPECT_EQ(bench.Options()->FramesColor, 2U);
+    EXPECT_EQ(bench.Options()->LinksColor, 3U);
+    EXPECT_EQ(bench.Options()->CommentsColor, 4U);
+    EXPECT_EQ(bench.Options()->AspColor, 5U);
+    EXPECT_EQ(bench.Options()->OtherColor, 6U);
+    EXPECT_FALSE(bench.Options()->AutoCase);
+    EXPECT_TRUE(bench.Options()->AutoQuote);
+    EXPECT_FALSE(bench.Options()->AutoEmptySlash);
+    EXPECT_EQ(bench.Options()->EditorFontSize, "14");
+    EXPECT_EQ(bench.Options()->EditorFontName, "Arial");
+    EXPECT_EQ(bench.Options()->RefreshRate, 1);
     EXPECT_EQ(bench.Stored(keys::refreshRate), "1.5");
     EXPECT_EQ(bench.imageTypes, fields.imageTypes);
 }
@@ -206,81 +208,48 @@ TEST_F(SettingsFieldsTest, StepsComeInOrder) {
     SettingsFields fields = Load();
     fields.colorCodingOff = true;
     fields.foreColor = 77;
-    fields.refreshRate = "9.9";
     Apply(fields);
-    ASSERT_EQ(bench.What(),
-              QStringList({"PaintActiveDocument 77", "ApplyRefreshInterval 9000", "ApplyEditorFont Courier New 8.5",
-                           "SetImageTypes .bmp .jpg", "SetDocumentTypes .htm .txt", "SetCustomCaption 0 Custom1",
-                           "SetCustomCaption 1 Custom2", "SetCustomCaption 2 Custom3", "SetCustomCaption 3 Custom4",
-                           "SetCustomCaption 4 Custom5", "SetCustomCaption 5 Custom6", "AddTags", "Smartcolor"}));
-    // What each step finds written, beyond what the step before it found.
-    const QStringList news[] = {{"Colors/OnOff"},
-                                {"Settings/RefreshRate",
-                                 "Settings/Browser1",
-                                 "Settings/Browser2",
-                                 "Settings/Browser3",
-                                 "Colors/Tables",
-                                 "Colors/Frames",
-                                 "Colors/Links",
-                                 "Colors/Comments",
-                                 "Colors/Other",
-                                 "Colors/ASP",
-                                 "Colors/ASP-Bold",
-                                 "Colors/ForeColor",
-                                 "Colors/BackColor",
-                                 "XML/AutoQuote",
-                                 "XML/AutoEmptySlash",
-                                 "XML/AutoCase",
-                                 "DTD/XHTML",
-                                 "DTD/Smil",
-                                 "DTD/Svg",
-                                 "DTD/Open",
-                                 "DTD/WML",
-                                 "DTD/X3D",
-                                 "DTD/Math"},
-                                {},
-                                {"Settings/Fontsize", "Settings/Fontname", "Settings/WordWrap", "Settings/AutoTab",
-                                 "Settings/PopupTag", "Graphics/Count"},
-                                {"DocTypes/Count"},
-                                {"Custom/00"},
-                                {"Custom/01", "Custom/10"},
-                                {"Custom/02", "Custom/11"},
-                                {"Custom/03", "Custom/12"},
-                                {"Custom/04", "Custom/13"},
-                                {"Custom/05", "Custom/14"},
-                                {"CustomTags/Count", "Custom/15"},
-                                {}};
-    QStringList before;
-    for (std::size_t i = 0; i < bench.events.size(); ++i) {
-        QStringList found = bench.events[i].written;
-        for (const QString& key : before) found.removeOne(key);
-        QStringList expected = news[i];
-        found.sort();
-        expected.sort();
-        EXPECT_EQ(found, expected) << bench.events[i].what.toStdString() << ": " << found.join(' ').toStdString();
-        before = bench.events[i].written;
+    EXPECT_EQ(bench.events,
+              QStringList({"PaintActiveDocument 77", "Options", "SetImageTypes .bmp .jpg", "SetDocumentTypes .htm .txt",
+                           "SetCustomCaption 0 Custom1", "SetCustomCaption 1 Custom2", "SetCustomCaption 2 Custom3",
+                           "SetCustomCaption 3 Custom4", "SetCustomCaption 4 Custom5", "SetCustomCaption 5 Custom6",
+                           "AddTags", "Smartcolor"}));
+}
+
+// The tree is built anew from what the author has just chosen.
+TEST_F(SettingsFieldsTest, TheTreeFindsItsSettingsWritten) {
+    class Watching : public test::SettingsBench {
+    public:
+        void AddTags() override {
+            for (const SettingKey* key : {&keys::dtdXhtml, &keys::dtdSmil, &keys::dtdSvg, &keys::dtdOpen, &keys::dtdWml,
+                                          &keys::dtdX3d, &keys::customTagsCount}) {
+                if (Stored(*key) == "(none)") missing << key->key.toString();
+            }
+        }
+        QStringList missing;
+    } watching;
+    ApplySettings(LoadSettingsFields(watching), watching, watching);
+    EXPECT_EQ(watching.missing, QStringList());
+}
+
+TEST_F(SettingsFieldsTest, EveryFieldIsWritten) {
+    SettingsFields fields = Load();
+    fields.customTags = QStringList{"<hr />"};
+    Apply(fields);
+    QStringList unwritten;
+    for (const SettingKey* key : AllSettingKeys()) {
+        if (key->application != preferencesApplication || key->key.isEmpty()) continue;
+        if (bench.Stored(*key) == "(none)") unwritten << key->section.toString() + '/' + key->key.toString();
     }
-    EXPECT_EQ(bench.Stored(keys::verticalMain), "True");
-    EXPECT_EQ(bench.Stored(keys::editPercent), "50");
-    EXPECT_EQ(bench.Stored(keys::ftpUrl), "");
+    EXPECT_EQ(unwritten,
+              QStringList({"Settings/LowerCase", "Direct/Drive", "Direct/Director", "Direct/FilePath",
+                           "Startup/ShowStart", "Options/Code", "Options/Height", "Options/Width", "Options/InclCode",
+                           "Options/TagCase", "Options/Lines", "Options/Obj", "Options/TagClassID"}));
 }
 
 TEST_F(SettingsFieldsTest, OnlyDisabledColoringPaintsTheDocument) {
     Apply(Load());
-    EXPECT_EQ(bench.What().filter("PaintActiveDocument"), QStringList());
-}
-
-TEST_F(SettingsFieldsTest, TheRefreshTimerIsSetOnlyForAPreviewThatIsOpen) {
-    bench.openDocCount = "0";
-    Apply(Load());
-    EXPECT_EQ(bench.What().filter("ApplyRefreshInterval"), QStringList());
-    bench.openDocCount = "1";
-    bench.UsePreview = false;
-    Apply(Load());
-    EXPECT_EQ(bench.What().filter("ApplyRefreshInterval"), QStringList());
-    bench.UsePreview = true;
-    Apply(Load());
-    EXPECT_EQ(bench.What().filter("ApplyRefreshInterval"), QStringList({"ApplyRefreshInterval 7000"}));
+    EXPECT_EQ(bench.events.filter("PaintActiveDocument"), QStringList());
 }
 
 TEST_F(SettingsFieldsTest, AllOfItIsOneWriteOfTheFile) {
@@ -333,6 +302,7 @@ TEST_F(SettingsFieldsTest, OddStoredValuesFallBack) {
     WriteSetting(bench.store, keys::dtdXhtml, "7");
     WriteSetting(bench.store, keys::customTagsCount, "1000000000");
     WriteSetting(bench.store, keys::verticalMain, "true");
+    bench.ReadOptions();
     const SettingsFields fields = Load();
     EXPECT_EQ(fields.tagColors[tablesTag], 8388736U);
     EXPECT_EQ(fields.backColor, 16777215U);
@@ -346,6 +316,7 @@ TEST_F(SettingsFieldsTest, ChecksAreReadAsTruth) {
     WriteSetting(bench.store, keys::autoTab, "False");
     WriteSetting(bench.store, keys::lowerCase, "True");
     WriteSetting(bench.store, keys::wordWrap, "2");
+    bench.ReadOptions();
     const SettingsFields fields = Load();
     EXPECT_TRUE(fields.colorCodingOff);
     EXPECT_FALSE(fields.autoTab);
@@ -355,13 +326,16 @@ TEST_F(SettingsFieldsTest, ChecksAreReadAsTruth) {
 
 TEST_F(SettingsFieldsTest, PurgeTakesThePreferencesAndNothingElse) {
     for (const SettingKey* key : AllSettingKeys()) WriteSetting(bench.store, *key, "kept");
-    bench.EditorFontName = "Times";
+    EditorOptions options = bench.Options().Now();
+    options.EditorFontName = "Times";
+    bench.Options().Set(options);
+    bench.events.clear();
     PurgeSettings(bench, bench);
     for (const SettingKey* key : AllSettingKeys()) {
         const bool kept = key->application != preferencesApplication;
         EXPECT_EQ(bench.Stored(*key), kept ? "kept" : "(none)") << key->key.toString().toStdString();
     }
-    EXPECT_EQ(bench.What(), QStringList({"ApplyEditorFont Times 8.5"}));
+    EXPECT_EQ(bench.events, QStringList({"ApplyEditorFont Times 8.5"}));
 }
 
 TEST_F(SettingsFieldsTest, PurgePutsTheCaretAtTheStart) {
@@ -381,7 +355,7 @@ TEST_F(SettingsFieldsTest, PurgePutsTheCaretAtTheStart) {
 
 TEST_F(SettingsFieldsTest, PurgeOfNothingIsNoError) {
     PurgeSettings(bench, bench);
-    EXPECT_EQ(bench.What(), QStringList({"ApplyEditorFont Courier New 8.5"}));
+    EXPECT_EQ(bench.events, QStringList({"ApplyEditorFont Courier New 8.5"}));
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ protected:
         return places;
     }
 
-    [[nodiscard]] QString Hint() const { return window->StatusBar1->Panel(3); }
+    [[nodiscard]] QString Hint() const { return window->StatusBar1->Panel(StatusPanel::Hint); }
 };
 
 TEST_F(WindowCommandsTest, TilesHorizontallyOneBelowTheOther) {

@@ -4,6 +4,7 @@
 #include "editor/document.h"
 #include "editor/reference_tree.h"
 #include "editor/workbench.h"
+#include "settings/settings_keys.h"
 #include "tests/support/scripted_prompts.h"
 
 #include <QFileInfo>
@@ -14,13 +15,16 @@ namespace vellum::test {
 
 class TestWorkbench : public Workbench {
 public:
+    TestWorkbench() { Options().Set(ReadEditorOptions(settings_)); }
+
     [[nodiscard]] Document* ActiveDocument() const override { return active; }
     [[nodiscard]] SettingsStore& Settings() override { return settings_; }
     [[nodiscard]] Prompts& Ask() override { return prompts; }
     [[nodiscard]] QWidget* Window() override { return nullptr; }
     [[nodiscard]] QString OpenDocCount() const override { return count; }
     void SetOpenDocCount(const QString& text) override { count = text; }
-    void SetPanel(int panel, const QString& text) override { panels[panel] = text; }
+    [[nodiscard]] bool UsePreview() const override { return usePreview; }
+    void ShowStatus(StatusPanel panel, const QString& text) override { panels[panel] = text; }
     [[nodiscard]] QStringList FontNames() const override { return fontNames; }
     [[nodiscard]] QString WebsiteDirectory() const override { return website; }
     void RefreshWebsite() override { ++websiteRefreshed; }
@@ -39,14 +43,21 @@ public:
     Document* active = nullptr;
     ScriptedPrompts prompts;
     ReferenceTree references;
-    QMap<int, QString> panels;  // what each panel of the status bar shows
+    QMap<StatusPanel, QString> panels;  // what each panel of the status bar shows
     QString count = QStringLiteral("1");
+    bool usePreview = true;
     QString website;
     QStringList fontNames;
     QStringList imageTypes{".bmp", ".jpg", ".gif", ".png", ".wrl"};
     QStringList documentTypes{".htm", ".txt"};
     QStringList opened;  // paths that were to be opened
     int websiteRefreshed = 0;
+
+    // Stores a setting as the settings dialog does: the options follow.
+    void Store(const SettingKey& key, const QString& value) {
+        WriteSetting(Settings(), key, value);
+        Options().Set(ReadEditorOptions(Settings()));
+    }
 
 private:
     QTemporaryDir folder_;
