@@ -66,6 +66,7 @@ public:
 signals:
     void CaptionChanged(const QString& caption);
     void SaverChanged(bool saver);
+    void MenuWanted(QPoint place);  // the menu of the right button, at a point of the screen
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -106,6 +106,10 @@ void DeleteText(Workbench& bench) {
     document->Text1->SetSelText({});
 }
 
+void RemoveSelection(Workbench& bench) {
+    if (const Document* const document = bench.ActiveDocument()) document->Text1->SetSelText({});
+}
+
 void SelectAllText(Workbench& bench) {
     const Document* const document = bench.ActiveDocument();
     if (!document) return;

@@ -1,4 +1,4 @@
-// What the Edit menu and the surface's own menu do to the active document. Without one they do nothing.
+// What the Edit menu and the menu on the text do to the active document. Without one they do nothing.
 #pragma once
 
 namespace vellum {
@@ -15,6 +15,8 @@ void CopyText(Workbench& bench);
 void PasteText(Workbench& bench);
 // Takes no snapshot: it is undone together with what was done before.
 void DeleteText(Workbench& bench);
+// The same without marking the document as changed before.
+void RemoveSelection(Workbench& bench);
 void SelectAllText(Workbench& bench);
 
 // Tag and attribute names of the whole document. Lower case leaves server-side blocks alone and marks the document as

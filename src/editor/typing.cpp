@@ -6,7 +6,6 @@
 #include "editor/list_tag.h"
 #include "editor/popup_list.h"
 #include "editor/reference_tree.h"
-#include "editor/surface_menu.h"
 #include "editor/tag_completion.h"
 #include "editor/text_commands.h"
 #include "editor/workbench.h"
@@ -366,7 +365,7 @@ void TypingAssist::MouseUp(Qt::MouseButton button) {
 }
 
 void TypingAssist::ContextMenu(QPoint place) {
-    ShowSurfaceMenu(bench_, place);
+    emit document_.MenuWanted(place);
 }
 
 void TypingAssist::Paste(const QString& text) {

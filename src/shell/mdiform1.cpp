@@ -1,19 +1,18 @@
 #include "shell/mdiform1.h"
 
-#include "editor/text_commands.h"
 #include "preview/preview_pipeline.h"
 #include "reference/add_tags.h"
 #include "settings/settings_keys.h"
 #include "shell/color_bar.h"
 #include "shell/form16.h"
 #include "shell/form26.h"
-#include "shell/mdi_arrange.h"
 #include "shell/menus.h"
+#include "shell/popup_menus.h"
 #include "shell/status_bar.h"
 #include "shell/toolbar.h"
+#include "shell/window_commands.h"
 #include "surface/edit_surface.h"
 #include "system/programs.h"
-#include "tools/pages/new_wizards.h"
 #include "values/number_rules.h"
 #include "website/website_panel.h"
 #include "widgets/tab_strip.h"
@@ -33,7 +32,7 @@ namespace vellum {
 
 MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& recovery, QStringList fontNames,
                    bool usePreview)
-    : Picture1(new MainToolbar(this)),
+    : Picture1(new MainToolbar(*this)),
       Picture14(new ColorBar(this)),
       clrbutton(Picture14->clrbutton),
       Picture15(new QWidget(this)),
@@ -93,6 +92,10 @@ void MDIform1::AddRecentFile(const QString& path) {
     files_.AddRecentFile(path);
 }
 
+void MDIform1::startup() {
+    if (ReadSetting(settings_, keys::showStart) == QLatin1String("yes")) ShowTips(*this);
+}
+
 void MDIform1::ColorBarSetup() {
     Picture14->update();
 }
@@ -144,6 +147,7 @@ Document* MDIform1::CreateDocument() {
     recovery_.Watch(*document);
     connect(document->Text1, &EditSurface::Changed, this, [this, document] { ShowDocumentFacts(*document); });
     connect(document->Text1, &EditSurface::SelChanged, this, [this, document] { ShowDocumentFacts(*document); });
+    connect(document, &Document::MenuWanted, this, [this](QPoint place) { ShowTextMenu(*this, place); });
     connect(document, &Document::SaverChanged, this, [this, document] { ShowDocumentFacts(*document); });
     if (area->subWindowList().size() == 1) {
         document->showMaximized();
@@ -193,26 +197,16 @@ void MDIform1::ShowRecentFiles() {
     }
 }
 
-void MDIform1::ApplyNoDocumentRule() {
-    static constexpr const char* items[] = {
-        "mnuEdit",         "mnuHTMLbasic",    "mnuTools",    "mnuClose",         "mnuCloseAll",
-        "mnuImport2",      "mnuImport3",      "mnuSaveItem", "mnuSaveregItem",   "mnuPrintItem",
-        "mnuSettingsItem", "mnuTutorialItem", "mnuW3CItem",  "mnuBugReportItem", "mnuWebsiteLinkItem"};
-    const bool open = OpenDocCount() != QLatin1String("0");
+void MDIform1::TellDocumentCount() {
     ShowStatus(StatusPanel::OpenDocuments, tr("%1 open").arg(OpenDocCount()));
-    for (const char* name : items) {
-        if (QAction* item = Item(name)) item->setEnabled(open);
-    }
-    for (const int index : {2, 3, 4, 5, 6, 8, 9, 10}) Picture1->Button(ButtonArray::Command44, index)->setEnabled(open);
-    const std::array<QWidget*, 4> panels{Picture14, Picture15, TabStrip1, TabStrip2};
-    for (QWidget* panel : panels) panel->setEnabled(open);
+    emit DocumentsOpen(OpenDocCount() != QLatin1String("0"));
 }
 
 QAction* MDIform1::Item(const QString& name) const {
     return findChild<QAction*>(name);
 }
 
-QWidget* MDIform1::ViewPanel(int index) const {
+QWidget* MDIform1::Region(int index) const {
     switch (index) {
         case 0:
             return Picture1;
@@ -225,140 +219,10 @@ QWidget* MDIform1::ViewPanel(int index) const {
     }
 }
 
-void MDIform1::RunToolbar(ButtonArray array, int index) {
-    if (array != ButtonArray::Command44) return;
-    switch (index) {
-        case 0:
-            return mnuNewItem(0);
-        case 1:
-            return mnuOpenItem(0);
-        case 2:
-            return mnuSaveregItem(0);
-        case 3:
-            return mnuSaveItem(0);
-        case 4:
-            return mnuPrintItem(0);
-        case 5:
-            return OpenInExternalBrowser(*this, 0);
-        case 6:
-            return mnuClose(0);
-        case 8:
-            return Smartcolor();
-        case 9:
-            return OpenInExternalBrowser(*this, 1);
-        case 10:
-            return OpenInExternalBrowser(*this, 2);
-        default:
-            return;
-    }
-}
-
-void MDIform1::RunCustomBar(int tab) {
-    if (tab == 1) {
-        OpenSettings();
-    } else if (QString text = ReadCustomText(settings_, tab - 2); !text.isEmpty()) {
-        PortableColor(text);
-    }
-    TabStrip2->update();
-}
-
-void MDIform1::OpenSettings() {
-    frmSettings dialog(*this, *this, this);
-    dialog.exec();
-}
-
-void MDIform1::mnuNewItem(int /*index*/) {
-    ShowNewWizards(*this);
-}
-
-void MDIform1::mnuOpenItem(int /*index*/) {
-    files_.Open();
-}
-void MDIform1::mnuRecents(int index) {
-    files_.OpenRecent(index);
-}
-void MDIform1::mnuSaveItem(int /*index*/) {
-    files_.SaveAs();
-}
-void MDIform1::mnuSaveregItem(int /*index*/) {
-    files_.Save();
-}
-void MDIform1::mnuPrintItem(int /*index*/) {
-    files_.Print();
-}
-void MDIform1::mnuExitItem(int /*index*/) {
-    close();
-}
-void MDIform1::mnuSettingsItem(int /*index*/) {
-    OpenSettings();
-}
-
 bool MDIform1::UnloadActiveDocument() {
     QMdiSubWindow* child = area->currentSubWindow();
     if (!child && !area->subWindowList().isEmpty()) child = area->subWindowList().last();
     return child && child->close();
-}
-
-void MDIform1::mnuClose(int /*index*/) {
-    if (OpenDocCount() != QLatin1String("0")) UnloadActiveDocument();
-}
-
-void MDIform1::mnuCloseAll(int /*index*/) {
-    StopClosing = false;
-    while (OpenDocCount() != QLatin1String("0") && !StopClosing) {
-        if (!UnloadActiveDocument()) return;
-    }
-}
-
-void MDIform1::mnuUndoItem(int /*index*/) {
-    UndoText(*this);
-}
-void MDIform1::mnuRedoItem(int /*index*/) {
-    RedoText(*this);
-}
-void MDIform1::mnuCutItem(int /*index*/) {
-    CutText(*this);
-}
-void MDIform1::mnuCopyItem(int /*index*/) {
-    CopyText(*this);
-}
-void MDIform1::mnuItemPaste(int /*index*/) {
-    PasteText(*this);
-}
-void MDIform1::mnuDeleteItem(int /*index*/) {
-    DeleteText(*this);
-}
-void MDIform1::mnuSelectItem(int /*index*/) {
-    SelectAllText(*this);
-}
-void MDIform1::mnuCaseUpperItem(int /*index*/) {
-    UpperCaseMarkup(*this);
-}
-void MDIform1::mnuCaseLowerItem(int /*index*/) {
-    LowerCaseMarkup(*this);
-}
-void MDIform1::mnuLineItem(int /*index*/) {
-    GoToLine(*this);
-}
-
-void MDIform1::mnuWrapItem(int /*index*/) {
-    Document* document = ActiveDocument();
-    if (!document) return;
-    document->WordWrapOn = Item("mnuWrapItem")->isChecked();
-    document->ResizeMe();
-}
-
-void MDIform1::mnuViewItem(int index) {
-    ViewPanel(index)->setVisible(Item(QStringLiteral("mnuViewItem(%1)").arg(index))->isChecked());
-    ApplyLayout();
-}
-
-void MDIform1::mnuVisualItem(int /*index*/) {
-    if (auto* document = qobject_cast<Form16*>(ActiveDocument())) document->EditVisually();
-}
-
-void MDIform1::mnuWindowItem(int index) {
-    Arrange(*area, static_cast<Arrangement>(index));
 }
 
 void MDIform1::closeEvent(QCloseEvent* event) {

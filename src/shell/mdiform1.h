@@ -29,7 +29,6 @@ class StatusBar;
 class TabStrip;
 class WebsiteCommands;
 class WebsitePanel;
-enum class ButtonArray;
 
 class MDIform1 : public QMainWindow, public Workbench, public SettingsTarget {
     Q_OBJECT
@@ -90,42 +89,21 @@ public:
     void PaintActiveDocument(ColorNumber color) override;
     void AddTags() override;
 
-    // Menu commands; `index` is that of a member of an item array, else 0.
-    void mnuNewItem(int index);
-    void mnuOpenItem(int index);
-    void mnuRecents(int index);
-    void mnuClose(int index);
-    void mnuCloseAll(int index);
-    void mnuSaveItem(int index);
-    void mnuSaveregItem(int index);
-    void mnuPrintItem(int index);
-    void mnuExitItem(int index);
-    void mnuUndoItem(int index);
-    void mnuRedoItem(int index);
-    void mnuCutItem(int index);
-    void mnuCopyItem(int index);
-    void mnuItemPaste(int index);
-    void mnuDeleteItem(int index);
-    void mnuSelectItem(int index);
-    void mnuCaseUpperItem(int index);
-    void mnuCaseLowerItem(int index);
-    void mnuLineItem(int index);
-    void mnuWrapItem(int index);
-    void mnuViewItem(int index);
-    void mnuSettingsItem(int index);
-    void mnuVisualItem(int index);
-    void mnuWindowItem(int index);
-    void mnuFindFileItem(int index);
-    void mnuMSAppsItem(int index);
-    void mnuManualItem(int index);
-    void mnuDidYouKnow(int index);
-    void mnuAboutItem(int index);
+    // What the commands work on.
+    [[nodiscard]] FileCommands& Files() { return files_; }
+    [[nodiscard]] WebsiteCommands& Website() { return *website_; }
+    [[nodiscard]] QAction* Item(const QString& name) const;  // of a menu; null when there is no such item
+    [[nodiscard]] QWidget* Region(int index) const;          // that mnuViewItem(index) shows and hides
+    void ApplyLayout();
+    void StepPane(int step);  // gives the keyboard to the next pane, or with -1 to the one before
+    bool UnloadActiveDocument();
 
     virtual void startup();  // the tips, when the author wants them
     void ColorBarSetup();    // paints the colour bar
 
 signals:
-    void Unloaded();  // the window has gone; the process may end
+    void DocumentsOpen(bool open);  // the commands that need a document are on, or off
+    void Unloaded();                // the window has gone; the process may end
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -149,23 +127,12 @@ private:
     void WriteState();
     void MakeFirstDocument(const QString& commandLine);
     void ShowRecentFiles();
-    void RunToolbar(ButtonArray array, int index);
-    void RunCustomBar(int tab);
-    void InsertColor(ColorNumber color);
-    void InsertOtherColor();
-    void StepDocument(int step);
-    void OpenSettings();
-    void ApplyNoDocumentRule();
-    void ApplyLayout();
+    void TellDocumentCount();
     void PlaceLists();
-    void StepPane(int step);
     void DragPanel(int pointerY, DragPhase phase);
     void SetPanelHeight(int twips);
     void ShowActiveDocument();
     void ShowDocumentFacts(const Document& document);
-    bool UnloadActiveDocument();
-    [[nodiscard]] QAction* Item(const QString& name) const;  // null when there is no such item
-    [[nodiscard]] QWidget* ViewPanel(int index) const;
 
     SettingsStore& settings_;
     Prompts& prompts_;

@@ -1,8 +1,10 @@
 // The regions of the main window: how they are built, wired, laid out and dragged.
 #include "editor/document.h"
 #include "shell/color_bar.h"
+#include "shell/commands.h"
 #include "shell/mdiform1.h"
 #include "shell/menus.h"
+#include "shell/popup_menus.h"
 #include "shell/status_bar.h"
 #include "shell/tag_bar.h"
 #include "shell/toolbar.h"
@@ -137,32 +139,38 @@ void MDIform1::WireRegions() {
         region->setMouseTracking(true);
     }
     area->viewport()->installEventFilter(this);
-    connect(Picture1, &MainToolbar::Pressed, this, &MDIform1::RunToolbar);
     connect(Picture1, &MainToolbar::Hint, this, [this](const QString& text) { SetHint(text); });
-    connect(TabStrip2, &TabStrip::TabClicked, this, &MDIform1::RunCustomBar);
-    connect(Picture14, &ColorBar::ColorTaken, this, &MDIform1::InsertColor);
-    connect(clrbutton, &TabStrip::TabClicked, this, &MDIform1::InsertOtherColor);
-    connect(Text5, &QLineEdit::textChanged, this, &MDIform1::ApplyNoDocumentRule);
+    connect(TabStrip2, &TabStrip::TabClicked, this, [this](int tab) { RunCustomBar(*this, tab); });
+    connect(Picture14, &ColorBar::ColorTaken, this, [this](ColorNumber color) { InsertColor(*this, color); });
+    connect(clrbutton, &TabStrip::TabClicked, this, [this] { InsertOtherColor(*this); });
+    connect(Text5, &QLineEdit::textChanged, this, &MDIform1::TellDocumentCount);
     connect(&Options(), &SharedOptions::Changed, this, &MDIform1::FollowOptions);
     connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
     Picture11->TreeView1->Show(references_, *this);
     connect(Picture11, &WebsitePanel::Hint, this, [this](const QString& text) { SetHint(text); });
     website_ = new WebsiteCommands(*this, *Picture11, MakeFileTools(*this));
+    BuildWebsiteMenus(*this);
+    for (QWidget* bar : std::initializer_list<QWidget*>{Picture14, Picture15, TabStrip1, TabStrip2}) {
+        connect(this, &MDIform1::DocumentsOpen, bar, &QWidget::setEnabled);
+    }
     connect(Picture11->Picture2, &DragBar::Dragged, this, [this](int y) { DragPanel(y, DragPhase::Moving); });
     connect(Picture11->Picture2, &DragBar::Released, this, [this](int y) { DragPanel(y, DragPhase::Released); });
 }
 
 // Keys of no menu item. The window takes them before the text could.
 void MDIform1::BuildShortcuts() {
-    const auto add = [this](QKeyCombination key, void (MDIform1::*go)(int step), int step) {
-        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, go, step] { (this->*go)(step); });
+    static constexpr std::pair<QKeyCombination, Command> keys[] = {
+        {Qt::Key_F6, commands::stepPane<1>},
+        {Qt::SHIFT | Qt::Key_F6, commands::stepPane<-1>},
+        {Qt::CTRL | Qt::Key_Tab, commands::stepDocument<1>},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, commands::stepDocument<-1>},
+        {Qt::CTRL | Qt::Key_F6, commands::stepDocument<1>},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_F6, commands::stepDocument<-1>},
     };
-    add(Qt::Key_F6, &MDIform1::StepPane, 1);
-    add(Qt::SHIFT | Qt::Key_F6, &MDIform1::StepPane, -1);
-    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_F6}) {
-        add(Qt::CTRL | key, &MDIform1::StepDocument, 1);
-        add(Qt::CTRL | Qt::SHIFT | key, &MDIform1::StepDocument, -1);
+    for (const auto& [key, command] : keys) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, command = command] { Execute(command, *this); });
     }
 }
 

@@ -73,7 +73,7 @@ void MDIform1::Load(const QString& commandLine, const std::function<void()>& spl
     RestoreView();
     RestoreRecentFiles();
     RestoreWebsite();
-    ApplyNoDocumentRule();
+    TellDocumentCount();
     AddTags();
     splashDone();
     laidOut_ = true;
@@ -124,7 +124,7 @@ void MDIform1::RestoreView() {
                                                      &keys::picture11};
     for (int i = 0; i < 4; ++i) {
         if (ReadSetting(settings_, *viewKeys[i]) != QLatin1String("False")) continue;
-        ViewPanel(i)->hide();
+        Region(i)->hide();
         Item(QStringLiteral("mnuViewItem(%1)").arg(i))->setChecked(false);
     }
     SetPanelHeight(LengthSetting(settings_, keys::pic11Height));

@@ -1,160 +1,157 @@
 #include "shell/menus.h"
 
-#include "shell/mdiform1.h"
-#include "shell/tool_openers.h"
-
 #include <QMenu>
 #include <QMenuBar>
 
 namespace vellum {
 namespace {
 
-using M = MDIform1;
+using namespace commands;
 using enum ItemTrait;
 
 constexpr MenuEntry table[] = {
     {0, "mnuFile", "&File"},
-    {1, "mnuNewItem", "&New...", Run(&M::mnuNewItem), "Ctrl+N"},
-    {1, "mnuOpenItem", "&Open...", Run(&M::mnuOpenItem), "Ctrl+O"},
-    {1, "mnuInternetItem", "Open From Internet...", Later()},
+    {1, "mnuNewItem", "&New...", newPage, "Ctrl+N"},
+    {1, "mnuOpenItem", "&Open...", openPages, "Ctrl+O"},
+    {1, "mnuInternetItem", "Open From Internet...", later},
     {1, "mnuRecentFile", "Open &Recent File"},
-    {2, "mnuRecents(0)", "", Run(&M::mnuRecents, 0)},
-    {2, "mnuRecents(1)", "", Run(&M::mnuRecents, 1)},
-    {2, "mnuRecents(2)", "", Run(&M::mnuRecents, 2)},
-    {2, "mnuRecents(3)", "", Run(&M::mnuRecents, 3)},
-    {1, "mnuClose", "&Close", Run(&M::mnuClose), "Ctrl+W"},
-    {1, "mnuCloseAll", "Close All", Run(&M::mnuCloseAll), "Ctrl+Shift+W"},
+    {2, "mnuRecents(0)", "", openRecent<0>},
+    {2, "mnuRecents(1)", "", openRecent<1>},
+    {2, "mnuRecents(2)", "", openRecent<2>},
+    {2, "mnuRecents(3)", "", openRecent<3>},
+    {1, "mnuClose", "&Close", closePage, "Ctrl+W"},
+    {1, "mnuCloseAll", "Close All", closeAllPages, "Ctrl+Shift+W"},
     {1, "", "-"},
     {1, "mnuImportItem", "&Import"},
-    {2, "mnuImport1", "Import Text to New File...", Later()},
-    {2, "mnuImport2", "Import Text To Current Document...", Later()},
-    {2, "mnuImport3", "Import Table Into Current Document...", Later()},
+    {2, "mnuImport1", "Import Text to New File...", later},
+    {2, "mnuImport2", "Import Text To Current Document...", laterForDocuments},
+    {2, "mnuImport3", "Import Table Into Current Document...", laterForDocuments},
     {1, "", "-"},
-    {1, "mnuSaveItem", "Save &As...", Run(&M::mnuSaveItem), "Ctrl+Shift+S"},
-    {1, "mnuSaveregItem", "&Save", Run(&M::mnuSaveregItem), "Ctrl+S"},
+    {1, "mnuSaveItem", "Save &As...", savePageAs, "Ctrl+Shift+S"},
+    {1, "mnuSaveregItem", "&Save", savePage, "Ctrl+S"},
     {1, "", "-"},
-    {1, "mnuPrintItem", "&Print", Run(&M::mnuPrintItem), "Ctrl+P"},
+    {1, "mnuPrintItem", "&Print", printPage, "Ctrl+P"},
     {1, "", "-"},
-    {1, "mnuFindFileItem", "Find File...", Run(&M::mnuFindFileItem)},
-    {1, "mnuFTPItem", "FTP File Transfer...", Later()},
-    {1, "mnuPIMItem", "Orrinade PIM...", Later()},
+    {1, "mnuFindFileItem", "Find File...", findFiles},
+    {1, "mnuFTPItem", "FTP File Transfer...", later},
+    {1, "mnuPIMItem", "Orrinade PIM...", later},
     {1, "", "-"},
-    {1, "mnuExitItem", "E&xit", Run(&M::mnuExitItem), "Ctrl+Q"},
+    {1, "mnuExitItem", "E&xit", quit, "Ctrl+Q"},
 
-    {0, "mnuEdit", "&Edit"},
-    {1, "mnuUndoItem", "&Undo", Run(&M::mnuUndoItem), "Ctrl+Z", EditorsKey},
-    {1, "mnuRedoItem", "Redo", Run(&M::mnuRedoItem), "Ctrl+R", EditorsKey},
+    {0, "mnuEdit", "&Edit", laterForDocuments},
+    {1, "mnuUndoItem", "&Undo", undo, "Ctrl+Z", EditorsKey},
+    {1, "mnuRedoItem", "Redo", redo, "Ctrl+R", EditorsKey},
     {1, "", "-"},
-    {1, "mnuCutItem", "&Cut", Run(&M::mnuCutItem), "Ctrl+X", EditorsKey},
-    {1, "mnuCopyItem", "Cop&y", Run(&M::mnuCopyItem), "Ctrl+C", EditorsKey},
-    {1, "mnuItemPaste", "&Paste", Run(&M::mnuItemPaste), "Ctrl+V", EditorsKey},
-    {1, "mnuDeleteItem", "&Delete", Run(&M::mnuDeleteItem)},
-    {1, "mnuSelectItem", "Select All", Run(&M::mnuSelectItem), "Ctrl+A"},
+    {1, "mnuCutItem", "&Cut", cut, "Ctrl+X", EditorsKey},
+    {1, "mnuCopyItem", "Cop&y", copy, "Ctrl+C", EditorsKey},
+    {1, "mnuItemPaste", "&Paste", paste, "Ctrl+V", EditorsKey},
+    {1, "mnuDeleteItem", "&Delete", deleteText},
+    {1, "mnuSelectItem", "Select All", selectAll, "Ctrl+A"},
     {1, "", "-"},
-    {1, "mnuFindItem", "&Find...", Later(), "Ctrl+F"},
-    {1, "mnuReplaceItem", "&Replace...", Later(), "Ctrl+H"},
-    {1, "mnuFileReplaceItem", "&Multi-File Replace...", Later()},
+    {1, "mnuFindItem", "&Find...", later, "Ctrl+F"},
+    {1, "mnuReplaceItem", "&Replace...", later, "Ctrl+H"},
+    {1, "mnuFileReplaceItem", "&Multi-File Replace...", later},
     {1, "", "-"},
-    {1, "mnuCaseUpperItem", "UpperCase All Tags", Run(&M::mnuCaseUpperItem)},
-    {1, "mnuCaseLowerItem", "LowerCase All Tags", Run(&M::mnuCaseLowerItem)},
-    {1, "mnuWrapItem", "Word Wrap", Run(&M::mnuWrapItem), "", Unchecked},
-    {1, "mnuLineItem", "Goto Line...", Run(&M::mnuLineItem), "Ctrl+G"},
+    {1, "mnuCaseUpperItem", "UpperCase All Tags", upperCase},
+    {1, "mnuCaseLowerItem", "LowerCase All Tags", lowerCase},
+    {1, "mnuWrapItem", "Word Wrap", wrapLines, "", Unchecked},
+    {1, "mnuLineItem", "Goto Line...", goToLine, "Ctrl+G"},
 
-    {0, "mnuHTMLbasic", "&XHTML"},
-    {1, "mnuPItem", "&Paragraph <p></p>", Tags("<p>", "</p>")},
-    {1, "mnuBRItem", "&Line Break <br />", Tags("<br />")},
+    {0, "mnuHTMLbasic", "&XHTML", laterForDocuments},
+    {1, "mnuPItem", "&Paragraph <p></p>", paragraph},
+    {1, "mnuBRItem", "&Line Break <br />", lineBreak},
     {1, "mnuHRItem", "Horizontal &Rule <hr />", Tags("<hr />")},
     {1, "", "-"},
-    {1, "mnuCenterItem", "&Center <center></center>", Tags("<center>", "</center>")},
-    {1, "mnuBitem", "&Bold Text <b></b>", Tags("<b>", "</b>"), "Ctrl+B"},
-    {1, "mnuIItem", "&Italized <i></i>", Tags("<i>", "</i>"), "Ctrl+I"},
-    {1, "mnuUItem", "&Underline <u></u>", Tags("<u>", "</u>"), "Ctrl+U"},
+    {1, "mnuCenterItem", "&Center <center></center>", center},
+    {1, "mnuBitem", "&Bold Text <b></b>", bold, "Ctrl+B"},
+    {1, "mnuIItem", "&Italized <i></i>", italic, "Ctrl+I"},
+    {1, "mnuUItem", "&Underline <u></u>", underline, "Ctrl+U"},
     {1, "", "-"},
     {1, "mnuHeadingsItem", "&Headings"},
-    {2, "mnuHItem(0)", "Heading &1 <h1></h1>", Tags("<h1>", "</h1>")},
-    {2, "mnuHItem(1)", "Heading &2 <h2></h2>", Tags("<h2>", "</h2>")},
-    {2, "mnuHItem(2)", "Heading &3 <h3></h3>", Tags("<h3>", "</h3>")},
+    {2, "mnuHItem(0)", "Heading &1 <h1></h1>", heading1},
+    {2, "mnuHItem(1)", "Heading &2 <h2></h2>", heading2},
+    {2, "mnuHItem(2)", "Heading &3 <h3></h3>", heading3},
     {2, "mnuHItem(3)", "Heading &4 <h4></h4>", Tags("<h4>", "</h4>")},
     {2, "mnuHItem(4)", "Heading &5 <h5></h5>", Tags("<h5>", "</h5>")},
     {2, "mnuHItem(5)", "Heading &6 <h6></h6>", Tags("<h6>", "</h6>")},
     {1, "mnuListItem", "Lists"},
-    {2, "mnuListDirItem", "&Directory List <dir></dir>", Tags("<dir>", "</dir>")},
-    {2, "mnuListItemizedItem", "&Itemized List <menu></menu>", Tags("<menu>", "</menu>")},
-    {2, "mnuOrderedItem", "&Ordered List <ol></ol>", Tags("<ol>", "</ol>")},
-    {2, "mnuUnorderedItem", "&Unordered List <ul></ul>", Tags("<ul>", "</ul>")},
-    {2, "mnuListItemItem", "&List Item <li></li>", Tags("<li>", "</li>")},
+    {2, "mnuListDirItem", "&Directory List <dir></dir>", directoryList},
+    {2, "mnuListItemizedItem", "&Itemized List <menu></menu>", menuList},
+    {2, "mnuOrderedItem", "&Ordered List <ol></ol>", orderedList},
+    {2, "mnuUnorderedItem", "&Unordered List <ul></ul>", unorderedList},
+    {2, "mnuListItemItem", "&List Item <li></li>", listItem},
     {2, "", "-"},
-    {2, "mnuListDefItem", "Definition List <dl></dl>", Tags("<dl>", "</dl>")},
+    {2, "mnuListDefItem", "Definition List <dl></dl>", definitionList},
     {2, "mnuListDefTermItem", "Defintion List Term <dt></dt>", Tags("<dt>", "</dt>")},
     {2, "mnuListDefDeftem", "Definition List Definition <dd></dd>", Tags("<dd>", "</dd>")},
 
-    {0, "mnuTools", "&Tools"},
+    {0, "mnuTools", "&Tools", laterForDocuments},
     {1, "mnuAM", "A - J"},
-    {2, "mnuAnchorItem", "&Anchor...", anchorTool},
-    {2, "mnuASPItem", "A&SP...", aspTool},
-    {2, "mnuBackgroundSoundItem", "&Background Sound...", soundTool},
-    {2, "mnuFloatingFrameItem", "Floating Frame...", floatingFrameTool},
-    {2, "mnuFrameBuilderItem", "&Frame Builder...", frameBuilderTool},
-    {2, "mnuFontWizardItem", "Font &Wizard...", fontTool},
-    {2, "mnuFormWizardItem", "Form Wizard...", formWizardTool},
-    {2, "mnuFormInputItem", "Form Input...", formInputTool},
-    {2, "mnuHorizontalRuleItem", "&Horizontal Rule...", horizontalRuleTool},
-    {2, "mnuImageItem", "&Image, Animation...", imageTool},
-    {2, "mnuImageMapItem", "Image Map Builder...", imageMapTool},
-    {2, "mnuInlineStyleItem", "Inline Style Sheet...", inlineStyleTool},
-    {2, "mnuInTagScriptItem", "In-tag Script...", inTagScriptTool},
-    {2, "mnuInTagStyleItem", "In-tag Style...", inTagStyleTool},
-    {2, "mnuAppletItem", "&Java Applet...", appletTool},
+    {2, "mnuAnchorItem", "&Anchor...", anchor},
+    {2, "mnuASPItem", "A&SP...", asp},
+    {2, "mnuBackgroundSoundItem", "&Background Sound...", sound},
+    {2, "mnuFloatingFrameItem", "Floating Frame...", floatingFrame},
+    {2, "mnuFrameBuilderItem", "&Frame Builder...", frameBuilder},
+    {2, "mnuFontWizardItem", "Font &Wizard...", font},
+    {2, "mnuFormWizardItem", "Form Wizard...", formWizard},
+    {2, "mnuFormInputItem", "Form Input...", formInput},
+    {2, "mnuHorizontalRuleItem", "&Horizontal Rule...", horizontalRule},
+    {2, "mnuImageItem", "&Image, Animation...", image},
+    {2, "mnuImageMapItem", "Image Map Builder...", imageMap},
+    {2, "mnuInlineStyleItem", "Inline Style Sheet...", inlineStyle},
+    {2, "mnuInTagScriptItem", "In-tag Script...", inTagScript},
+    {2, "mnuInTagStyleItem", "In-tag Style...", inTagStyle},
+    {2, "mnuAppletItem", "&Java Applet...", applet},
     {1, "mnuAZ", "L - Z"},
-    {2, "mnuListBuilderItem", "&List Builder...", listTool},
-    {2, "mnuMarqueeItem", "&Marquee...", marqueeTool},
-    {2, "mnuObjectItem", "&Object Tags...", objectTool},
-    {2, "mnuParagraphItem", "&Paragraph Builder...", paragraphTool},
-    {2, "mnuParameterItem", "Parameters...", parameterTool},
-    {2, "mnuQuickstartItem", "&Quickstart...", quickstartTool},
-    {2, "mnuScriptTagsItem", "&Script Tags...", scriptTagTool},
-    {2, "mnuScriptingToolsItem", "Scripting Tools...", scriptingTool},
-    {2, "mnuSearchEnginesItem", "Search Engines...", searchEngineTool},
-    {2, "mnuSpecialEffectsItem", "Special Effects...", specialEffectsTool},
-    {2, "mnuStyleSheetItem", "Style Sheet...", styleSheetTool},
-    {2, "mnuTableItem", "Table Builder...", tableTool},
-    {2, "mnuOrbiterItem", "&VRML Orbiter...", orbiterTool},
-    {2, "mnuVisualItem", "&Visual VC...", Run(&M::mnuVisualItem)},
+    {2, "mnuListBuilderItem", "&List Builder...", listBuilder},
+    {2, "mnuMarqueeItem", "&Marquee...", marquee},
+    {2, "mnuObjectItem", "&Object Tags...", object},
+    {2, "mnuParagraphItem", "&Paragraph Builder...", paragraphBuilder},
+    {2, "mnuParameterItem", "Parameters...", parameters},
+    {2, "mnuQuickstartItem", "&Quickstart...", quickstart},
+    {2, "mnuScriptTagsItem", "&Script Tags...", scriptTags},
+    {2, "mnuScriptingToolsItem", "Scripting Tools...", scriptingTools},
+    {2, "mnuSearchEnginesItem", "Search Engines...", searchEngines},
+    {2, "mnuSpecialEffectsItem", "Special Effects...", specialEffects},
+    {2, "mnuStyleSheetItem", "Style Sheet...", styleSheet},
+    {2, "mnuTableItem", "Table Builder...", tableBuilder},
+    {2, "mnuOrbiterItem", "&VRML Orbiter...", orbiter},
+    {2, "mnuVisualItem", "&Visual VC...", visualEditor},
 
     {0, "mnuView", "&View"},
-    {1, "mnuViewItem(0)", "&Main Toolbar", Run(&M::mnuViewItem, 0), "", Checked},
-    {1, "mnuViewItem(1)", "&Color Bar", Run(&M::mnuViewItem, 1), "", Checked},
-    {1, "mnuViewItem(2)", "Custom &Bar", Run(&M::mnuViewItem, 2), "", Checked},
-    {1, "mnuViewItem(3)", "&Website Manager", Run(&M::mnuViewItem, 3), "", Checked},
+    {1, "mnuViewItem(0)", "&Main Toolbar", showRegion<0>, "", Checked},
+    {1, "mnuViewItem(1)", "&Color Bar", showRegion<1>, "", Checked},
+    {1, "mnuViewItem(2)", "Custom &Bar", showRegion<2>, "", Checked},
+    {1, "mnuViewItem(3)", "&Website Manager", showRegion<3>, "", Checked},
     {1, "", "-"},
-    {1, "mnuSettingsItem", "Settin&gs...", Run(&M::mnuSettingsItem)},
+    {1, "mnuSettingsItem", "Settin&gs...", settings},
 
     {0, "mnuWindow", "&Window"},
-    {1, "mnuWindowItem(0)", "&Cascade Child Forms", Run(&M::mnuWindowItem, 0)},
-    {1, "mnuWindowItem(1)", "&Tile Child Forms Horizontally", Run(&M::mnuWindowItem, 1)},
-    {1, "mnuWindowItem(2)", "Tile Child Forms &Vertically", Run(&M::mnuWindowItem, 2)},
-    {1, "mnuWindowItem(3)", "&Arrange Icons", Run(&M::mnuWindowItem, 3)},
+    {1, "mnuWindowItem(0)", "&Cascade Child Forms", arrange<Arrangement::Cascade>},
+    {1, "mnuWindowItem(1)", "&Tile Child Forms Horizontally", arrange<Arrangement::TileHorizontally>},
+    {1, "mnuWindowItem(2)", "Tile Child Forms &Vertically", arrange<Arrangement::TileVertically>},
+    {1, "mnuWindowItem(3)", "&Arrange Icons", arrange<Arrangement::ArrangeIcons>},
 
     {0, "mnuMSApps", "&MS Apps"},
-    {1, "mnuMSAppsItem(0)", "&Calculator...", Run(&M::mnuMSAppsItem, 0)},
-    {1, "mnuMSAppsItem(1)", "Character &Map...", Run(&M::mnuMSAppsItem, 1)},
-    {1, "mnuMSAppsItem(2)", "Clipboard &Viewer...", Run(&M::mnuMSAppsItem, 2)},
+    {1, "mnuMSAppsItem(0)", "&Calculator...", calculator},
+    {1, "mnuMSAppsItem(1)", "Character &Map...", characterMap},
+    {1, "mnuMSAppsItem(2)", "Clipboard &Viewer...", clipboardViewer},
 
     {0, "mnuHelp", "Hel&p"},
-    {1, "mnuManualItem", "&Online Manual", Run(&M::mnuManualItem), "F1"},
-    {1, "mnuTutorialItem", "XHTML Tutorial"},
-    {2, "mnuLessonItem(0)", "Lesson 1 (The Structure)", Later()},
-    {2, "mnuLessonItem(1)", "Lesson 2 (The Basic Tags)", Later()},
-    {2, "mnuLessonItem(2)", "Lesson 3 (Formatting Tags)", Later()},
-    {2, "mnuLessonItem(3)", "Lesson 4 (Anchors)", Later()},
-    {2, "mnuLessonItem(4)", "Lesson 5 (Images and Sound)", Later()},
-    {2, "mnuLessonItem(5)", "Lesson 6 (Tables)", Later()},
-    {1, "mnuW3CItem", "W3C &XHTML Reference", Later()},
+    {1, "mnuManualItem", "&Online Manual", manual, "F1"},
+    {1, "mnuTutorialItem", "XHTML Tutorial", laterForDocuments},
+    {2, "mnuLessonItem(0)", "Lesson 1 (The Structure)", later},
+    {2, "mnuLessonItem(1)", "Lesson 2 (The Basic Tags)", later},
+    {2, "mnuLessonItem(2)", "Lesson 3 (Formatting Tags)", later},
+    {2, "mnuLessonItem(3)", "Lesson 4 (Anchors)", later},
+    {2, "mnuLessonItem(4)", "Lesson 5 (Images and Sound)", later},
+    {2, "mnuLessonItem(5)", "Lesson 6 (Tables)", later},
+    {1, "mnuW3CItem", "W3C &XHTML Reference", laterForDocuments},
     {1, "", "-"},
-    {1, "mnuBugReportItem", "Send Us a Comment Or Bug Report", Later()},
+    {1, "mnuBugReportItem", "Send Us a Comment Or Bug Report", laterForDocuments},
     {1, "", "-"},
-    {1, "mnuDidYouKnow", "&Did you know?", Run(&M::mnuDidYouKnow)},
-    {1, "mnuAboutItem", "&About...", Run(&M::mnuAboutItem)},
+    {1, "mnuDidYouKnow", "&Did you know?", tips},
+    {1, "mnuAboutItem", "&About...", about},
 };
 
 void AddItem(QMenu& menu, const MenuEntry& entry, MDIform1& window) {
@@ -169,8 +166,13 @@ void AddItem(QMenu& menu, const MenuEntry& entry, MDIform1& window) {
     item->setShortcut(QKeySequence(entry.shortcut));
     // Such a key would act for the menu bar alone, when that has the keyboard.
     if (entry.trait == EditorsKey) item->setShortcutContext(Qt::WidgetShortcut);
-    QObject::connect(item, &QAction::triggered, &window,
-                     [&window, command = entry.command] { Execute(command, window); });
+    Connect(*item, entry.command, window);
+}
+
+QMenu* AddMenu(QMenu& menu, const MenuEntry& entry, MDIform1& window) {
+    menu.menuAction()->setObjectName(entry.name);
+    Connect(*menu.menuAction(), entry.command, window);
+    return &menu;
 }
 
 }  // namespace
@@ -186,15 +188,10 @@ void BuildMenuBar(QMenuBar& bar, MDIform1& window) {
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const MenuEntry& entry = entries[i];
         const bool opensSubmenu = entry.depth == 1 && i + 1 < entries.size() && entries[i + 1].depth == 2;
-        if (entry.depth == 0) {
-            menu = bar.addMenu(entry.caption);
-            menu->menuAction()->setObjectName(entry.name);
-            continue;
-        }
-        if (!menu) continue;
+        if (entry.depth == 0) menu = AddMenu(*bar.addMenu(entry.caption), entry, window);
+        if (!menu || entry.depth == 0) continue;
         if (opensSubmenu) {
-            submenu = menu->addMenu(entry.caption);
-            submenu->menuAction()->setObjectName(entry.name);
+            submenu = AddMenu(*menu->addMenu(entry.caption), entry, window);
         } else {
             AddItem(entry.depth == 2 && submenu ? *submenu : *menu, entry, window);
         }

@@ -1,7 +1,7 @@
 // The main window's menus as one table.
 #pragma once
 
-#include "shell/command.h"
+#include "shell/commands.h"
 
 #include <span>
 
@@ -20,7 +20,7 @@ struct MenuEntry {
     int depth;            // 0: a menu of the bar; 1: an item of it; 2: an item of the submenu before it
     const char* name;     // the item's object name; a member of an array has its index, as in "mnuRecents(0)"
     const char* caption;  // "-" is a separator
-    Command command{};    // of no use for menus and separators
+    Command command{};    // of a menu, only whether it is off counts
     const char* shortcut = "";
     ItemTrait trait = ItemTrait::None;
 };

@@ -1,7 +1,6 @@
 #include "shell/tag_bar.h"
 
-#include "shell/mdiform1.h"
-#include "shell/tool_openers.h"
+#include "shell/commands.h"
 #include "widgets/tab_strip.h"
 
 #include <QCursor>
@@ -9,6 +8,8 @@
 
 namespace vellum {
 namespace {
+
+using namespace commands;
 
 struct TagBarItem {
     const char* caption = nullptr;  // null ends a popup; "&&" shows as "&"
@@ -24,64 +25,64 @@ struct TagBarPopup {
 constexpr TagBarPopup table[] = {
     {"popNonCodingTools",
      "Non-Coding Tools",
-     {{"Quickstart", quickstartTool},
-      {"Anchor", anchorTool},
-      {"Frame Builder", frameBuilderTool},
-      {"Image", imageTool},
-      {"List Builder", listTool},
-      {"Marquee", marqueeTool},
-      {"Paragraph Builder", paragraphTool},
-      {"Special Effects", specialEffectsTool},
-      {"Table Builder", tableTool}}},
+     {{"Quickstart", quickstart},
+      {"Anchor", anchor},
+      {"Frame Builder", frameBuilder},
+      {"Image", image},
+      {"List Builder", listBuilder},
+      {"Marquee", marquee},
+      {"Paragraph Builder", paragraphBuilder},
+      {"Special Effects", specialEffects},
+      {"Table Builder", tableBuilder}}},
     {"popFont",
      "Fonts",
-     {{"Paragraph Builder", paragraphTool},
-      {"Font", fontTool},
-      {"<b>", Tags("<b>", "</b>")},
-      {"<i>", Tags("<i>", "</i>")},
-      {"<u>", Tags("<u>", "</u>")},
+     {{"Paragraph Builder", paragraphBuilder},
+      {"Font", font},
+      {"<b>", bold},
+      {"<i>", italic},
+      {"<u>", underline},
       {"<big>", Tags("<big>", "</big>")},
       {"<small>", Tags("<small>", "</small>")},
-      {"<h1>", Tags("<h1>", "</h1>")},
-      {"<h2>", Tags("<h2>", "</h2>")},
-      {"<h3>", Tags("<h3>", "</h3>")}}},
+      {"<h1>", heading1},
+      {"<h2>", heading2},
+      {"<h3>", heading3}}},
     {"popForms",
      "Forms",
-     {{"Form Wizard", formWizardTool},
-      {"Form Input", formInputTool},
-      {"Search Engines", searchEngineTool},
+     {{"Form Wizard", formWizard},
+      {"Form Input", formInput},
+      {"Search Engines", searchEngines},
       {"<form>", Tags("<form>", "</form>")},
       {"<input />", Tags("<input />")}}},
     {"popFrames",
      "Frames",
-     {{"Frame Builder", frameBuilderTool},
-      {"Floating Frame", floatingFrameTool},
+     {{"Frame Builder", frameBuilder},
+      {"Floating Frame", floatingFrame},
       {"<frameset>", Tags("<frameset>", "</frameset>")},
       {"<frame />", Tags("<frame />")},
       {"<noframe>", Tags("<noframe>", "</noframe>")},
       {"<iframe>", Tags("<iframe>", "</iframe>")}}},
     {"popGraphicsSound",
      "Graphics and Sound",
-     {{"Image", imageTool},
-      {"Marquee", marqueeTool},
-      {"Sound", soundTool},
-      {"Special Effects", specialEffectsTool},
-      {"Image Map Builder", imageMapTool},
-      {"VRML Orbitor", orbiterTool},
+     {{"Image", image},
+      {"Marquee", marquee},
+      {"Sound", sound},
+      {"Special Effects", specialEffects},
+      {"Image Map Builder", imageMap},
+      {"VRML Orbitor", orbiter},
       {"<map>", Tags("<map>", "</map>")}}},
     {"popLists",
      "Lists",
-     {{"List Builder", listTool},
-      {"<dir>", Tags("<dir>", "</dir>")},
-      {"<dl>", Tags("<dl>", "</dl>")},
-      {"<menu>", Tags("<menu>", "</menu>")},
-      {"<ol>", Tags("<ol>", "</ol>")},
-      {"<ul>", Tags("<ul>", "</ul>")},
-      {"<li>", Tags("<li>", "</li>")},
+     {{"List Builder", listBuilder},
+      {"<dir>", directoryList},
+      {"<dl>", definitionList},
+      {"<menu>", menuList},
+      {"<ol>", orderedList},
+      {"<ul>", unorderedList},
+      {"<li>", listItem},
       {"<dt> && <dd>", Tags("<dt>", "</dt><dd></dd>")}}},
     {"popTables",
      "Tables",
-     {{"Table Builder", tableTool},
+     {{"Table Builder", tableBuilder},
       {"<table>", Tags("<table>", "</table>")},
       {"<tr>", Tags("<tr>", "</tr>")},
       {"<td>", Tags("<td>", "</td>")},
@@ -91,16 +92,16 @@ constexpr TagBarPopup table[] = {
       {"<tbody>", Tags("<tbody>", "</tbody>")}}},
     {"popScripting",
      "Scripts",
-     {{"Script Tags", scriptTagTool},
-      {"In-tag Scripts", inTagScriptTool},
-      {"Scripting Tools", scriptingTool},
-      {"Object Tags", objectTool},
-      {"Java Applet", appletTool},
-      {"Parameter Tags", parameterTool},
-      {"ASP", aspTool}}},
+     {{"Script Tags", scriptTags},
+      {"In-tag Scripts", inTagScript},
+      {"Scripting Tools", scriptingTools},
+      {"Object Tags", object},
+      {"Java Applet", applet},
+      {"Parameter Tags", parameters},
+      {"ASP", asp}}},
     {"popStyle",
      "Style Sheets",
-     {{"Style Sheet", styleSheetTool}, {"In-line Style Sheet", inlineStyleTool}, {"In-tag Style", inTagStyleTool}}},
+     {{"Style Sheet", styleSheet}, {"In-line Style Sheet", inlineStyle}, {"In-tag Style", inTagStyle}}},
 };
 
 QMenu* MakePopup(const TagBarPopup& popup, MDIform1& window) {
@@ -111,8 +112,7 @@ QMenu* MakePopup(const TagBarPopup& popup, MDIform1& window) {
         if (!item.caption) break;
         QAction* const action = menu->addAction(item.caption);
         action->setObjectName(QStringLiteral("%1Item(%2)").arg(QLatin1String(popup.name)).arg(index++));
-        QObject::connect(action, &QAction::triggered, &window,
-                         [&window, command = item.command] { Execute(command, window); });
+        Connect(*action, item.command, window);
     }
     return menu;
 }

@@ -12,21 +12,23 @@
 namespace vellum {
 namespace {
 
+using namespace commands;
 using enum ButtonArray;
 
 constexpr auto previewTip = "Previews The Document In An External Browser";
 
 constexpr std::array<ToolbarButton, 15> buttons{{
-    {Command44, 0, "new", "Creates a New Document", "Creates a new document", false},
-    {Command44, 1, "open", "Opens an existing file", "Opens an existing XHTML or TXT file", false},
-    {Command44, 2, "save", "Saves the Current Document", "Saves the document", false},
-    {Command44, 3, "save-as", "Saves the Current Document With a Choice of a New Name", "Saves the document", false},
-    {Command44, 4, "print", "Prints the Current Document", "Prints the document", false},
-    {Command44, 6, "close", "Closes the Current Document", "Closes the current document", false},
-    {Command44, 5, "browser-1", previewTip, "Previews the document in external browser", true},
-    {Command44, 9, "browser-2", previewTip, "", false},
-    {Command44, 10, "browser-3", previewTip, "", false},
-    {Command44, 8, "color-code", "Color-Codes  XHTML Syntax", "Color codes the XHTML code", true},
+    {Command44, 0, "new", "Creates a New Document", "Creates a new document", false, newPage},
+    {Command44, 1, "open", "Opens an existing file", "Opens an existing XHTML or TXT file", false, openPages},
+    {Command44, 2, "save", "Saves the Current Document", "Saves the document", false, savePage},
+    {Command44, 3, "save-as", "Saves the Current Document With a Choice of a New Name", "Saves the document", false,
+     savePageAs},
+    {Command44, 4, "print", "Prints the Current Document", "Prints the document", false, printPage},
+    {Command44, 6, "close", "Closes the Current Document", "Closes the current document", false, closePage},
+    {Command44, 5, "browser-1", previewTip, "Previews the document in external browser", true, externalBrowser<0>},
+    {Command44, 9, "browser-2", previewTip, "", false, externalBrowser<1>},
+    {Command44, 10, "browser-3", previewTip, "", false, externalBrowser<2>},
+    {Command44, 8, "color-code", "Color-Codes  XHTML Syntax", "Color codes the XHTML code", true, colorCode},
     {Command44, 7, "organizer", "Personal Scheduler", "Opens the personal information manager", true},
     {Command93, 0, "transfer", "Retrieves Files From Other Directories", "Copies files to website directory", true},
     {Command93, 1, "thumbnails", "Thumbnail Viewer", "Browses the images in the Website Directory", false},
@@ -44,7 +46,7 @@ std::span<const ToolbarButton> ToolbarButtons() {
     return buttons;
 }
 
-MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
+MainToolbar::MainToolbar(MDIform1& window) : QWidget(&window) {
     setObjectName("Picture1");
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(4, 2, 4, 2);
@@ -69,8 +71,9 @@ MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
         button->setMouseTracking(true);
         button->setProperty("hint", QString::fromLatin1(design.hint));
         button->installEventFilter(this);
-        connect(button, &QToolButton::clicked, this,
-                [this, array = design.array, index = design.index] { emit Pressed(array, index); });
+        connect(button, &QToolButton::clicked, &window,
+                [&window, command = design.command] { Execute(command, window); });
+        if (design.command.needsDocument) connect(&window, &MDIform1::DocumentsOpen, button, &QWidget::setEnabled);
         row->addWidget(button);
     }
     row->addStretch();

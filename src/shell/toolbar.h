@@ -1,6 +1,8 @@
 // The main toolbar: two arrays of buttons, each with its tooltip and its hint.
 #pragma once
 
+#include "shell/commands.h"
+
 #include <QToolButton>
 #include <QWidget>
 
@@ -17,6 +19,7 @@ struct ToolbarButton {
     const char* toolTip;
     const char* hint;  // empty: the hint line stays as it is
     bool startsGroup;
+    Command command{};
 };
 
 // In the order in which they stand.
@@ -25,12 +28,11 @@ struct ToolbarButton {
 class MainToolbar : public QWidget {
     Q_OBJECT
 public:
-    explicit MainToolbar(QWidget* parent = nullptr);
+    explicit MainToolbar(MDIform1& window);
 
     [[nodiscard]] QToolButton* Button(ButtonArray array, int index) const;  // null when there is none
 
 signals:
-    void Pressed(ButtonArray array, int index);
     void Hint(const QString& text);
 
 protected:

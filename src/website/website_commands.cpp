@@ -7,7 +7,6 @@
 #include "website/propform.h"
 #include "widgets/wait_pointer.h"
 
-#include <QAction>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
@@ -26,40 +25,11 @@ WebsiteCommands::WebsiteCommands(Workbench& bench, WebsitePanel& panel, FileTool
       tools_(std::move(tools)) {
     mnuWebsite->setObjectName("mnuWebsite");
     popDirectory->setObjectName("popDirectory");
-    FillMenus();
     connect(&panel_, &WebsitePanel::FileActivated, this, &WebsiteCommands::OpenFile);
     // The pointer asks the surface of a list for its menu, the keyboard the list itself.
     for (QAbstractScrollArea* list : std::initializer_list<QAbstractScrollArea*>{panel_.Dir1, panel_.File2}) {
         list->installEventFilter(this);
         list->viewport()->installEventFilter(this);
-    }
-}
-
-QAction* WebsiteCommands::AddItem(QMenu& menu, const QString& name, const QString& caption,
-                                  void (WebsiteCommands::*run)()) {
-    QAction* const item = menu.addAction(caption);
-    item->setObjectName(name);
-    // Keys act where the list has the keyboard, and are nobody else's.
-    item->setShortcutContext(Qt::WidgetShortcut);
-    connect(item, &QAction::triggered, this, run);
-    return item;
-}
-
-void WebsiteCommands::FillMenus() {
-    using C = WebsiteCommands;
-    AddItem(*mnuWebsite, "mnuWebsiteLinkItem", "&Create a Link To File...", &C::mnuWebsiteLinkItem);
-    AddItem(*mnuWebsite, "mnuWebsiteRenameItem", "&Rename File...", &C::mnuWebsiteRenameItem)->setShortcut(Qt::Key_F2);
-    AddItem(*mnuWebsite, "mnuWebsiteDeleteItem", "&Delete File", &C::mnuWebsiteDeleteItem)->setShortcut(Qt::Key_Delete);
-    AddItem(*mnuWebsite, "mnuPropertiesItem", "&Properties...", &C::mnuPropertiesItem)
-        ->setShortcuts({QKeySequence(Qt::ALT | Qt::Key_Return), QKeySequence(Qt::ALT | Qt::Key_Enter)});
-    panel_.File2->addActions(mnuWebsite->actions());
-
-    AddItem(*popDirectory, "popDirectoryItems", "&Create Directory", &C::popDirectoryItems);
-    QAction* const refresh =
-        AddItem(*popDirectory, "popDirectoryRefresh", "&Refresh Directory", &C::popDirectoryRefresh);
-    refresh->setShortcut(Qt::Key_F5);
-    for (QWidget* list : std::initializer_list<QWidget*>{panel_.Drive1, panel_.Dir1, panel_.File2}) {
-        list->addAction(refresh);
     }
 }
 
@@ -108,12 +78,12 @@ QString WebsiteCommands::SelectedName() {
     return name;
 }
 
-void WebsiteCommands::mnuWebsiteLinkItem() {
+void WebsiteCommands::LinkToFile() {
     const QString name = SelectedName();
     if (!name.isEmpty() && tools_.linkTo) tools_.linkTo(name);
 }
 
-void WebsiteCommands::mnuWebsiteRenameItem() {
+void WebsiteCommands::RenameFile() {
     const QString name = SelectedName();
     if (name.isEmpty()) return;
     // Another folder may be shown by the time the person answers.
@@ -121,12 +91,12 @@ void WebsiteCommands::mnuWebsiteRenameItem() {
     const QString newName =
         bench_.Ask().Input(bench_.Window(), "Enter the File's New Name", "Renaming The File", name).value_or(QString());
     if (newName.isEmpty()) return;
-    const bool renamed = RenameFile(JoinPath(folder, name), JoinPath(folder, newName));
+    const bool renamed = vellum::RenameFile(JoinPath(folder, name), JoinPath(folder, newName));
     panel_.File2->Refresh();
     if (renamed && panel_.File2->Path() == folder) panel_.File2->SelectWhenListed(newName);
 }
 
-void WebsiteCommands::mnuWebsiteDeleteItem() {
+void WebsiteCommands::DeleteFile() {
     const QString name = SelectedName();
     if (name.isEmpty()) return;
     const QString path = JoinPath(panel_.File2->Path(), name);
@@ -137,14 +107,14 @@ void WebsiteCommands::mnuWebsiteDeleteItem() {
     if (!deleted) bench_.Ask().Message(bench_.Window(), "Cannot Delete File");
 }
 
-void WebsiteCommands::mnuPropertiesItem() {
+void WebsiteCommands::ShowProperties() {
     const QString name = SelectedName();
     if (name.isEmpty()) return;
     propform form(bench_, JoinPath(panel_.File2->Path(), name));
     form.exec();
 }
 
-void WebsiteCommands::popDirectoryItems() {
+void WebsiteCommands::MakeDirectory() {
     const QString folder = panel_.Dir1->Path();
     const QString name =
         bench_.Ask().Input(bench_.Window(), "Enter Name of New Directory", "Vellumcraft").value_or(QString());
@@ -153,11 +123,7 @@ void WebsiteCommands::popDirectoryItems() {
     panel_.Dir1->Refresh();
 }
 
-void WebsiteCommands::popDirectoryRefresh() {
-    panel_.Refresh();
-}
-
-void WebsiteCommands::mnuFindFileItem() {
+void WebsiteCommands::FindFiles() {
     const bool started = [this] {
         const WaitPointer waiting;
         return StartFileSearch(panel_.Drive());

@@ -1,5 +1,5 @@
-// The commands of the website panel: what a double click on a file does, the two popup menus of the lists, and the
-// search for files.
+// The commands of the website panel: what a double click on a file does, where the two popup menus of the lists open,
+// and what stands in them.
 #pragma once
 
 #include "editor/workbench.h"
@@ -27,26 +27,26 @@ class WebsiteCommands : public QObject {
 public:
     WebsiteCommands(Workbench& bench, WebsitePanel& panel, FileTools tools);
 
+    // The menus of the files and of the directories, empty at first: the main window fills them.
     QMenu* const mnuWebsite;
     QMenu* const popDirectory;
 
     // Opens a file by what its name says it is; more than one tool may open, one after the other.
     void OpenFile(const QString& path);
 
-    void mnuWebsiteLinkItem();
-    void mnuWebsiteRenameItem();
-    void mnuWebsiteDeleteItem();
-    void mnuPropertiesItem();
-    void popDirectoryItems();
-    void popDirectoryRefresh();
-    void mnuFindFileItem();
+    // Of the selected file; without one they say so.
+    void LinkToFile();
+    void RenameFile();
+    void DeleteFile();
+    void ShowProperties();
+
+    void MakeDirectory();  // in the shown one, after a question for its name
+    void FindFiles();      // starts the system's search on the panel's drive
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void FillMenus();
-    QAction* AddItem(QMenu& menu, const QString& name, const QString& caption, void (WebsiteCommands::*run)());
     void PopUp(QMenu& menu, QAbstractItemView& list, const QContextMenuEvent& event);
     // The bare name of the selected file; empty, and said so, when none is.
     QString SelectedName();

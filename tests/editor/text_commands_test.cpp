@@ -1,6 +1,5 @@
 #include "editor/text_commands.h"
 
-#include "editor/surface_menu.h"
 #include "settings/settings_keys.h"
 #include "tests/support/test_workbench.h"
 
@@ -301,77 +300,23 @@ TEST_F(TextCommandsTest, ShowsTheLineThatItGoesTo) {
 
 TEST_F(TextCommandsTest, WithoutADocumentNothingHappens) {
     bench.active = nullptr;
-    for (auto* const command : {UndoText, RedoText, CutText, CopyText, PasteText, DeleteText, SelectAllText,
-                                LowerCaseMarkup, UpperCaseMarkup, GoToLine}) {
+    for (auto* const command : {UndoText, RedoText, CutText, CopyText, PasteText, DeleteText, RemoveSelection,
+                                SelectAllText, LowerCaseMarkup, UpperCaseMarkup, GoToLine}) {
         command(bench);
     }
     EXPECT_EQ(Clipboard().text(), "old");
     EXPECT_TRUE(bench.prompts.questions.isEmpty());
-    EXPECT_EQ(ShowSurfaceMenu(bench, {}), nullptr);
 }
 
-struct Entry {
-    const char* caption;
-    const char* result;  // of "a|b|c", with "old" on the clipboard
-};
-
-TEST_F(TextCommandsTest, TheSurfacesMenuHasItsSixteenItems) {
-    const Entry entries[] = {
-        {"Undo", nullptr},
-        {"Redo", nullptr},
-        {"", nullptr},
-        {"&Cut", "ac"},
-        {"Cop&y", "abc"},
-        {"&Paste", "aoldc"},
-        {"&Delete", "ac"},
-        {"", nullptr},
-        {"Center Text <center></center>", "a<center>b</center>c"},
-        {"&Line Break <br />", "a<br />c"},
-        {"Paragraph Tag <p></p>", "a<p>b</p>c"},
-        {"", nullptr},
-        {"&Bold Text <b></b>", "a<b>b</b>c"},
-        {"&Italic Text <i></i>", "a<i>b</i>c"},
-        {"&Strikethru Text <strike></strike>", "a<strike>b</strike>c"},
-        {"&Underline Text <u></u>", "a<u>b</u>c"},
-    };
-    ShowWindow();
-    int index = 0;
-    for (const auto& [caption, result] : entries) {
-        Clipboard().setText("old");
-        Show("a|b|c");
-        QMenu* const menu = ShowSurfaceMenu(bench, document.mapToGlobal(QPoint(10, 10)));
-        ASSERT_NE(menu, nullptr);
-        const QPointer<QMenu> open = menu;
-        EXPECT_EQ(menu->objectName(), "mnuPop");
-        EXPECT_TRUE(menu->isVisible());
-        EXPECT_EQ(menu->actions().size(), 16);
-        auto* const item = menu->findChild<QAction*>(QString("mnuPopItem(%1)").arg(index));
-        ASSERT_NE(item, nullptr) << index;
-        EXPECT_EQ(menu->actions().value(index), item);
-        EXPECT_EQ(item->text(), caption);
-        EXPECT_EQ(item->isSeparator(), QLatin1String(caption).isEmpty()) << index;
-        EXPECT_TRUE(item->isEnabled());
-        if (item->isSeparator() || !result) {
-            menu->close();
-        } else {
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
-            EXPECT_EQ(surface.Text(), result) << caption;
-        }
-        EXPECT_TRUE(QTest::qWaitFor([&] { return open.isNull(); })) << "it goes when it closes";
-        ++index;
-    }
-    EXPECT_EQ(Clipboard().text(), "old");
-}
-
-TEST_F(TextCommandsTest, DeleteInTheSurfacesMenuTouchesNothingElse) {
+TEST_F(TextCommandsTest, RemovingTheSelectionTouchesNothingElse) {
     Show("ab|c");
-    QMenu* const menu = ShowSurfaceMenu(bench, {});
-    ASSERT_NE(menu, nullptr);
-    menu->findChild<QAction*>("mnuPopItem(6)")->trigger();
+    RemoveSelection(bench);
     EXPECT_EQ(surface.Text(), "abc");
     EXPECT_TRUE(document.Saver());
     EXPECT_TRUE(document.usingKeys);
-    menu->close();
+    Show("a|b|c");
+    RemoveSelection(bench);
+    EXPECT_EQ(surface.Text(), "ac");
 }
 
 }  // namespace

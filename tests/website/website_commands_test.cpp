@@ -116,35 +116,31 @@ TEST_F(Commands, OddNamesOpen) {
     EXPECT_EQ(bench.opened.size(), oddNames.size());
 }
 
-TEST_F(Commands, MenuOfAFileHasItsItemsAndSelectsTheFile) {
+// The menus stand open with whatever the main window has put into them.
+TEST_F(Commands, TheRightButtonSelectsTheFileAndOpensTheMenuOfFiles) {
+    commands->mnuWebsite->addAction("something");
     Fill({"a.htm", "b.htm"});
     Select("a.htm");
     InPopup([this] { RightClick(*panel.File2, At("b.htm")); },
             [this](QMenu& menu) {
+                EXPECT_EQ(&menu, commands->mnuWebsite);
                 EXPECT_EQ(menu.objectName(), "mnuWebsite");
-                EXPECT_EQ(Captions(menu), QStringList({"&Create a Link To File...", "&Rename File...", "&Delete File",
-                                                       "&Properties..."}));
                 EXPECT_EQ(panel.File2->FileName(), "b.htm");
             });
-    QStringList names;
-    for (const QAction* item : commands->mnuWebsite->actions()) names << item->objectName();
-    EXPECT_EQ(names,
-              QStringList({"mnuWebsiteLinkItem", "mnuWebsiteRenameItem", "mnuWebsiteDeleteItem", "mnuPropertiesItem"}));
-    EXPECT_EQ(panel.findChild<QAction*>("mnuWebsiteLinkItem"), commands->mnuWebsite->actions().first());
 }
 
-TEST_F(Commands, MenuOfADirectoryHasItsItems) {
+TEST_F(Commands, TheRightButtonOpensTheMenuOfDirectories) {
+    commands->popDirectory->addAction("something");
     Fill({});
     InPopup([this] { RightClick(*panel.Dir1, panel.Dir1->visualItemRect(panel.Dir1->currentItem()).center()); },
-            [](QMenu& menu) {
+            [this](QMenu& menu) {
+                EXPECT_EQ(&menu, commands->popDirectory);
                 EXPECT_EQ(menu.objectName(), "popDirectory");
-                EXPECT_EQ(Captions(menu), QStringList({"&Create Directory", "&Refresh Directory"}));
-                EXPECT_EQ(menu.actions()[0]->objectName(), "popDirectoryItems");
-                EXPECT_EQ(menu.actions()[1]->objectName(), "popDirectoryRefresh");
             });
 }
 
 TEST_F(Commands, TheMenuKeyOpensTheMenuAtTheSelectedRow) {
+    commands->mnuWebsite->addAction("something");
     Fill({"a.htm", "b.htm", "c.htm"});
     Select("b.htm");
     const auto ask = [this] {
@@ -152,7 +148,7 @@ TEST_F(Commands, TheMenuKeyOpensTheMenuAtTheSelectedRow) {
         QCoreApplication::sendEvent(panel.File2, &event);
     };
     InPopup(ask, [this](QMenu& menu) {
-        EXPECT_EQ(menu.objectName(), "mnuWebsite");
+        EXPECT_EQ(&menu, commands->mnuWebsite);
         const QRect row = panel.File2->visualRect(panel.File2->currentIndex());
         EXPECT_EQ(menu.pos().y(), panel.File2->viewport()->mapToGlobal(row.center()).y());
         EXPECT_EQ(panel.File2->FileName(), "b.htm");
@@ -161,10 +157,10 @@ TEST_F(Commands, TheMenuKeyOpensTheMenuAtTheSelectedRow) {
 
 TEST_F(Commands, WithoutASelectionEveryFileCommandSaysSo) {
     Fill({"a.htm"});
-    commands->mnuWebsiteLinkItem();
-    commands->mnuWebsiteRenameItem();
-    commands->mnuWebsiteDeleteItem();
-    commands->mnuPropertiesItem();
+    commands->LinkToFile();
+    commands->RenameFile();
+    commands->DeleteFile();
+    commands->ShowProperties();
     EXPECT_EQ(bench.prompts.messages,
               QStringList({"No File Selected", "No File Selected", "No File Selected", "No File Selected"}));
     EXPECT_EQ(bench.prompts.questions + opened, QStringList());
@@ -172,7 +168,8 @@ TEST_F(Commands, WithoutASelectionEveryFileCommandSaysSo) {
 
 TEST_F(Commands, ALinkTakesTheBareName) {
     Fill({"two words.htm"});
-    InPopup([this] { RightClick(*panel.File2, At("two words.htm")); }, [](QMenu& menu) { Pick(menu, Qt::Key_C); });
+    Select("two words.htm");
+    commands->LinkToFile();
     EXPECT_EQ(opened, QStringList({"link two words.htm"}));
 }
 
@@ -180,7 +177,7 @@ TEST_F(Commands, RenameAsksRenamesAndSelectsTheNewName) {
     Fill({"a.htm", "old.htm"});
     Select("old.htm");
     bench.prompts.inputs = {"new.htm"};
-    QTest::keyClick(panel.File2, Qt::Key_F2);
+    commands->RenameFile();
     EXPECT_EQ(bench.prompts.questions, QStringList({"Renaming The File|Enter the File's New Name"}));
     EXPECT_EQ(bench.prompts.initials, QStringList({"old.htm"}));
     ASSERT_TRUE(QTest::qWaitFor(
@@ -197,8 +194,8 @@ TEST_F(Commands, RenameWithAnEmptyOrNoAnswerChangesNothing) {
     Fill({"old.htm"});
     Select("old.htm");
     bench.prompts.inputs = {""};
-    commands->mnuWebsiteRenameItem();
-    commands->mnuWebsiteRenameItem();
+    commands->RenameFile();
+    commands->RenameFile();
     EXPECT_EQ(bench.prompts.questions.size(), 2);
     EXPECT_TRUE(QFile::exists(Place("old.htm")));
 }
@@ -208,7 +205,7 @@ TEST_F(Commands, RenameNeverOverwritesAndKeepsSilent) {
     Write(Place("b.htm"), "precious");
     Select("a.htm");
     bench.prompts.inputs = {"b.htm", "no/such/folder.htm", "a.htm", "images"};
-    for (int i = 0; i < 4; ++i) commands->mnuWebsiteRenameItem();
+    for (int i = 0; i < 4; ++i) commands->RenameFile();
     EXPECT_EQ(Read(Place("b.htm")), QByteArray("precious"));
     EXPECT_TRUE(QFile::exists(Place("a.htm")));
     EXPECT_EQ(bench.prompts.messages, QStringList());
@@ -219,14 +216,14 @@ TEST_F(Commands, OddNamesAreRenamedAndDeleted) {
     for (const QString& name : oddNames) {
         Select(name);
         bench.prompts.inputs = {"plain.htm"};
-        commands->mnuWebsiteRenameItem();
+        commands->RenameFile();
         ASSERT_TRUE(QTest::qWaitFor([this] { return panel.File2->FileName() == "plain.htm"; }, patience))
             << qPrintable(name);
         bench.prompts.inputs = {name};
-        commands->mnuWebsiteRenameItem();
+        commands->RenameFile();
         ASSERT_TRUE(QTest::qWaitFor([&] { return panel.File2->FileName() == name; }, patience)) << qPrintable(name);
         bench.prompts.answers = {Answer::Yes};
-        commands->mnuWebsiteDeleteItem();
+        commands->DeleteFile();
         EXPECT_FALSE(QFile::exists(Place(name))) << qPrintable(name);
     }
     EXPECT_EQ(bench.prompts.messages, QStringList());
@@ -236,10 +233,10 @@ TEST_F(Commands, DeleteAsksAndDeletes) {
     Fill({"a.htm", "b.htm", "c.htm"});
     Select("b.htm");
     bench.prompts.answers = {Answer::No, Answer::Yes};
-    QTest::keyClick(panel.File2, Qt::Key_Delete);
+    commands->DeleteFile();
     EXPECT_EQ(bench.prompts.questions, QStringList({"Delete File|                 Proceed?"}));
     EXPECT_TRUE(QFile::exists(Place("b.htm")));
-    QTest::keyClick(panel.File2, Qt::Key_Delete);
+    commands->DeleteFile();
     EXPECT_FALSE(QFile::exists(Place("b.htm")));
     ASSERT_TRUE(QTest::qWaitFor([this] { return panel.File2->Names() == QStringList({"a.htm", "c.htm"}); }, patience));
     EXPECT_EQ(panel.File2->FileName(), "") << "the next Del must not mean another file";
@@ -252,26 +249,24 @@ TEST_F(Commands, DeleteTellsThatItFailed) {
     Select("a.htm");
     ASSERT_TRUE(QFile::remove(Place("a.htm")));
     bench.prompts.answers = {Answer::Yes};
-    commands->mnuWebsiteDeleteItem();
+    commands->DeleteFile();
     EXPECT_EQ(bench.prompts.messages, QStringList({"Cannot Delete File"}));
 }
 
 TEST_F(Commands, TheDeleteBoxShowsItsBlanks) {
     Fill({"a.htm"});
+    Select("a.htm");
     bench.asksForReal = true;
-    InModal<QMessageBox>(
-        [this] {
-            InPopup([this] { RightClick(*panel.File2, At("a.htm")); }, [](QMenu& menu) { Pick(menu, Qt::Key_D); });
-        },
-        [](QMessageBox& box) {
-            EXPECT_EQ(box.windowTitle(), "Delete File");
-            const auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
-            ASSERT_NE(label, nullptr);
-            EXPECT_EQ(label->text(), QString(17, ' ') + "Proceed?");
-            EXPECT_EQ(label->textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
-            QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
-        });
+    InModal<QMessageBox>([this] { commands->DeleteFile(); },
+                         [](QMessageBox& box) {
+                             EXPECT_EQ(box.windowTitle(), "Delete File");
+                             const auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
+                             ASSERT_NE(label, nullptr);
+                             EXPECT_EQ(label->text(), QString(17, ' ') + "Proceed?");
+                             EXPECT_EQ(label->textFormat(), Qt::PlainText);
+                             EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+                             QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+                         });
     EXPECT_FALSE(QFile::exists(Place("a.htm")));
 }
 
@@ -279,7 +274,7 @@ TEST_F(Commands, TheRenameBoxTakesTypedNames) {
     Fill({"old.htm"});
     Select("old.htm");
     bench.asksForReal = true;
-    InModal<QInputDialog>([this] { commands->mnuWebsiteRenameItem(); },
+    InModal<QInputDialog>([this] { commands->RenameFile(); },
                           [](QInputDialog& box) {
                               EXPECT_EQ(box.windowTitle(), "Renaming The File");
                               EXPECT_EQ(box.labelText(), "Enter the File's New Name");
@@ -288,28 +283,6 @@ TEST_F(Commands, TheRenameBoxTakesTypedNames) {
                               QTest::keyClick(box.findChild<QLineEdit*>(), Qt::Key_Return);
                           });
     EXPECT_TRUE(QFile::exists(Place("it's \"new\".htm")));
-}
-
-TEST_F(Commands, KeysOfTheListActOnlyThere) {
-    Fill({"a.htm"});
-    Select("a.htm");
-    bool formCame = false;
-    QTimer guard;
-    QObject::connect(&guard, &QTimer::timeout, [&] {
-        auto* const form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!form) return;
-        formCame = true;
-        form->reject();
-    });
-    guard.start(5);
-    panel.Dir1->setFocus();
-    for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Delete}) QTest::keyClick(panel.Dir1, key);
-    QTest::keyClick(panel.Dir1, Qt::Key_Return, Qt::AltModifier);
-    EXPECT_EQ(bench.prompts.questions + bench.prompts.messages, QStringList());
-    EXPECT_FALSE(formCame);
-    panel.File2->setFocus();
-    QTest::keyClick(panel.File2, Qt::Key_F2);
-    EXPECT_EQ(bench.prompts.questions.size(), 1);
 }
 
 TEST_F(Commands, APathInTheRootHasOneSeparator) {
@@ -327,8 +300,7 @@ TEST_F(Commands, APathInTheRootHasOneSeparator) {
 TEST_F(Commands, CreateDirectoryAsksAndCreatesInTheShownOne) {
     Fill({});
     bench.prompts.inputs = {"new place"};
-    InPopup([this] { RightClick(*panel.Dir1, panel.Dir1->visualItemRect(panel.Dir1->currentItem()).center()); },
-            [](QMenu& menu) { Pick(menu, Qt::Key_C); });
+    commands->MakeDirectory();
     EXPECT_EQ(bench.prompts.questions, QStringList({"Vellumcraft|Enter Name of New Directory"}));
     EXPECT_TRUE(QDir(Place("new place")).exists());
     ASSERT_TRUE(
@@ -339,36 +311,16 @@ TEST_F(Commands, CreateDirectoryAsksAndCreatesInTheShownOne) {
 TEST_F(Commands, CreateDirectoryKeepsSilentWhenItCannot) {
     Fill({});
     bench.prompts.inputs = {"images", "a/b/c", ""};
-    for (int i = 0; i < 4; ++i) commands->popDirectoryItems();
+    for (int i = 0; i < 4; ++i) commands->MakeDirectory();
     EXPECT_EQ(bench.prompts.messages, QStringList());
     EXPECT_EQ(QDir(Place("")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList({"images"}));
 }
 
-TEST_F(Commands, RefreshReadsTheLists) {
-    Fill({"a.htm"});
-    for (QWidget* list : std::initializer_list<QWidget*>{panel.Drive1, panel.Dir1, panel.File2}) {
-        const QSignalSpy listed(panel.File2, &FileList::Listed);
-        list->setFocus();
-        QTest::keyClick(list, Qt::Key_F5);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return listed.count() == 1; }, patience)) << qPrintable(list->objectName());
-    }
-    const QSignalSpy listed(panel.File2, &FileList::Listed);
-    InPopup([this] { RightClick(*panel.Dir1, {5, 5}); }, [](QMenu& menu) { Pick(menu, Qt::Key_R); });
-    ASSERT_TRUE(QTest::qWaitFor([&] { return listed.count() == 1; }, patience));
-}
-
-TEST_F(Commands, PropertiesOpenByTheirKeyAndByTheMenu) {
+TEST_F(Commands, PropertiesShowTheSelectedFile) {
     Fill({"two words.htm"});
     Select("two words.htm");
-    InModal<propform>([this] { QTest::keyClick(panel.File2, Qt::Key_Return, Qt::AltModifier); },
+    InModal<propform>([this] { commands->ShowProperties(); },
                       [](propform& form) { EXPECT_EQ(form.txtName->text(), "two words.htm"); });
-    InModal<propform>(
-        [this] {
-            InPopup([this] { RightClick(*panel.File2, At("two words.htm")); },
-                    [](QMenu& menu) { Pick(menu, Qt::Key_P); });
-        },
-        [](propform& form) { EXPECT_EQ(form.txtName->text(), "two words.htm"); });
-    EXPECT_EQ(bench.opened, QStringList()) << "Alt+Enter is not Enter";
 }
 
 // The search for files, with a search path of the test's own.
@@ -400,21 +352,21 @@ protected:
 
 TEST_F(FindFile, StartsTheSearchOnTheDrive) {
     AddScript("catfish");
-    commands->mnuFindFileItem();
+    commands->FindFiles();
     EXPECT_EQ(Note(), QByteArray("--path=/\n"));
     EXPECT_EQ(bench.prompts.messages, QStringList());
 }
 
 TEST_F(FindFile, OpensTheDriveWhereNoSearchIsInstalled) {
     AddScript("xdg-open");
-    commands->mnuFindFileItem();
+    commands->FindFiles();
     EXPECT_EQ(Note(), QByteArray("/\n"));
 }
 
 TEST_F(FindFile, TellsWhenNothingCanBeStarted) {
     AddScript("xdg-open");
     Write(folder.filePath("bin/xdg-open"), "#!/bin/sh\nexit 3\n");
-    commands->mnuFindFileItem();
+    commands->FindFiles();
     EXPECT_EQ(bench.prompts.messages, QStringList({"This Windows Application is not installed on your computer"}));
 }
 

@@ -73,14 +73,6 @@ protected:
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, list.viewport()->mapToGlobal(place));
         QCoreApplication::sendEvent(list.viewport(), &event);
     }
-    static QStringList Captions(const QMenu& menu) {
-        QStringList captions;
-        for (const QAction* item : menu.actions()) captions << item->text();
-        return captions;
-    }
-    // Picks an item of the open menu by its access key.
-    static void Pick(QMenu& menu, Qt::Key key) { QTest::keyClick(&menu, key); }
-
     QTemporaryDir folder;
     PanelWorkbench bench;
     WebsitePanel panel;
