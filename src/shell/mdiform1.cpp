@@ -1,17 +1,19 @@
 #include "shell/mdiform1.h"
 
+#include "editor/document.h"
 #include "preview/preview_pipeline.h"
 #include "reference/add_tags.h"
 #include "settings/settings_keys.h"
 #include "shell/color_bar.h"
+#include "shell/commands.h"
 #include "shell/form16.h"
 #include "shell/form26.h"
+#include "shell/main_state.h"
 #include "shell/menus.h"
 #include "shell/popup_menus.h"
 #include "shell/status_bar.h"
+#include "shell/tag_bar.h"
 #include "shell/toolbar.h"
-#include "shell/window_commands.h"
-#include "surface/edit_surface.h"
 #include "system/programs.h"
 #include "values/number_rules.h"
 #include "website/website_panel.h"
@@ -19,43 +21,131 @@
 #include "widgets/wait_pointer.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-
-#include <array>
+#include <QShortcut>
 
 namespace vellum {
+namespace {
+
+// Keys of no menu item. The window takes them before the text could.
+constexpr std::pair<QKeyCombination, Command> shortcuts[] = {
+    {Qt::Key_F6, commands::stepPane<1>},
+    {Qt::SHIFT | Qt::Key_F6, commands::stepPane<-1>},
+    {Qt::CTRL | Qt::Key_Tab, commands::stepDocument<1>},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, commands::stepDocument<-1>},
+    {Qt::CTRL | Qt::Key_F6, commands::stepDocument<1>},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_F6, commands::stepDocument<-1>},
+};
+
+QStringList Entries(const QListWidget& list) {
+    QStringList entries;
+    for (int i = 0; i < list.count(); ++i) entries << list.item(i)->text();
+    return entries;
+}
+
+void Replace(QListWidget& list, const QStringList& entries) {
+    list.clear();
+    list.addItems(entries);
+}
+
+// What a double click in the website panel puts into the page.
+FileTools MakeFileTools(Workbench& bench) {
+    return {[&bench](const QString& path) {
+                ShowPreparedTool<frmGraphics>(bench, [&path](frmGraphics& tool) { tool.SetFile(path); });
+            },
+            [&bench](const QString& path) {
+                const QString name = QFileInfo(path).fileName();
+                ShowPreparedTool<frmSound>(bench, [&name](frmSound& tool) { tool.SetSource(name); });
+            },
+            [&bench](const QString& name) {
+                ShowPreparedTool<frmAnchors>(bench, [&name](frmAnchors& tool) { tool.SetUrl(name); });
+            }};
+}
+
+}  // namespace
 
 MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& recovery, QStringList fontNames,
                    bool usePreview)
-    : Picture1(new MainToolbar(*this)),
-      Picture14(new ColorBar(this)),
-      clrbutton(Picture14->clrbutton),
-      Picture15(new QWidget(this)),
-      TabStrip2(new TabStrip(Picture15)),
-      TabStrip1(new TabStrip(this)),
-      area(new QMdiArea(this)),
-      Picture11(new WebsitePanel(this)),
-      StatusBar1(new StatusBar(this)),
-      List4(new QListWidget(this)),
-      lstDocTypes(new QListWidget(this)),
-      List6(new QListWidget(this)),
-      RichTextBox1(new EditSurface(this)),
-      Text5(new QLineEdit(QStringLiteral("1"), this)),
-      settings_(settings),
+    : settings_(settings),
       prompts_(prompts),
       files_(*this),
       recovery_(recovery),
+      website_(new WebsiteCommands(*this, *Picture11, MakeFileTools(*this))),
       fontNames_(std::move(fontNames)),
       usePreview_(usePreview) {
-    BuildRegions();
-    BuildMenus();
+    setObjectName("MDIform1");
+    WireCommands();
     WireRegions();
-    BuildShortcuts();
+}
+
+void MDIform1::WireCommands() {
+    BuildMenuBar(*menuBar(), *this);
+    BuildTagBar(*TabStrip1, *this);
+    BuildWebsiteMenus(*this);
+    Picture1->Connect(*this);
+    connect(TabStrip2, &TabStrip::TabClicked, this, [this](int tab) { RunCustomBar(*this, tab); });
+    connect(Picture14, &ColorBar::ColorTaken, this, [this](ColorNumber color) { InsertColor(*this, color); });
+    connect(clrbutton, &TabStrip::TabClicked, this, [this] { InsertOtherColor(*this); });
+    for (QWidget* bar : std::initializer_list<QWidget*>{Picture14, Picture15, TabStrip1, TabStrip2}) {
+        connect(this, &MDIform1::DocumentsOpen, bar, &QWidget::setEnabled);
+    }
+    for (const auto& [key, command] : shortcuts) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, command = command] { Execute(command, *this); });
+    }
+}
+
+void MDIform1::WireRegions() {
+    area->viewport()->installEventFilter(this);
+    const auto showHint = [this](const QString& text) { SetHint(text); };
+    connect(Picture1, &MainToolbar::Hint, this, showHint);
+    connect(Picture11, &WebsitePanel::Hint, this, showHint);
+    connect(Text5, &QLineEdit::textChanged, this, &MDIform1::TellDocumentCount);
+    connect(&Options(), &SharedOptions::Changed, this, &MDIform1::FollowOptions);
+    connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
+    connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
+    Picture11->TreeView1->Show(references_, *this);
+}
+
+void MDIform1::Load(const QString& commandLine, const std::function<void()>& splashDone) {
+    SetHint("Getting Data From Computer");
+    StoreFonts(*this, fontNames_, settings_);
+    Options().Set(ReadEditorOptions(settings_));
+    SetWrapChecked(Options()->wordWrap);
+    RestoreState(*this, files_.Recent(), settings_);
+    ShowRecentFiles();
+    TellDocumentCount();
+    AddTags();
+    splashDone();
+    ShowLaidOut();
+    MakeFirstDocument(commandLine);
+    ColorSpanStart = 0;
+    ColorSpanLength = 0;
+    Document* document = ActiveDocument();
+    document->SetSaver(true);
+    SetHint({});
+    Smartcolor();
+    // What was lost comes before the tips, which keep away from a page that has text.
+    recovery_.OfferLost(*this);
+    const Document* const active = ActiveDocument();
+    if (active && active->Text1->Length() == 0) startup();
+}
+
+void MDIform1::MakeFirstDocument(const QString& commandLine) {
+    if (!usePreview_) {
+        if (QAction* item = Item("mnuVisualItem")) item->setEnabled(false);
+    }
+    auto* document = qobject_cast<DocumentWindow*>(CreateDocument());
+    document->SetCaption("New 1");
+    document->showMaximized();
+    NewDocCount = 1;
+    if (!commandLine.isEmpty() && document->LoadFile(commandLine)) document->SetCaption(commandLine);
 }
 
 // The documents go first, as they speak to the window until their end.
@@ -94,10 +184,6 @@ void MDIform1::AddRecentFile(const QString& path) {
 
 void MDIform1::startup() {
     if (ReadSetting(settings_, keys::showStart) == QLatin1String("yes")) ShowTips(*this);
-}
-
-void MDIform1::ColorBarSetup() {
-    Picture14->update();
 }
 
 void MDIform1::AddTags() {
@@ -202,34 +288,38 @@ void MDIform1::TellDocumentCount() {
     emit DocumentsOpen(OpenDocCount() != QLatin1String("0"));
 }
 
-QAction* MDIform1::Item(const QString& name) const {
-    return findChild<QAction*>(name);
-}
-
-QWidget* MDIform1::Region(int index) const {
-    switch (index) {
-        case 0:
-            return Picture1;
-        case 1:
-            return Picture14;
-        case 2:
-            return Picture15;
-        default:
-            return Picture11;
-    }
-}
-
 bool MDIform1::UnloadActiveDocument() {
     QMdiSubWindow* child = area->currentSubWindow();
     if (!child && !area->subWindowList().isEmpty()) child = area->subWindowList().last();
     return child && child->close();
 }
 
+QStringList MDIform1::ImageTypes() const {
+    return Entries(*List4);
+}
+QStringList MDIform1::DocumentTypes() const {
+    return Entries(*lstDocTypes);
+}
+void MDIform1::SetImageTypes(const QStringList& types) {
+    Replace(*List4, types);
+}
+void MDIform1::SetDocumentTypes(const QStringList& types) {
+    Replace(*lstDocTypes, types);
+}
+void MDIform1::SetCustomCaption(int row, const QString& caption) {
+    TabStrip2->SetCaption(row + 2, caption);
+}
+
+bool MDIform1::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseMove && watched == area->viewport()) SetHint({});
+    return MainRegions::eventFilter(watched, event);
+}
+
 void MDIform1::closeEvent(QCloseEvent* event) {
     StopClosing = false;
     while (!StopClosing) {
         if (LeadingNumber(OpenDocCount()) < 1) {
-            WriteState();
+            WriteState(*this, files_.Recent(), settings_);
             hide();
             break;
         }

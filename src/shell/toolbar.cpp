@@ -46,7 +46,7 @@ std::span<const ToolbarButton> ToolbarButtons() {
     return buttons;
 }
 
-MainToolbar::MainToolbar(MDIform1& window) : QWidget(&window) {
+MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
     setObjectName("Picture1");
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(4, 2, 4, 2);
@@ -71,12 +71,18 @@ MainToolbar::MainToolbar(MDIform1& window) : QWidget(&window) {
         button->setMouseTracking(true);
         button->setProperty("hint", QString::fromLatin1(design.hint));
         button->installEventFilter(this);
-        connect(button, &QToolButton::clicked, &window,
-                [&window, command = design.command] { Execute(command, window); });
-        if (design.command.needsDocument) connect(&window, &MDIform1::DocumentsOpen, button, &QWidget::setEnabled);
         row->addWidget(button);
     }
     row->addStretch();
+}
+
+void MainToolbar::Connect(MDIform1& window) {
+    for (const ToolbarButton& design : buttons) {
+        QToolButton* const button = Button(design.array, design.index);
+        connect(button, &QToolButton::clicked, &window,
+                [&window, command = design.command] { Execute(command, window); });
+        if (design.command.needsDocument) connect(&window, &MDIform1::DocumentsOpen, button, &QWidget::setEnabled);
+    }
 }
 
 QToolButton* MainToolbar::Button(ButtonArray array, int index) const {

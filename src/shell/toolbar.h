@@ -28,7 +28,9 @@ struct ToolbarButton {
 class MainToolbar : public QWidget {
     Q_OBJECT
 public:
-    explicit MainToolbar(MDIform1& window);
+    explicit MainToolbar(QWidget* parent = nullptr);
+
+    void Connect(MDIform1& window);  // lets the buttons run their commands
 
     [[nodiscard]] QToolButton* Button(ButtonArray array, int index) const;  // null when there is none
 
