@@ -1,5 +1,7 @@
 #include "shell/menus.h"
 
+#include "shell/commands.h"
+
 #include <QMenu>
 #include <QMenuBar>
 
@@ -7,6 +9,23 @@ namespace vellum {
 namespace {
 
 using namespace commands;
+
+enum class ItemTrait {
+    None,
+    Unchecked,  // has a check mark, which is off at first
+    Checked,
+    EditorsKey,  // the shortcut is the editor's own: the item shows it and leaves the key alone
+};
+
+struct MenuEntry {
+    int depth;            // 0: a menu of the bar; 1: an item of it; 2: an item of the submenu before it
+    const char* name;     // the item's object name; a member of an array has its index, as in "mnuRecents(0)"
+    const char* caption;  // "-" is a separator
+    Command command{};    // of a menu, only whether it is off counts
+    const char* shortcut = "";
+    ItemTrait trait = ItemTrait::None;
+};
+
 using enum ItemTrait;
 
 constexpr MenuEntry table[] = {
@@ -177,17 +196,12 @@ QMenu* AddMenu(QMenu& menu, const MenuEntry& entry, MDIform1& window) {
 
 }  // namespace
 
-std::span<const MenuEntry> MenuTable() {
-    return table;
-}
-
 void BuildMenuBar(QMenuBar& bar, MDIform1& window) {
     QMenu* menu = nullptr;
     QMenu* submenu = nullptr;
-    const auto entries = MenuTable();
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        const MenuEntry& entry = entries[i];
-        const bool opensSubmenu = entry.depth == 1 && i + 1 < entries.size() && entries[i + 1].depth == 2;
+    for (const MenuEntry* row = std::begin(table); row != std::end(table); ++row) {
+        const MenuEntry& entry = *row;
+        const bool opensSubmenu = entry.depth == 1 && row + 1 != std::end(table) && row[1].depth == 2;
         if (entry.depth == 0) menu = AddMenu(*bar.addMenu(entry.caption), entry, window);
         if (!menu || entry.depth == 0) continue;
         if (opensSubmenu) {

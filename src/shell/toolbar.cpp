@@ -1,5 +1,6 @@
 #include "shell/toolbar.h"
 
+#include "shell/commands.h"
 #include "widgets/icons.h"
 
 #include <QEvent>
@@ -14,6 +15,16 @@ namespace {
 
 using namespace commands;
 using enum ButtonArray;
+
+struct ToolbarButton {
+    ButtonArray array;
+    int index;
+    const char* icon;
+    const char* toolTip;
+    const char* hint;  // empty: the hint line stays as it is
+    bool startsGroup;
+    Command command{};
+};
 
 constexpr auto previewTip = "Previews The Document In An External Browser";
 
@@ -41,10 +52,6 @@ QString ButtonName(ButtonArray array, int index) {
 }
 
 }  // namespace
-
-std::span<const ToolbarButton> ToolbarButtons() {
-    return buttons;
-}
 
 MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent) {
     setObjectName("Picture1");

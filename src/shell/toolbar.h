@@ -1,29 +1,14 @@
 // The main toolbar: two arrays of buttons, each with its tooltip and its hint.
 #pragma once
 
-#include "shell/commands.h"
-
 #include <QToolButton>
 #include <QWidget>
 
-#include <span>
-
 namespace vellum {
 
+class MDIform1;
+
 enum class ButtonArray { Command44, Command93 };
-
-struct ToolbarButton {
-    ButtonArray array;
-    int index;
-    const char* icon;
-    const char* toolTip;
-    const char* hint;  // empty: the hint line stays as it is
-    bool startsGroup;
-    Command command{};
-};
-
-// In the order in which they stand.
-[[nodiscard]] std::span<const ToolbarButton> ToolbarButtons();
 
 class MainToolbar : public QWidget {
     Q_OBJECT

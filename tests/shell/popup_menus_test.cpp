@@ -208,6 +208,8 @@ TEST_F(WebsiteMenuTest, ADirectoryIsMadeAndTheListsAreReadAgain) {
     EXPECT_TRUE(QDir(SitePath("new place")).exists());
     const WebsitePanel& panel = *window->Picture11;
     for (QWidget* list : std::initializer_list<QWidget*>{panel.Drive1, panel.Dir1, panel.File2}) {
+        window->activateWindow();  // which the popup has taken the keyboard from
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
         const QSignalSpy listed(panel.File2, &FileList::Listed);
         list->setFocus();
         QTest::keyClick(list, Qt::Key_F5);

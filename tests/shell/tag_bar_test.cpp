@@ -120,6 +120,8 @@ TEST_F(TagBarTest, AClickOnAnItemWritesAndLeavesTheKeyboardInTheText) {
                 });
     }
     EXPECT_EQ(surface.Text(), "<tr>row</tr><tr></tr>");
+    window->activateWindow();  // which the popups have taken the keyboard from
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_TRUE(surface.hasFocus());
     QTest::keyClicks(&surface, "x");
     EXPECT_EQ(surface.Text(), "<tr>row</tr><tr></tr>x");
