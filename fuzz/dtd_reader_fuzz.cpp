@@ -33,9 +33,9 @@ Outcome Read(Reader reader, const QString& text) {
 bool SameNodes(const ReferenceTree& left, const ReferenceTree& right) {
     if (left.Count() != right.Count()) return false;
     for (int index = 1; index <= left.Count(); ++index) {
-        if (left.Node(index).text != right.Node(index).text || left.Node(index).parent != right.Node(index).parent) {
-            return false;
-        }
+        const ReferenceNode& one = left.Node(index);
+        const ReferenceNode& other = right.Node(index);
+        if (Caption(one) != Caption(other) || one.parent != other.parent) return false;
     }
     return true;
 }

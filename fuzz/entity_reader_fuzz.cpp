@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto length = static_cast<qsizetype>(size);
     const QString text = length % 2 == 0 ? QString::fromLatin1(bytes, length) : QString::fromUtf8(bytes, length);
     ReferenceTree tree;
-    tree.AddRoot("Character Sets");
+    tree.AddRoot(NodeKind::Text, "Character Sets");
     int nodeIndex = 1;
     try {
         for (int file = 0; file < 3; ++file) nodeIndex = AddEntText(tree, nodeIndex, text, 1, "Title");
@@ -25,8 +25,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (tree.Count() > 3 * greatestNodeIndex + 4) std::abort();
     for (int index = 2; index <= tree.Count(); ++index) {
-        const QString& node = tree.Node(index).text;
-        if (node != "Title" && !(node.startsWith('&') && node.contains(';'))) std::abort();
+        const ReferenceNode& node = tree.Node(index);
+        const bool title = node.kind == NodeKind::CharacterSet && node.name == "Title";
+        if (!title && node.kind != NodeKind::Character) std::abort();
     }
     return 0;
 }

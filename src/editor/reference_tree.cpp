@@ -4,6 +4,21 @@
 
 namespace vellum {
 
+QString Caption(const ReferenceNode& node) {
+    switch (node.kind) {
+        case NodeKind::Element:
+            return node.empty ? node.name + QLatin1String("      EMPTY") : node.name;
+        case NodeKind::Attribute:
+            return node.name + u'=';
+        case NodeKind::Character: {
+            const qsizetype pad = std::max<qsizetype>(characterColumn - node.name.size(), 0);
+            return u'&' + node.name + u';' + QString(pad, u' ') + node.shown;
+        }
+        default:
+            return node.name;
+    }
+}
+
 const ReferenceNode& ReferenceTree::Node(int index) const {
     return nodes_.at(static_cast<std::size_t>(index) - 1);
 }
@@ -22,21 +37,40 @@ void ReferenceTree::Clear() {
     roots_.clear();
 }
 
-int ReferenceTree::AddRoot(const QString& text, const QString& tag) {
-    nodes_.push_back({.text = text, .tag = tag, .row = static_cast<int>(roots_.size()), .children = {}});
+int ReferenceTree::AddRoot(NodeKind kind, const QString& name) {
+    ReferenceNode& node = nodes_.emplace_back();
+    node.kind = kind;
+    node.name = name;
+    node.row = static_cast<int>(roots_.size());
     roots_.push_back(Count());
     return Count();
 }
 
-int ReferenceTree::AddChild(int parent, const QString& text) {
-    const int row = static_cast<int>(At(parent).children.size());
-    nodes_.push_back({.text = text, .tag = {}, .parent = parent, .row = row, .children = {}});
-    At(parent).children.push_back(Count());
+int ReferenceTree::AddNoder(int relative, NodeKind kind, const QString& name) {
+    const int row = static_cast<int>(At(relative).children.size());
+    ReferenceNode& node = nodes_.emplace_back();
+    node.kind = kind;
+    node.name = name;
+    node.parent = relative;
+    node.row = row;
+    At(relative).children.push_back(Count());
     return Count();
 }
 
-void ReferenceTree::SetText(int index, const QString& text) {
-    At(index).text = text;
+int ReferenceTree::AddElement(int relative, const QString& name, bool empty) {
+    const int index = AddNoder(relative, NodeKind::Element, name);
+    At(index).empty = empty;
+    return index;
+}
+
+int ReferenceTree::AddCharacter(int relative, const QString& name, const QString& shown) {
+    const int index = AddNoder(relative, NodeKind::Character, name);
+    At(index).shown = shown;
+    return index;
+}
+
+void ReferenceTree::SetName(int index, const QString& name) {
+    At(index).name = name;
 }
 
 void ReferenceTree::SetBold(int index, bool bold) {

@@ -8,17 +8,34 @@
 
 namespace vellum {
 
+enum class NodeKind {
+    DocumentType,  // a root with elements under it
+    Element,       // also the declaration that opens a document of its type
+    Attribute,
+    CharacterSet,  // the title of a file of characters
+    Character,
+    Call,   // a function or a method of a script language
+    Dates,  // the root whose children tell the time
+    Text,   // any other root, and what goes into a document as it stands
+};
+
 struct ReferenceNode {
-    QString text;
-    QString tag;     // "DTD" on the root of a document type
-    int parent = 0;  // index of the parent, 0 for a root
-    int row = 0;     // the place among its siblings, from 0
+    NodeKind kind = NodeKind::Text;
+    QString name;        // or the whole text of what has no name
+    bool empty = false;  // an element that is declared so
+    QString shown;       // what a character is shown as
+    int parent = 0;      // index of the parent, 0 for a root
+    int row = 0;         // the place among its siblings, from 0
     bool bold = false;
     std::vector<int> children;  // indexes, in order of addition
 };
 
-// What an element that is declared empty ends in: six blanks and the word.
-inline constexpr QLatin1String emptyElementMark("      EMPTY");
+// The blanks after a character's name in its caption are as many as the name is shorter than this.
+inline constexpr qsizetype characterColumn = 10;
+
+// What a view shows of a node: "name" and "name      EMPTY" of elements, "name=" of an attribute, "&name;      x" of a
+// character.
+[[nodiscard]] QString Caption(const ReferenceNode& node);
 
 // Nodes are numbered from 1 in order of addition, whatever their parent. An index outside 1 .. Count() throws
 // std::out_of_range.
@@ -31,10 +48,12 @@ public:
     [[nodiscard]] int ActiveRoot() const;
 
     void Clear();
-    // Both answer the index of the new node.
-    int AddRoot(const QString& text, const QString& tag = {});
-    int AddChild(int parent, const QString& text);
-    void SetText(int index, const QString& text);
+    // All of these answer the index of the new node; `relative` is its parent.
+    int AddRoot(NodeKind kind, const QString& name);
+    int AddNoder(int relative, NodeKind kind, const QString& name);
+    int AddElement(int relative, const QString& name, bool empty);
+    int AddCharacter(int relative, const QString& name, const QString& shown);
+    void SetName(int index, const QString& name);
     void SetBold(int index, bool bold);
 
 private:

@@ -12,20 +12,19 @@ bool FirstTypeIsActive(const ReferenceTree& references) {
     return references.Count() > 0 && references.Node(1).bold;
 }
 
-// The name of a tag with a blank on either side, as it is looked for in the texts of the tree.
-QString NameKey(const QString& tagText) {
+QString LowerName(const QString& tagText) {
     static constexpr QStringView nameEnds = u" \t\r";
     const auto* const end = std::ranges::find_if(tagText, [](QChar c) { return nameEnds.contains(c); });
     const auto length = end == tagText.cend() ? tagText.indexOf(u'>') : end - tagText.cbegin();
-    return u' ' + tagText.mid(1, length - 1).toLower() + u' ';
+    return tagText.mid(1, length - 1).toLower();
 }
 
-bool IsEmptyElement(const QString& key, const ReferenceTree& references) {
+bool IsEmptyElement(const QString& name, const ReferenceTree& references) {
     const int root = references.ActiveRoot();
-    if (root == 0) return false;
+    if (root == 0 || name.isEmpty()) return false;
     return std::ranges::any_of(references.Node(root).children, [&](int child) {
-        const QString& text = references.Node(child).text;
-        return text.contains(QLatin1String("EMPTY")) && (u' ' + text + u' ').contains(key);
+        const ReferenceNode& node = references.Node(child);
+        return node.empty && node.name == name;
     });
 }
 
@@ -37,9 +36,8 @@ QString CompletedTag(QString tagText, const CompletionRules& rules, const Refere
     }
     constexpr int shortest = 3;
     if (!rules.closeEmpty || tagText.size() < shortest) return tagText;
-    const QString key = NameKey(tagText);
-    if (key == QLatin1String("  ") || tagText.endsWith(QLatin1String("/>"))) return tagText;
-    if (IsEmptyElement(key, references)) {
+    if (tagText.endsWith(QLatin1String("/>"))) return tagText;
+    if (IsEmptyElement(LowerName(tagText), references)) {
         tagText.chop(1);
         if (!tagText.endsWith(u' ')) tagText += u' ';  // a chosen name brings its blank along
         tagText += QLatin1String("/>");

@@ -47,19 +47,19 @@ QStringList TagEntries(const ReferenceTree& references, int root) {
     QStringList entries{QStringLiteral("!--")};
     QStringList closers;
     for (const int child : references.Node(root).children) {
-        const QString& text = references.Node(child).text;
-        const auto mark = text.indexOf(emptyElementMark);
-        entries << (mark < 0 ? text : text.left(mark));
-        if (mark < 0) closers << u'/' + text;
+        const ReferenceNode& node = references.Node(child);
+        if (node.kind != NodeKind::Element) continue;
+        entries << node.name;
+        if (!node.empty) closers << u'/' + node.name;
     }
     return entries + closers;
 }
 
 int FindElement(const ReferenceTree& references, int root, const QString& name) {
-    const QString key = u' ' + name + u' ';
     const auto& children = references.Node(root).children;
     const auto found = std::ranges::find_if(children, [&](int child) {
-        return (u' ' + references.Node(child).text + u' ').contains(key, Qt::CaseInsensitive);
+        const ReferenceNode& node = references.Node(child);
+        return node.kind == NodeKind::Element && node.name.compare(name, Qt::CaseInsensitive) == 0;
     });
     return found == children.end() ? 0 : *found;
 }

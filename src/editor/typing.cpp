@@ -285,16 +285,10 @@ bool TypingAssist::ShowsEntities() const {
 
 void TypingAssist::LoadEntities() {
     const ReferenceTree& tree = bench_.References();
-    const auto& roots = tree.Roots();
-    const auto sets =
-        std::ranges::find_if(roots, [&](int root) { return tree.Node(root).text == QLatin1String("Character Sets"); });
     QListWidget& list = *document_.cmbattr;
     QStringList entities;
-    if (sets != roots.end()) {
-        const int end = sets + 1 == roots.end() ? tree.Count() + 1 : *(sets + 1);
-        for (int index = *sets; index < end; ++index) {
-            if (const QString& text = tree.Node(index).text; text.startsWith(u'&')) entities << text;
-        }
+    for (int index = 1; index <= tree.Count(); ++index) {
+        if (tree.Node(index).kind == NodeKind::Character) entities << Caption(tree.Node(index));
     }
     FillList(list, entities);
     document_.ShowPopup(list);

@@ -30,7 +30,7 @@ QString TagAround(const EditSurface& surface, int tagPos) {
 void ShowTags(Document& document, const ReferenceTree& references) {
     const int root = references.ActiveRoot();
     if (root == 0) return;
-    const QString& rootName = references.Node(root).text;
+    const QString& rootName = references.Node(root).name;
     QListWidget& list = *document.cmbTags;
     if (ListTag(&list) != rootName) {
         FillList(list, TagEntries(references, root));
@@ -49,13 +49,16 @@ void ShowAttributes(Workbench& bench, Document& document, const QString& name) {
     if (element == 0) return bench.HideAttr();
     const ReferenceNode& node = references.Node(element);
     QListWidget& list = *document.cmbattr;
-    if (ListTag(&list) != node.text) {
+    if (ListTag(&list) != node.name) {
         QStringList attributes;
-        for (const int attribute : node.children) attributes << references.Node(attribute).text;
+        for (const int child : node.children) {
+            const ReferenceNode& attribute = references.Node(child);
+            if (attribute.kind == NodeKind::Attribute) attributes << Caption(attribute);
+        }
         FillList(list, attributes);
     }
     if (list.count() == 0) return bench.HideAttr();
-    SetListTag(&list, node.text);
+    SetListTag(&list, node.name);
     document.ShowPopup(list);
 }
 

@@ -36,11 +36,11 @@ constexpr std::array<TypeFile, 3> entities{{{"Latin Characters", "xhtml-lat1.ent
                                             {"Symbol Characters", "xhtml-symbol.ent"},
                                             {"Special Characters", "xhtml-special.ent"}}};
 
-// Runs a stretch whose failure only ends the stretch.
-template <typename Stretch>
-void Guarded(const Stretch& stretch) {
+// Runs a part of the building whose failure ends only that part.
+template <typename Part>
+void Guarded(const Part& part) {
     try {
-        stretch();
+        part();
     } catch (const ReadingFailed&) {
         return;
     } catch (const std::out_of_range&) {
@@ -88,7 +88,7 @@ void AddDocumentTypes(ReferenceTree& tree, const SettingsStore& settings, const 
 
 void AddCharacterSets(ReferenceTree& tree, const QString& folder) {
     int index = tree.Count();
-    tree.AddRoot(QStringLiteral("Character Sets"));
+    tree.AddRoot(NodeKind::Text, QStringLiteral("Character Sets"));
     int parentIndex = ++index;
     Guarded([&] {
         for (const TypeFile& set : entities) {
@@ -98,16 +98,16 @@ void AddCharacterSets(ReferenceTree& tree, const QString& folder) {
 }
 
 void AddVocabulary(ReferenceTree& tree, const QString& title, const std::vector<VocabularyGroup>& groups) {
-    const int root = tree.AddRoot(title);
+    const int root = tree.AddRoot(NodeKind::Text, title);
     for (const VocabularyGroup& group : groups) {
-        const int relative = AddNoder(tree, root, group.name);
-        for (const QString& item : group.items) AddNoder(tree, relative, item);
+        const int relative = tree.AddNoder(root, NodeKind::Text, group.name);
+        for (const QString& item : group.items) tree.AddNoder(relative, group.kind, item);
     }
 }
 
-void AddList(ReferenceTree& tree, const QString& title, const QStringList& items) {
-    const int root = tree.AddRoot(title);
-    for (const QString& item : items) AddNoder(tree, root, item);
+void AddList(ReferenceTree& tree, NodeKind kind, const QString& title, const QStringList& items) {
+    const int root = tree.AddRoot(kind, title);
+    for (const QString& item : items) tree.AddNoder(root, NodeKind::Text, item);
 }
 
 // The locale's long time without the name of the time zone, which some put between brackets.
@@ -122,10 +122,6 @@ QString LongTime(const QTime& time, const QLocale& locale) {
 }
 
 }  // namespace
-
-int AddNoder(ReferenceTree& tree, int relative, const QString& text) {
-    return tree.AddChild(relative, text);
-}
 
 void AddTags(ReferenceTree& tree, const SettingsStore& settings, const QString& dtdFolder, const CaptionHook& caption) {
     tree.Clear();
@@ -149,9 +145,9 @@ void AddTags5(ReferenceTree& tree, const SettingsStore& settings, int& index) {
 }
 
 void AddTags4(ReferenceTree& tree, const SettingsStore& settings, int& index) {
-    AddList(tree, QStringLiteral("Date/Time"), {"1", "2", "3", "4", "5", "6", "7"});
-    AddList(tree, QStringLiteral("Emoticons"), Emoticons());
-    AddList(tree, QStringLiteral("Custom List"),
+    AddList(tree, NodeKind::Dates, QStringLiteral("Date/Time"), {"1", "2", "3", "4", "5", "6", "7"});
+    AddList(tree, NodeKind::Text, QStringLiteral("Emoticons"), Emoticons());
+    AddList(tree, NodeKind::Text, QStringLiteral("Custom List"),
             ReadListSetting(settings, keys::customTagsCount, keys::customTagsEntry).value_or(QStringList()));
     index = tree.Count();
 }

@@ -18,13 +18,10 @@ class SettingsStore;
 void AddTags(ReferenceTree& tree, const SettingsStore& settings, const QString& dtdFolder,
              const CaptionHook& caption = {});
 
-// The branches behind the character sets; each adds those of the next. `index` is afterwards that of the last node.
+// The branches after the character sets; each adds those of the next. `index` is afterwards that of the last node.
 void AddTags3(ReferenceTree& tree, const SettingsStore& settings, int& index);  // JScript
 void AddTags5(ReferenceTree& tree, const SettingsStore& settings, int& index);  // VBScript
 void AddTags4(ReferenceTree& tree, const SettingsStore& settings, int& index);  // dates, emoticons, own tags
-
-// A child of the node `relative`. Answers its index.
-int AddNoder(ReferenceTree& tree, int relative, const QString& text);
 
 // A moment in the seven named formats: general date, long, medium and short date, long, medium and short time.
 [[nodiscard]] QStringList DateTimeTexts(const QDateTime& moment, const QLocale& locale);

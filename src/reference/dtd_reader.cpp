@@ -121,7 +121,7 @@ void DtdReading::AddDocumentType() {
         if (const auto end = FirstFrom(pos, text, u'>')) docType = UpTo(text, pos + 1, end).toString();
     }
     if (docType == none) return;
-    tree_.AddChild(parentIndex_, docType + emptyElementMark);
+    tree_.AddElement(parentIndex_, docType, true);
     CountNodes(1);
 }
 
@@ -160,12 +160,12 @@ DtdReading::Tag DtdReading::ReadTag(qsizetype pos, qsizetype end) {
 }
 
 void DtdReading::AddElement(const Tag& tag) {
-    tree_.AddChild(parentIndex_, IsEmptyElement(tag) ? tag.name + emptyElementMark : tag.name);
+    tree_.AddElement(parentIndex_, tag.name, IsEmptyElement(tag));
     text_.EndAttlistHeads(tag.key);
     qsizetype count = 0;
     if (std::optional<QString> attText = text_.Attlist(tag.key)) {
         for (const QString& attribute : AttributeNames(ExpandedAttlist(std::move(*attText)))) {
-            tree_.AddChild(nodeIndex_, attribute + '=');
+            tree_.AddNoder(nodeIndex_, NodeKind::Attribute, attribute);
             if (++count > greatestNodeIndex) throw ReadingFailed("too many attributes");
         }
     }
@@ -198,14 +198,14 @@ void ReadBranch(ReferenceTree& tree, int& nodeIndex, const QString& text, int pa
 
 int AddDtDText(ReferenceTree& tree, int& nodeIndex, const QString& dtdText, int parentIndex, const QString& title,
                const CaptionHook& caption) {
-    tree.AddRoot(title, QStringLiteral("DTD"));
+    tree.AddRoot(NodeKind::DocumentType, title);
     ReadBranch(tree, nodeIndex, dtdText, parentIndex, caption);
     return nodeIndex;
 }
 
 int AddDtD(ReferenceTree& tree, int& nodeIndex, const QString& dtdPath, int parentIndex, const QString& title,
            const CaptionHook& caption) {
-    tree.AddRoot(title, QStringLiteral("DTD"));
+    tree.AddRoot(NodeKind::DocumentType, title);
     const std::optional<LoadedText> loaded = ReadTextFile(dtdPath);
     if (!loaded) throw ReadingFailed("the file can't be read");
     ReadBranch(tree, nodeIndex, loaded->text, parentIndex, caption);

@@ -58,6 +58,17 @@ Entity ReadEntity(QStringView text, qsizetype pos, qsizetype end) {
     return {rest.first(nameEnd - rest.begin()).toString(), UpTo(text, firstQuote + 1, lastQuote).toString()};
 }
 
+// The value, or the character when that is a number below 256.
+QString ShownAs(const Entity& entity) {
+    QString shown = entity.value;
+    if (shown.startsWith('&')) {
+        const double code = LeadingNumber(Stretch(shown, 3, shown.size() - 3));
+        if (code < 256) shown = CharacterOf(code);
+    }
+    // Declared by a double escape, whose outer number is that of the ampersand.
+    return entity.name == QLatin1String("lt") ? QStringLiteral("<") : shown;
+}
+
 void ReadCharacters(ReferenceTree& tree, int& nodeIndex, const QString& text) {
     const int title = nodeIndex + 1;
     int count = 0;
@@ -65,7 +76,7 @@ void ReadCharacters(ReferenceTree& tree, int& nodeIndex, const QString& text) {
     while (pos != 0) {
         const qsizetype end = FirstFrom(pos, text, u'>');
         const Entity entity = ReadEntity(text, pos, end);
-        tree.AddChild(title, EntityNodeText(entity.name, entity.value));
+        tree.AddCharacter(title, entity.name, ShownAs(entity));
         pos = NextEntity(text, end);
         if (++count > greatestNodeIndex - title) throw ReadingFailed("too many nodes");
     }
@@ -74,26 +85,14 @@ void ReadCharacters(ReferenceTree& tree, int& nodeIndex, const QString& text) {
 
 }  // namespace
 
-QString EntityNodeText(const QString& name, const QString& value) {
-    constexpr qsizetype pad = 10;
-    QString shown = value;
-    if (value.startsWith('&')) {
-        const double code = LeadingNumber(Stretch(value, 3, value.size() - 3));
-        if (code < 256) shown = CharacterOf(code);
-    }
-    // Declared by a double escape, whose outer number is that of the ampersand.
-    if (name == QLatin1String("lt")) shown = '<';
-    return '&' + name + ';' + QString(std::max<qsizetype>(pad - name.size(), 0), ' ') + shown;
-}
-
 int AddEntText(ReferenceTree& tree, int& nodeIndex, const QString& entText, int parentIndex, const QString& title) {
-    tree.AddChild(parentIndex, title);
+    tree.AddNoder(parentIndex, NodeKind::CharacterSet, title);
     ReadCharacters(tree, nodeIndex, entText);
     return nodeIndex - 1;
 }
 
 int AddEnt(ReferenceTree& tree, int& nodeIndex, const QString& entPath, int parentIndex, const QString& title) {
-    tree.AddChild(parentIndex, title);
+    tree.AddNoder(parentIndex, NodeKind::CharacterSet, title);
     const std::optional<LoadedText> loaded = ReadTextFile(entPath);
     if (!loaded) throw ReadingFailed("the file can't be read");
     ReadCharacters(tree, nodeIndex, loaded->text);

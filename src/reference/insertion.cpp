@@ -8,25 +8,26 @@ namespace vellum {
 Insertion PlanInsertion(const ReferenceTree& tree, int index, const QString& selection) {
     const ReferenceNode& node = tree.Node(index);
     if (node.parent == 0) return {};
-    const ReferenceNode& parent = tree.Node(node.parent);
-    const QString& text = node.text;
-    const auto isUnder = [&](const char* name) { return parent.text == QLatin1String(name); };
-    if (isUnder("Methods") || isUnder("Functions")) return {InsertionKind::Call, text + QLatin1String("()")};
-    if (isUnder("Emoticons") || isUnder("Date/Time") || isUnder("Custom List")) return {InsertionKind::Text, text};
-    if (text.contains(u'=')) return {InsertionKind::Attribute, text + QLatin1String("\"\"")};
-    if (parent.tag == QLatin1String("DTD")) {
-        if (!text.contains(QLatin1String("EMPTY"))) {
-            const QString markup = u'<' + text + u'>' + selection + QLatin1String("</") + text + u'>';
-            return {InsertionKind::Element, markup};
-        }
-        // An element may have the word for a name, without the mark.
-        if (text.size() < emptyElementMark.size()) return {};
-        return {InsertionKind::Element, u'<' + text.chopped(emptyElementMark.size()) + QLatin1String(" />")};
+    const QString& name = node.name;
+    switch (node.kind) {
+        case NodeKind::Call:
+            return {InsertionKind::Call, name + QLatin1String("()")};
+        case NodeKind::Attribute:
+            return {InsertionKind::Attribute, name + QLatin1String("=\"\"")};
+        case NodeKind::Element:
+            // One that hangs elsewhere, as after a reading that failed, is but a word.
+            if (tree.Node(node.parent).kind != NodeKind::DocumentType) return {InsertionKind::Text, Caption(node)};
+            if (node.empty) return {InsertionKind::Element, u'<' + name + QLatin1String(" />")};
+            return {InsertionKind::Element, u'<' + name + u'>' + selection + QLatin1String("</") + name + u'>'};
+        case NodeKind::Character:
+            // The longest names, with no blank after them, have never gone in.
+            if (name.size() >= characterColumn) return {};
+            return {InsertionKind::Text, u'&' + name + u';'};
+        case NodeKind::CharacterSet:
+            return {};
+        default:
+            return {InsertionKind::Text, name};
     }
-    if (isUnder("Character Sets")) return {};
-    if (!text.startsWith(u'&')) return {InsertionKind::Text, text};
-    const auto blank = text.indexOf(u' ');
-    return blank < 0 ? Insertion() : Insertion{InsertionKind::Text, text.left(blank)};
 }
 
 void RunInsertion(Workbench& bench, const Insertion& insertion) {

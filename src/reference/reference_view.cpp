@@ -45,8 +45,10 @@ public:
         if (!index.isValid()) return {};
         const ReferenceNode& node = tree->Node(NodeOf(index));
         switch (role) {
-            case Qt::DisplayRole:
-                return node.text.contains(u'\n') ? node.text.simplified() : node.text;
+            case Qt::DisplayRole: {
+                const QString caption = Caption(node);
+                return caption.contains(u'\n') ? caption.simplified() : caption;
+            }
             case Qt::AccessibleDescriptionRole:
                 return node.bold ? ReferenceView::tr("Active document type") : QString();
             case Qt::FontRole:
@@ -158,10 +160,9 @@ bool ReferenceView::viewportEvent(QEvent* event) {
 }
 
 bool ReferenceView::IsCut(const QModelIndex& index) const {
-    const QString& text = tree_->Node(NodeOf(index)).text;
     const QRect place = visualRect(index);
     const int seen = std::min(place.right(), viewport()->rect().right()) + 1 - place.left();
-    return text.contains(u'\n') || sizeHintForIndex(index).width() > seen;
+    return Caption(tree_->Node(NodeOf(index))).contains(u'\n') || sizeHintForIndex(index).width() > seen;
 }
 
 void ReferenceView::ShowCutText(const QHelpEvent& event) {
@@ -171,7 +172,7 @@ void ReferenceView::ShowCutText(const QHelpEvent& event) {
         return;
     }
     // Own tags look like formatted text and must not be taken for it.
-    const QString text = tree_->Node(NodeOf(index)).text.toHtmlEscaped();
+    const QString text = Caption(tree_->Node(NodeOf(index))).toHtmlEscaped();
     QToolTip::showText(event.globalPos(), QLatin1String("<p style='white-space:pre'>") + text + QLatin1String("</p>"),
                        viewport(), visualRect(index));
 }
@@ -193,26 +194,20 @@ void ReferenceView::Run(const QModelIndex& index) {
 
 void ReferenceView::RefreshDates(const QModelIndex& index) {
     const ReferenceNode& node = tree_->Node(NodeOf(index));
-    if (node.text != QLatin1String("Date/Time") || node.children.empty()) return;
+    if (node.kind != NodeKind::Dates || node.children.empty()) return;
     const QStringList texts = DateTimeTexts(QDateTime::currentDateTime(), QLocale::system());
     for (std::size_t row = 0; row < node.children.size(); ++row) {
-        tree_->SetText(node.children[row], texts.value(static_cast<qsizetype>(row)));
+        tree_->SetName(node.children[row], texts.value(static_cast<qsizetype>(row)));
     }
     model_->ReportChange(IndexOf(node.children.front()), IndexOf(node.children.back()));
 }
 
-// Only document types stand before the character sets.
 void ReferenceView::MakeActive(const QModelIndex& index) {
     const int chosen = NodeOf(index);
-    if (chosen == 0 || tree_->Node(chosen).parent != 0) return;
-    std::vector<int> types;
-    for (const int root : tree_->Roots()) {
-        if (tree_->Node(root).text == QLatin1String("Character Sets")) break;
-        types.push_back(root);
-    }
-    if (types.empty() || chosen > types.back()) return;
-    for (const int type : types) tree_->SetBold(type, type == chosen);
-    model_->ReportChange(IndexOf(types.front()), IndexOf(types.back()));
+    if (chosen == 0 || tree_->Node(chosen).kind != NodeKind::DocumentType) return;
+    const std::vector<int>& roots = tree_->Roots();
+    for (const int root : roots) tree_->SetBold(root, root == chosen);
+    model_->ReportChange(IndexOf(roots.front()), IndexOf(roots.back()));
     bench_->HideAttr();  // an open popup offers what the other type had
 }
 

@@ -7,22 +7,24 @@ namespace {
 
 struct GroupText {
     const char* name;
+    NodeKind kind;
     const char* items;  // with ", " between them
 };
 
 std::vector<VocabularyGroup> Groups(std::span<const GroupText> texts) {
     std::vector<VocabularyGroup> groups;
     for (const GroupText& text : texts) {
-        groups.push_back({QString::fromLatin1(text.name), QString::fromLatin1(text.items).split(QLatin1String(", "))});
+        const QStringList items = QString::fromLatin1(text.items).split(QLatin1String(", "));
+        groups.push_back({QString::fromLatin1(text.name), text.kind, items});
     }
     return groups;
 }
 
 constexpr GroupText jScript[] = {
-    {"Functions",
+    {"Functions", NodeKind::Call,
      "GetObject, ScriptEngine, ScriptEngineBuildVersion, ScriptEngineMajorVersion, "
      "ScriptEngineMinorVersion"},
-    {"Methods",
+    {"Methods", NodeKind::Call,
      "abs, acos, anchor, asin, atan, atan2, atEnd, big, blink, bold, ceil, charAt, charCodeAt, "
      "compile, concat, cos, dimensions, escape, eval, exec, exp, fixed, floor, fontcolor, fontsize, "
      "fromCharCode, getDate, getDay, getFullYear, getHours, getItem, getMilliseconds, getMinutes, "
@@ -35,21 +37,21 @@ constexpr GroupText jScript[] = {
      "setYear, sin, slice, small, sort, split, sqrt, strike, sub, substr, substring, sup, tan, test, "
      "toArray, toGMTString, toLocaleString, toLowerCase, toString, toUpperCase, toUTCString, ubound, "
      "unescape, UTC, ValueOf"},
-    {"Objects",
+    {"Objects", NodeKind::Text,
      "ActiveXObject, Array, Boolean, Date, Dictionary, toArray, Enumerator, Error, FileSystemObject, "
      "Function, Global, Math, Number, Object, RegExp, RegularExpression, String, VBArray"},
-    {"Properties",
+    {"Properties", NodeKind::Text,
      "$1...$9, arguments, caller, constructor, description, E, index, Infinity, input, lastIndex, "
      "length, LN2, LN10, LOG2E, LOG10E, MAX, MIN, NaN, NEGATIVE_INFINITY, number, PI, "
      "POSITIVE_INFINITY, prototype, source, SQRT1_2, SQRT2"},
-    {"Statements",
+    {"Statements", NodeKind::Text,
      "break, catch, @cc_on, //, /* .. */, continue, do ... while, for, for ... in, function, @if, if "
      "... else, Labeled, return, @set, switch, this, throw, try, var, while, with"},
 };
 
 constexpr GroupText vbScript[] = {
-    {"Events", "Initialize, Terminate"},
-    {"Functions",
+    {"Events", NodeKind::Text, "Initialize, Terminate"},
+    {"Functions", NodeKind::Call,
      "Abs, Array, Asc, Atn, CBool, CByte, CCur, CDate, CDbl, Chr, CInt, CLng, Cos, CreateObject, CSng, "
      "CStr, Date, DateAdd, DateDiff, DatePart, DateSerial, DateValue, Day, Eval, Exp, Filter, Fix, "
      "FormatCurrency, FormatDateTime, FormatNumber, FormatPercent, GetObject, GetRef, Hex, Hour, "
@@ -59,12 +61,12 @@ constexpr GroupText vbScript[] = {
      "ScriptEngineMajorVersion, ScriptEngineMinorVersion, Second, Sgn, Sin, Space, Split, Sqr, "
      "StrComp, String, StrReverse, Tan, Time, Timer, TimeSerial, TimeValue, Trim, TypeName, UBound, "
      "UCase, VarType, Weekday, WeekdayName, Year"},
-    {"Methods", "Clear, Execute, Raise, Replace, Test"},
-    {"Objects", "Class, Dictionary, Err, FileSystemObject, Match, Matches, RegExp"},
-    {"Properties",
+    {"Methods", NodeKind::Call, "Clear, Execute, Raise, Replace, Test"},
+    {"Objects", NodeKind::Text, "Class, Dictionary, Err, FileSystemObject, Match, Matches, RegExp"},
+    {"Properties", NodeKind::Text,
      "Description, FirstIndex, Global, HelpContext, HelpFile, IgnoreCase, Length, Number, Pattern, "
      "Source, Value"},
-    {"Statements",
+    {"Statements", NodeKind::Text,
      "Call, Class, Const, Dim, Do ... Loop, Erase, Execute, Exit, For ... Next, For Each ... Next, "
      "Function, If ... Then ... Else, On Error, Option Explicit, Private, PropertyGet, PropertyLet, "
      "PropertySet, Public, Randomize, Redim, Rem, Select Case, Set, Sub, While ... Wend, With"},

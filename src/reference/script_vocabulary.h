@@ -1,6 +1,8 @@
 // The words of the script languages, and the emoticons, that the reference tree lists.
 #pragma once
 
+#include "editor/reference_tree.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -10,6 +12,7 @@ namespace vellum {
 
 struct VocabularyGroup {
     QString name;
+    NodeKind kind = NodeKind::Text;  // of its items
     QStringList items;
 };
 

@@ -16,23 +16,23 @@ namespace vellum::test {
 // XHTML with a few elements as the active document type, entities, and another document type.
 inline void FillReferences(ReferenceTree& tree) {
     tree.Clear();
-    const int xhtml = tree.AddRoot("XHTML1 Transitional", "DTD");
+    const int xhtml = tree.AddRoot(NodeKind::DocumentType, "XHTML1 Transitional");
     tree.SetBold(xhtml, true);
-    tree.AddChild(xhtml, "!DOCTYPE html\r\n PUBLIC \"-//X//EN\"" + emptyElementMark);
-    const int anchor = tree.AddChild(xhtml, "a");
-    for (const char* name : {"class=", "href=", "hreflang=", "title="}) tree.AddChild(anchor, name);
-    const int lineBreak = tree.AddChild(xhtml, "br" + emptyElementMark);
-    tree.AddChild(lineBreak, "id=");
-    const int image = tree.AddChild(xhtml, "img" + emptyElementMark);
-    tree.AddChild(image, "src=");
-    tree.AddChild(xhtml, "table");
-    tree.AddChild(xhtml, "tbody");
-    const int smil = tree.AddRoot("SMIL 1.0", "DTD");
-    tree.AddChild(smil, "par");
-    const int sets = tree.AddRoot("Character Sets");
-    const int latin = tree.AddChild(sets, "Latin Characters");
-    for (const char* name : {"&aacute;    x", "&nbsp;      y", "&Nu;        z"}) tree.AddChild(latin, name);
-    tree.AddRoot("Date/Time");
+    tree.AddElement(xhtml, "!DOCTYPE html\r\n PUBLIC \"-//X//EN\"", true);
+    const int anchor = tree.AddElement(xhtml, "a", false);
+    for (const char* name : {"class", "href", "hreflang", "title"}) tree.AddNoder(anchor, NodeKind::Attribute, name);
+    tree.AddNoder(tree.AddElement(xhtml, "br", true), NodeKind::Attribute, "id");
+    tree.AddNoder(tree.AddElement(xhtml, "img", true), NodeKind::Attribute, "src");
+    tree.AddElement(xhtml, "table", false);
+    tree.AddElement(xhtml, "tbody", false);
+    const int smil = tree.AddRoot(NodeKind::DocumentType, "SMIL 1.0");
+    tree.AddElement(smil, "par", false);
+    const int sets = tree.AddRoot(NodeKind::Text, "Character Sets");
+    const int latin = tree.AddNoder(sets, NodeKind::CharacterSet, "Latin Characters");
+    tree.AddCharacter(latin, "aacute", "x");
+    tree.AddCharacter(latin, "nbsp", "y");
+    tree.AddCharacter(latin, "Nu", "z");
+    tree.AddRoot(NodeKind::Dates, "Date/Time");
 }
 
 class EditorFixture : public testing::Test {

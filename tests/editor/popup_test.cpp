@@ -114,7 +114,7 @@ TEST_F(PopupTest, AClosingFormTakesThePlaceOfWhatWasTypedOfIt) {
 
 TEST_F(PopupTest, ATypeWithoutElementsOffersTheCommentAlone) {
     workbench.references.Clear();
-    workbench.references.SetBold(workbench.references.AddRoot("Bare", "DTD"), true);
+    workbench.references.SetBold(workbench.references.AddRoot(NodeKind::DocumentType, "Bare"), true);
     Put("|");
     Type("<");
     EXPECT_EQ(Entries(document.cmbTags), QStringList{"!--"});

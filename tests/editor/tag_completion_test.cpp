@@ -52,6 +52,16 @@ TEST_F(CompletedTagTest, LeavesOtherElementsOpen) {
     }
 }
 
+TEST_F(CompletedTagTest, GoesByTheWholeName) {
+    const int root = references.AddRoot(NodeKind::DocumentType, "Type");
+    references.AddElement(root, "!DOCTYPE page PUBLIC", true);
+    references.AddElement(root, "", true);
+    references.AddElement(root, "Box", true);
+    references.SetBold(1, false);
+    references.SetBold(root, true);
+    for (const char* tag : {"<page>", "< br>", "<Box>"}) EXPECT_EQ(CompletedTag(tag, both, references), tag);
+}
+
 TEST_F(CompletedTagTest, ClosesNothingWithoutAnActiveDocumentType) {
     references.SetBold(1, false);
     EXPECT_EQ(CompletedTag("<br>", both, references), "<br>");

@@ -79,15 +79,25 @@ TEST(TagEntries, HoldElementsThenClosingForms) {
                                                 "table", "tbody", "/a", "/table", "/tbody"}));
 }
 
-TEST(FindElement, GoesByTheWordInAnyCase) {
+TEST(TagEntries, AreElementsAlone) {
+    ReferenceTree tree;
+    const int root = tree.AddRoot(NodeKind::DocumentType, "Type");
+    tree.AddElement(root, "EMPTY", false);
+    tree.AddNoder(root, NodeKind::Attribute, "id");
+    EXPECT_EQ(TagEntries(tree, root), (QStringList{"!--", "EMPTY", "/EMPTY"}));
+}
+
+TEST(FindElement, GoesByTheNameInAnyCase) {
     ReferenceTree tree;
     test::FillReferences(tree);
-    EXPECT_EQ(tree.Node(FindElement(tree, 1, "a")).text, "a");
-    EXPECT_EQ(tree.Node(FindElement(tree, 1, "BR")).text, "br" + emptyElementMark);
-    EXPECT_EQ(tree.Node(FindElement(tree, 1, "tAble")).text, "table");
+    EXPECT_EQ(tree.Node(FindElement(tree, 1, "a")).name, "a");
+    EXPECT_EQ(tree.Node(FindElement(tree, 1, "BR")).name, "br");
+    EXPECT_EQ(tree.Node(FindElement(tree, 1, "tAble")).name, "table");
     EXPECT_EQ(FindElement(tree, 1, "tab"), 0);
     EXPECT_EQ(FindElement(tree, 1, "html"), 0);
     EXPECT_EQ(FindElement(tree, 1, "par"), 0);
+    EXPECT_EQ(FindElement(tree, 1, "empty"), 0);
+    EXPECT_EQ(FindElement(tree, 1, ""), 0);
 }
 
 TEST(PopupPlace, StandsBelowTheCaret) {

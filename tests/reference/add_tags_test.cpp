@@ -2,6 +2,7 @@
 
 #include "reference/script_vocabulary.h"
 #include "settings/settings_keys.h"
+#include "tests/reference/tree_text.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -9,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace vellum {
 namespace {
@@ -25,14 +27,10 @@ protected:
 
     [[nodiscard]] QStringList RootTexts() const {
         QStringList texts;
-        for (const int root : tree.Roots()) texts << tree.Node(root).text;
+        for (const int root : tree.Roots()) texts << tree.Node(root).name;
         return texts;
     }
-    [[nodiscard]] QStringList ChildTexts(int node) const {
-        QStringList texts;
-        for (const int child : tree.Node(node).children) texts << tree.Node(child).text;
-        return texts;
-    }
+    [[nodiscard]] QStringList ChildTexts(int node) const { return test::ChildTexts(tree, node); }
     [[nodiscard]] int Root(const QString& text) const {
         return tree.Roots().at(static_cast<std::size_t>(RootTexts().indexOf(text)));
     }
@@ -61,8 +59,6 @@ TEST_F(AddTagsTest, OnlyTheFirstRootIsBold) {
                fixedRoots));
     for (const int root : tree.Roots()) EXPECT_EQ(tree.Node(root).bold, root == 1) << root;
     EXPECT_EQ(tree.ActiveRoot(), 1);
-    EXPECT_EQ(tree.Node(1).tag, "DTD");
-    EXPECT_EQ(tree.Node(Root("Character Sets")).tag, "");
 }
 
 TEST_F(AddTagsTest, TheSettingsChooseTheDocumentTypes) {
@@ -112,7 +108,7 @@ TEST_F(AddTagsTest, ACountThatLagsHangsTheNextTypeElsewhere) {
     Write("smil.dtd", "<!ELEMENT par ANY>\n");
     Build();
     EXPECT_EQ(ChildTexts(1), QStringList{"a"});
-    EXPECT_EQ(tree.Node(3).text, "SMIL 1.0");
+    EXPECT_EQ(tree.Node(3).name, "SMIL 1.0");
     EXPECT_TRUE(tree.Node(3).children.empty());
     EXPECT_EQ(ChildTexts(2), QStringList{"par"});
     EXPECT_EQ(ChildTexts(Root("Character Sets")), QStringList{"Latin Characters"}) << "the count is taken anew there";
@@ -147,7 +143,7 @@ TEST_F(AddTagsTest, WithoutAFolderOnlyTheRootsStand) {
     ASSERT_TRUE(QDir::setCurrent(folder.path()));
     AddTags(tree, settings, {});
     QDir::setCurrent(before);
-    EXPECT_EQ(tree.Node(1).text, "XHTML1 Transitional");
+    EXPECT_EQ(tree.Node(1).name, "XHTML1 Transitional");
     EXPECT_TRUE(tree.Node(1).children.empty());
 }
 
@@ -202,13 +198,43 @@ TEST_F(AddTagsTest, NoWordOfTheScriptsIsMissingOrMisspelt) {
     const auto groups = [this](const QString& root) {
         QStringList lines;
         for (const int group : tree.Node(Root(root)).children) {
-            lines << tree.Node(group).text + ": " + ChildTexts(group).join(", ");
+            lines << tree.Node(group).name + ": " + ChildTexts(group).join(", ");
         }
         return lines;
     };
     EXPECT_EQ(digest(groups("JScript 5.0 Language")), "49263ee96b68dddcdd1dd13d54c6874d45aac9cb");
     EXPECT_EQ(digest(groups("VBScript 5.0 Language")), "32109f7399df0c80dae25da14eb9753bcbba0191");
     EXPECT_EQ(digest(ChildTexts(Root("Emoticons"))), "258437dfceeb3340a3fc5384573ad40175ff4d67");
+}
+
+TEST_F(AddTagsTest, NodesTellTheirKind) {
+    Write("xhtml1-transitional.dtd", "<!ELEMENT a ANY>\n");
+    Write("xhtml-lat1.ent", "<!ENTITY a1 \"&#161;\">\n");
+    Set(keys::customTagsCount, "1");
+    Build();
+    const auto kindsUnder = [this](int node) {
+        std::set<NodeKind> kinds;
+        for (const int child : tree.Node(node).children) kinds.insert(tree.Node(child).kind);
+        return kinds;
+    };
+    EXPECT_EQ(tree.Node(1).kind, NodeKind::DocumentType);
+    EXPECT_EQ(kindsUnder(1), std::set{NodeKind::Element});
+    const int sets = Root("Character Sets");
+    EXPECT_EQ(tree.Node(sets).kind, NodeKind::Text);
+    EXPECT_EQ(kindsUnder(sets), std::set{NodeKind::CharacterSet});
+    EXPECT_EQ(kindsUnder(sets + 1), std::set{NodeKind::Character});
+    for (const char* language : {"JScript 5.0 Language", "VBScript 5.0 Language"}) {
+        EXPECT_EQ(kindsUnder(Root(language)), std::set{NodeKind::Text}) << language;
+        for (const int group : tree.Node(Root(language)).children) {
+            const QString& name = tree.Node(group).name;
+            const bool called = name == "Methods" || name == "Functions";
+            EXPECT_EQ(kindsUnder(group), std::set{called ? NodeKind::Call : NodeKind::Text}) << name.toStdString();
+        }
+    }
+    EXPECT_EQ(tree.Node(Root("Date/Time")).kind, NodeKind::Dates);
+    for (const char* list : {"Date/Time", "Emoticons", "Custom List"}) {
+        EXPECT_EQ(kindsUnder(Root(list)), std::set{NodeKind::Text}) << list;
+    }
 }
 
 TEST_F(AddTagsTest, DatesEmoticonsAndOwnTagsComeLast) {

@@ -49,10 +49,25 @@ TEST(DtdReader, AddsARootATypeElementsAndAttributes) {
               "-5 p\n"
               "--6 class=\n"
               "--7 id=");
-    EXPECT_EQ(reading.tree.Node(1).tag, "DTD");
-    EXPECT_EQ(reading.tree.Node(2).tag, "");
     EXPECT_EQ(reading.next, 8);
     EXPECT_EQ(reading.result, 8);
+}
+
+TEST(DtdReader, NodesTellTheirKindAndName) {
+    const Reading reading(
+        "<!-- <!DOCTYPE html> -->\r\n<!ELEMENT a (x)>\r\n<!ATTLIST a\r\n  id ID #IMPLIED>\r\n<!ELEMENT br EMPTY>\r\n");
+    const auto expect = [&](int index, NodeKind kind, const QString& name, bool empty) {
+        const ReferenceNode& node = reading.tree.Node(index);
+        EXPECT_EQ(node.kind, kind) << index;
+        EXPECT_EQ(node.name, name) << index;
+        EXPECT_EQ(node.empty, empty) << index;
+    };
+    ASSERT_EQ(reading.tree.Count(), 5);
+    expect(1, NodeKind::DocumentType, "Title", false);
+    expect(2, NodeKind::Element, "!DOCTYPE html", true);
+    expect(3, NodeKind::Element, "a", false);
+    expect(4, NodeKind::Attribute, "id", false);
+    expect(5, NodeKind::Element, "br", true);
 }
 
 TEST(DtdReader, TypeLineIsOptional) {
@@ -281,7 +296,7 @@ TEST(DtdReader, EntityThatHoldsItselfEndsTheReading) {
 TEST(DtdReader, AttributesGoToTheCountedNode) {
     // The caller's count lags by one, so the attributes of an element hang under the node before it.
     ReferenceTree tree;
-    tree.AddRoot("Before");
+    tree.AddRoot(NodeKind::Text, "Before");
     int next = 2;
     AddDtDText(tree, next, "<!ELEMENT a (x)><!ATTLIST a\r\n  id ID #IMPLIED>", 2, "Title");
     EXPECT_EQ(TreeText(tree), "1 Before\n2 Title\n-3 a\n-4 id=");
@@ -320,7 +335,7 @@ TEST(DtdReader, FileThatIsMissingLeavesTheRoot) {
     int next = 2;
     EXPECT_THROW(AddDtD(tree, next, "/nowhere/x.dtd", 1, "Title"), ReadingFailed);
     EXPECT_EQ(TreeText(tree), "1 Title");
-    EXPECT_EQ(tree.Node(1).tag, "DTD");
+    EXPECT_EQ(tree.Node(1).kind, NodeKind::DocumentType);
     EXPECT_EQ(next, 2);
 }
 

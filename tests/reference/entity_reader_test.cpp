@@ -13,7 +13,7 @@ namespace {
 // "Character Sets" at index 1 and one file below it.
 struct Reading {
     explicit Reading(const QString& text, int index = 1, int parent = 1) : next(index) {
-        tree.AddRoot("Character Sets");
+        tree.AddRoot(NodeKind::Text, "Character Sets");
         try {
             result = AddEntText(tree, next, text, parent, "Latin Characters");
         } catch (const ReadingFailed&) {
@@ -30,11 +30,11 @@ struct Reading {
     bool outOfRange = false;
 };
 
-// The text of the node of the one entity that `declaration` declares.
+// The caption of the one entity that `declaration` declares.
 std::string OneNode(const QString& declaration) {
     const Reading reading(declaration);
     EXPECT_EQ(reading.tree.Count(), 3);
-    return reading.tree.Node(reading.tree.Count()).text.toStdString();
+    return Caption(reading.tree.Node(reading.tree.Count())).toStdString();
 }
 
 TEST(EntityReader, NodeShowsReferenceAndCharacter) {
@@ -72,11 +72,11 @@ TEST(EntityReader, NumbersAreReadLeniently) {
     EXPECT_EQ(OneNode("<!ENTITY x \"&#65 and more;\">"), "&x;         A");
     EXPECT_EQ(OneNode("<!ENTITY x \"&#65;66;\">"), "&x;         A");
     // What begins with no number has the code 0.
-    EXPECT_EQ(EntityNodeText("x", "&#xE9;"), "&x;         " + QString(QChar(u'\0')));
-    EXPECT_EQ(EntityNodeText("x", "&amp;"), "&x;         " + QString(QChar(u'\0')));
-    EXPECT_THROW((void)EntityNodeText("x", "&"), ReadingFailed);
-    EXPECT_THROW((void)EntityNodeText("x", "&#-5;"), ReadingFailed);
-    EXPECT_THROW((void)EntityNodeText("x", "&#255.9;"), ReadingFailed);
+    EXPECT_EQ(OneNode("<!ENTITY x \"&#xE9;\">"), "&x;         " + std::string(1, '\0'));
+    EXPECT_EQ(OneNode("<!ENTITY x \"&amp;\">"), "&x;         " + std::string(1, '\0'));
+    for (const char* value : {"&", "&#-5;", "&#255.9;"}) {
+        EXPECT_TRUE(Reading(QString("<!ENTITY x \"%1\">").arg(value)).failed) << value;
+    }
 }
 
 TEST(EntityReader, OtherValuesStayAsTheyAre) {
@@ -85,9 +85,19 @@ TEST(EntityReader, OtherValuesStayAsTheyAre) {
 }
 
 TEST(EntityReader, PadIsNeverNegative) {
-    EXPECT_EQ(EntityNodeText("thetasymb", "q"), "&thetasymb; q");
-    EXPECT_EQ(EntityNodeText("tenletters", "q"), "&tenletters;q");
-    EXPECT_EQ(EntityNodeText("elevenletters", "q"), "&elevenletters;q");
+    EXPECT_EQ(OneNode("<!ENTITY thetasymb \"q\">"), "&thetasymb; q");
+    EXPECT_EQ(OneNode("<!ENTITY tenletters \"q\">"), "&tenletters;q");
+    EXPECT_EQ(OneNode("<!ENTITY elevenletters \"q\">"), "&elevenletters;q");
+}
+
+TEST(EntityReader, NodesTellTheirKindNameAndCharacter) {
+    const Reading reading("<!ENTITY eacute \"&#233;\">");
+    EXPECT_EQ(reading.tree.Node(2).kind, NodeKind::CharacterSet);
+    EXPECT_EQ(reading.tree.Node(2).name, "Latin Characters");
+    const ReferenceNode& character = reading.tree.Node(3);
+    EXPECT_EQ(character.kind, NodeKind::Character);
+    EXPECT_EQ(character.name, "eacute");
+    EXPECT_EQ(character.shown, "é");
 }
 
 TEST(EntityReader, CommentsAreReadLikeAnythingElse) {
@@ -98,8 +108,8 @@ TEST(EntityReader, CommentsAreReadLikeAnythingElse) {
 
 TEST(EntityReader, FilesFollowOneAnotherShortOfTheirTitles) {
     ReferenceTree tree;
-    for (int index = 1; index < 100; ++index) tree.AddRoot("Before");
-    const int sets = tree.AddRoot("Character Sets");
+    for (int index = 1; index < 100; ++index) tree.AddRoot(NodeKind::Text, "Before");
+    const int sets = tree.AddRoot(NodeKind::Text, "Character Sets");
     ASSERT_EQ(sets, 100);
     int next = sets;
     next = AddEntText(tree, next, "<!ENTITY a \"1\"><!ENTITY b \"2\"><!ENTITY c \"3\">", sets, "First");
@@ -113,7 +123,7 @@ TEST(EntityReader, FilesFollowOneAnotherShortOfTheirTitles) {
     EXPECT_EQ(tree.Node(104).children, std::vector<int>({106, 107}));
     EXPECT_EQ(tree.Node(105).children, std::vector<int>());
     EXPECT_EQ(tree.Node(106).children, std::vector<int>({109}));
-    EXPECT_EQ(tree.Node(109).text, "&f;         6");
+    EXPECT_EQ(Caption(tree.Node(109)), "&f;         6");
 }
 
 TEST(EntityReader, CountIsHandedBackOneHigherThanTheResult) {
@@ -149,7 +159,7 @@ TEST(EntityReader, ReadsFiles) {
     file.write("<!ENTITY nbsp   \"&#160;\"> <!-- a space -->\n<!ENTITY iexcl  \"&#161;\">\n");
     file.close();
     ReferenceTree tree;
-    tree.AddRoot("Character Sets");
+    tree.AddRoot(NodeKind::Text, "Character Sets");
     int next = 1;
     EXPECT_EQ(AddEnt(tree, next, file.fileName(), 1, "Latin Characters"), 3);
     EXPECT_EQ(ChildTexts(tree, 2), QStringList({"&nbsp;      \u00A0", "&iexcl;     ¡"}));
@@ -157,7 +167,7 @@ TEST(EntityReader, ReadsFiles) {
 
 TEST(EntityReader, FileThatIsMissingLeavesTheTitle) {
     ReferenceTree tree;
-    tree.AddRoot("Character Sets");
+    tree.AddRoot(NodeKind::Text, "Character Sets");
     int next = 1;
     EXPECT_THROW(AddEnt(tree, next, "/nowhere/x.ent", 1, "Latin Characters"), ReadingFailed);
     EXPECT_EQ(TreeText(tree), "1 Character Sets\n-2 Latin Characters");

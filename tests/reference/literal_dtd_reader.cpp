@@ -64,7 +64,7 @@ private:
             if (const auto end = InStr(d, dtdText_, ">")) docType = Mid(dtdText_, d + 1, end - d - 1);
         }
         if (docType == "!DOCTYPE") return;
-        tree_.AddChild(parentIndex_, docType + "      EMPTY");
+        Add(parentIndex_, docType + "      EMPTY");
         Count(1);
     }
 
@@ -99,7 +99,7 @@ private:
         if (key == "guide" && p == 0 && caption_) caption_("ga");
         const auto end = InStr(p, dtdText_, ">");
         const bool empty = Mid(dtdText_, p, end - p + 2).toUpper().contains("EMPTY");
-        tree_.AddChild(parentIndex_, empty ? name + "      EMPTY" : name);
+        Add(parentIndex_, empty ? name + "      EMPTY" : name);
         if (dtdText_.contains("<!ATTLIST " + key + ' ')) {
             dtdText_.replace("<!ATTLIST " + key + ' ', "<!ATTLIST " + key + "\r\n");
         }
@@ -111,7 +111,7 @@ private:
         int count = 0;
         if (a != 0) {
             for (const QString& attribute : lstAttrs_) {
-                tree_.AddChild(nodeIndex_, attribute + '=');
+                Add(nodeIndex_, attribute + '=');
                 ++count;
             }
         }
@@ -168,6 +168,9 @@ private:
         if (text.size() > maxLength || work_ > maxWork || expansions > maxExpansions) throw ReadingFailed("endless");
     }
 
+    // A node whose caption is written here and not made from its parts.
+    void Add(int parent, const QString& caption) { tree_.AddNoder(parent, NodeKind::Text, caption); }
+
     void Count(int nodes) {
         nodeIndex_ += nodes;
         if (nodeIndex_ > greatestNodeIndex) throw ReadingFailed("overflow");
@@ -188,7 +191,7 @@ private:
 
 int LiteralAddDtD(ReferenceTree& tree, int& nodeIndex, const QString& dtdText, int parentIndex, const QString& title,
                   const CaptionHook& caption) {
-    tree.AddRoot(title, QStringLiteral("DTD"));
+    tree.AddRoot(NodeKind::DocumentType, title);
     nodeIndex = Reading(tree, nodeIndex, dtdText, parentIndex, caption).Run();
     return nodeIndex;
 }

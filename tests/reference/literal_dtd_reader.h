@@ -6,7 +6,7 @@
 
 namespace vellum::test {
 
-// As AddDtDText.
+// As AddDtDText, but for the kinds of the nodes: these have their captions for names.
 int LiteralAddDtD(ReferenceTree& tree, int& nodeIndex, const QString& dtdText, int parentIndex, const QString& title,
                   const CaptionHook& caption = {});
 

@@ -2,23 +2,20 @@
 // against what an XML parser reads from the same files.
 #include "published_lists.h"
 
+#include "editor/tag_popup.h"
 #include "reference/dtd_reader.h"
+#include "tree_text.h"
 #include "vocabulary.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace vellum {
 namespace {
 
+using test::ChildTexts;
+
 QString Shipped(const PublishedList& list) {
     return QStringLiteral(VELLUM_SOURCE_DIR "/data/Dtd/") + list.shipped;
-}
-
-std::vector<QString> ChildTexts(const ReferenceTree& tree, int index) {
-    std::vector<QString> texts;
-    for (const int child : tree.Node(index).children) texts.push_back(tree.Node(child).text);
-    return texts;
 }
 
 // In the order of the tree, which sorts names without regard to case.
@@ -47,29 +44,26 @@ INSTANTIATE_TEST_SUITE_P(Reference, ListedDtd,
                          });
 
 TEST_P(ListedDtd, HasItsElementsInTheTreeWithTheirMarks) {
-    std::vector<QString> expected{GetParam()->declaration + QString(emptyElementMark)};
+    QStringList expected{GetParam()->declaration + QString("      EMPTY")};
     for (const QString& name : Sorted(listed_.keys()))
-        expected.push_back(listed_[name].empty ? name + emptyElementMark : name);
+        expected.append(listed_[name].empty ? name + "      EMPTY" : name);
     EXPECT_EQ(ChildTexts(tree_, 1), expected);
 }
 
 TEST_P(ListedDtd, HasEveryAttributeOnceBelowItsElement) {
     for (const int element : tree_.Node(1).children) {
-        const QString name = tree_.Node(element).text.section(' ', 0, 0);
-        std::vector<QString> expected;
-        for (const QString& attribute : Sorted(listed_[name].attributes)) expected.push_back(attribute + '=');
+        const QString& name = tree_.Node(element).name;
+        QStringList expected;
+        for (const QString& attribute : Sorted(listed_[name].attributes)) expected.append(attribute + '=');
         EXPECT_EQ(ChildTexts(tree_, element), expected) << name.toStdString();
     }
 }
 
 TEST_P(ListedDtd, LetsEveryElementBeFoundByItsName) {
-    const std::vector<QString> texts = ChildTexts(tree_, 1);
     for (const QString& name : listed_.keys()) {
-        const auto found = std::find_if(texts.begin(), texts.end(), [&](const QString& text) {
-            return (' ' + text + ' ').contains(' ' + name + ' ', Qt::CaseInsensitive);
-        });
-        ASSERT_NE(found, texts.end()) << name.toStdString();
-        EXPECT_EQ(found->section(' ', 0, 0), name);
+        const int found = FindElement(tree_, 1, name.toUpper());
+        ASSERT_NE(found, 0) << name.toStdString();
+        EXPECT_EQ(tree_.Node(found).name, name);
     }
 }
 
@@ -91,8 +85,7 @@ TEST(ListedPackage, IsReadWithoutATrace) {
     QString caption;
     AddDtD(tree, nodeIndex, Shipped(openEbookPackage), 1, "The root", [&](const QString& text) { caption = text; });
     EXPECT_EQ(caption, QString());
-    const std::vector<QString> texts = ChildTexts(tree, 1);
-    EXPECT_EQ(std::count(texts.begin(), texts.end(), "guide"), 1);
+    EXPECT_EQ(ChildTexts(tree, 1).count("guide"), 1);
 }
 
 }  // namespace

@@ -21,17 +21,17 @@ namespace {
 class ReferenceViewTest : public testing::Test {
 protected:
     void SetUp() override {
-        tree.AddRoot("XHTML1 Transitional", "DTD");
-        p = tree.AddChild(1, "p");
-        id = tree.AddChild(p, "id=");
-        br = tree.AddChild(1, "br" + emptyElementMark);
-        smil = tree.AddRoot("SMIL 1.0", "DTD");
-        sets = tree.AddRoot("Character Sets");
-        entity = tree.AddChild(tree.AddChild(sets, "Latin Characters"), "&nbsp;      x");
-        script = tree.AddRoot("JScript 5.0 Language");
-        abs = tree.AddChild(tree.AddChild(script, "Methods"), "abs");
-        dates = tree.AddRoot("Date/Time");
-        for (const char* text : {"1", "2", "3", "4", "5", "6", "7"}) tree.AddChild(dates, text);
+        tree.AddRoot(NodeKind::DocumentType, "XHTML1 Transitional");
+        p = tree.AddElement(1, "p", false);
+        id = tree.AddNoder(p, NodeKind::Attribute, "id");
+        br = tree.AddElement(1, "br", true);
+        smil = tree.AddRoot(NodeKind::DocumentType, "SMIL 1.0");
+        sets = tree.AddRoot(NodeKind::Text, "Character Sets");
+        entity = tree.AddCharacter(tree.AddNoder(sets, NodeKind::CharacterSet, "Latin Characters"), "nbsp", "x");
+        script = tree.AddRoot(NodeKind::Text, "JScript 5.0 Language");
+        abs = tree.AddNoder(tree.AddNoder(script, NodeKind::Text, "Methods"), NodeKind::Call, "abs");
+        dates = tree.AddRoot(NodeKind::Dates, "Date/Time");
+        for (const char* text : {"1", "2", "3", "4", "5", "6", "7"}) tree.AddNoder(dates, NodeKind::Text, text);
         tree.SetBold(1, true);
 
         bench.active = &document;
@@ -76,6 +76,8 @@ TEST_F(ReferenceViewTest, ShowsTheNodesAndStartsAtTheFirst) {
     EXPECT_EQ(view.model()->rowCount(), 5);
     EXPECT_EQ(view.NodeOf(view.currentIndex()), 1);
     EXPECT_EQ(view.IndexOf(id).data().toString(), "id=");
+    EXPECT_EQ(view.IndexOf(br).data().toString(), "br      EMPTY");
+    EXPECT_EQ(view.IndexOf(entity).data().toString(), "&nbsp;      x");
     EXPECT_EQ(view.IndexOf(id).parent(), view.IndexOf(p));
     EXPECT_TRUE(view.IndexOf(1).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_FALSE(view.IndexOf(smil).data(Qt::FontRole).isValid());
@@ -142,13 +144,13 @@ TEST_F(ReferenceViewTest, NothingGoesInWithoutADocument) {
 
 TEST_F(ReferenceViewTest, TheDatesAreFreshWhenTheirBranchOpens) {
     view.expand(view.IndexOf(dates));
-    const QString first = tree.Node(dates + 1).text;
+    const QString first = tree.Node(dates + 1).name;
     EXPECT_NE(first, "1");
-    EXPECT_NE(tree.Node(dates + 7).text, "7");
-    tree.SetText(dates + 1, "old");
+    EXPECT_NE(tree.Node(dates + 7).name, "7");
+    tree.SetName(dates + 1, "old");
     view.collapse(view.IndexOf(dates));
     view.expand(view.IndexOf(dates));
-    EXPECT_NE(tree.Node(dates + 1).text, "old");
+    EXPECT_NE(tree.Node(dates + 1).name, "old");
 }
 
 TEST_F(ReferenceViewTest, TheRightButtonMakesADocumentTypeTheActiveOne) {
@@ -196,7 +198,7 @@ TEST_F(ReferenceViewTest, ARefillStartsAtTheFirstNodeAgain) {
     view.setCurrentIndex(view.IndexOf(smil));
     view.BeginRefill();
     tree.Clear();
-    tree.AddRoot("Only");
+    tree.AddRoot(NodeKind::Text, "Only");
     view.EndRefill();
     EXPECT_EQ(view.model()->rowCount(), 1);
     EXPECT_EQ(view.NodeOf(view.currentIndex()), 1);
@@ -206,7 +208,7 @@ TEST_F(ReferenceViewTest, TheModelKeepsTheRulesOfModels) {
     const QAbstractItemModelTester tester(view.model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     view.expandAll();
     view.BeginRefill();
-    tree.AddChild(tree.AddRoot("More"), "one");
+    tree.AddNoder(tree.AddRoot(NodeKind::Text, "More"), NodeKind::Text, "one");
     view.EndRefill();
     view.expandAll();
     EXPECT_EQ(view.model()->rowCount(), 6);
@@ -279,8 +281,8 @@ TEST_F(ReferenceViewTest, ShowsNothingOnceTheTreeHasGone) {
 }
 
 TEST_F(ReferenceViewTest, TextsThatAreCutShowWhole) {
-    const int type = tree.AddRoot("<b>Type</b>\r\n    PUBLIC");
-    const int wide = tree.AddRoot(QString(200, 'w'));
+    const int type = tree.AddRoot(NodeKind::Text, "<b>Type</b>\r\n    PUBLIC");
+    const int wide = tree.AddRoot(NodeKind::Text, QString(200, 'w'));
     view.Show(tree, bench);
     EXPECT_EQ(view.IndexOf(type).data().toString(), "<b>Type</b> PUBLIC");
     const auto tipOver = [this](int node) {

@@ -9,10 +9,10 @@
 
 namespace vellum::test {
 
-// One line a node, in the order of the branches: a dash for each level, the index, the text.
+// One line a node, in the order of the branches: a dash for each level, the index, the caption.
 inline void AppendBranch(QStringList& lines, const ReferenceTree& tree, int index, int depth) {
     const ReferenceNode& node = tree.Node(index);
-    lines << QString(depth, '-') + QString::number(index) + ' ' + node.text;
+    lines << QString(depth, '-') + QString::number(index) + ' ' + Caption(node);
     for (const int child : node.children) AppendBranch(lines, tree, child, depth + 1);
 }
 
@@ -22,17 +22,17 @@ inline void AppendBranch(QStringList& lines, const ReferenceTree& tree, int inde
     return lines.join('\n').toStdString();
 }
 
-// The texts of a node's children.
+// The captions of a node's children.
 [[nodiscard]] inline QStringList ChildTexts(const ReferenceTree& tree, int index) {
     QStringList texts;
-    for (const int child : tree.Node(index).children) texts << tree.Node(child).text;
+    for (const int child : tree.Node(index).children) texts << Caption(tree.Node(child));
     return texts;
 }
 
-// The first node with a text; 0 when there is none.
+// The first node with a caption; 0 when there is none.
 [[nodiscard]] inline int FindNode(const ReferenceTree& tree, const QString& text) {
     for (int index = 1; index <= tree.Count(); ++index) {
-        if (tree.Node(index).text == text) return index;
+        if (Caption(tree.Node(index)) == text) return index;
     }
     return 0;
 }
