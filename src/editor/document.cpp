@@ -2,55 +2,23 @@
 
 #include "editor/tag_popup.h"
 #include "editor/typing.h"
-#include "editor/workbench.h"
 
-#include <QEvent>
-#include <QFrame>
-#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QScrollBar>
-#include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace vellum {
 namespace {
 
-constexpr int popupLeftTwips = 2000;
+constexpr int linesOfContext = 4;  // above the caret's line after a step
 
-// Rows, and pixels.
-constexpr int popupRows = 8;
-constexpr int popupNarrowest = 140;
-constexpr int popupWidest = 320;
-constexpr int popupPadding = 12;
-constexpr int popupSpacing = 1;
-
-QListWidget* MakeList(const QString& name, QFrame* panel) {
-    auto* const list = new QListWidget(panel);
-    list->setObjectName(name);
-    list->setFrameShape(QFrame::NoFrame);
-    // The keyboard stays with the text, whose keys work the list.
-    list->setFocusPolicy(Qt::NoFocus);
-    list->setUniformItemSizes(true);
-    list->setSpacing(popupSpacing);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->hide();
-    panel->layout()->addWidget(list);
-    return list;
-}
-
-QFrame* MakePanel(QWidget* window) {
-    auto* const panel = new QFrame(window);
-    panel->setObjectName(QStringLiteral("picAttr"));
-    panel->setFrameShape(QFrame::StyledPanel);
-    panel->setAutoFillBackground(true);
-    panel->setFocusPolicy(Qt::NoFocus);
-    panel->move(PixelsFromTwips(popupLeftTwips), 0);
-    auto* const rows = new QVBoxLayout(panel);
-    rows->setContentsMargins(0, 0, 0, 0);
-    panel->hide();
-    return panel;
+// An empty text form makes an empty text.
+void Show(EditSurface& surface, const SnapshotText& text, int caret) {
+    if (const auto* const snapshot = std::get_if<EditSurface::Snapshot>(&text)) {
+        surface.Restore(*snapshot);
+    } else {
+        surface.SetText(std::get<QString>(text));
+    }
+    surface.SetSelStart(caret);
 }
 
 }  // namespace
@@ -58,21 +26,18 @@ QFrame* MakePanel(QWidget* window) {
 Document::Document(Workbench& workbench, QWidget* parent)
     : QWidget(parent),
       Text1(new EditSurface(this)),
-      picAttr(MakePanel(this)),
-      cmbTags(MakeList(QStringLiteral("cmbTags"), picAttr)),
-      cmbattr(MakeList(QStringLiteral("cmbattr"), picAttr)),
+      picAttr(new TagPopup(workbench, *this)),
       workbench_(workbench),
       typing_(std::make_unique<TypingAssist>(workbench, *this)) {
     Text1->setObjectName(QStringLiteral("Text1"));
     setFocusProxy(Text1);
-    cmbTags->setAccessibleName(QStringLiteral("Tags"));
-    cmbattr->setAccessibleName(QStringLiteral("Attributes"));
     connect(Text1, &EditSurface::Changed, this, [this] { SetSaver(false); });
     Text1->SetHandlers(typing_.get());
-    WirePopup();
     SetCaption(caption_);
     ResetRedo();
 }
+
+Document::~Document() = default;
 
 void Document::SetCaption(const QString& caption) {
     caption_ = caption;
@@ -88,59 +53,41 @@ void Document::SetSaver(bool saver) {
     emit SaverChanged(saver_);
 }
 
-Document::~Document() = default;
-
 void Document::Activate() {
     auto* const child = qobject_cast<QMdiSubWindow*>(parentWidget());
     if (child && child->mdiArea()) child->mdiArea()->setActiveSubWindow(child);
 }
 
-void Document::WirePopup() {
-    connect(cmbTags, &QListWidget::itemClicked, this, [this] { workbench_.TakeTag(); });
-    connect(cmbattr, &QListWidget::itemClicked, this, [this] { workbench_.TakeAttribute(); });
-    for (const QScrollBar* bar : {Text1->verticalScrollBar(), Text1->horizontalScrollBar()}) {
-        connect(bar, &QScrollBar::valueChanged, this, &Document::FollowCaret);
-    }
-    Text1->installEventFilter(this);
+void Document::ProcessUndo() {
+    UndoHistory::Push(history_.UndoText, history_.UndoPos, Text1->TakeSnapshot(), Text1->SelStart());
 }
 
-bool Document::eventFilter(QObject* watched, QEvent* event) {
-    // Where the caret stands is known when the surface has laid out its lines anew.
-    if (watched == Text1 && (event->type() == QEvent::Resize || event->type() == QEvent::Move)) {
-        QMetaObject::invokeMethod(this, &Document::FollowCaret, Qt::QueuedConnection);
-    }
-    return QWidget::eventFilter(watched, event);
+void Document::ProcessRedo() {
+    UndoHistory::Push(history_.RedoText, history_.RedoPos, Text1->TakeSnapshot(), Text1->SelStart());
 }
 
-void Document::FollowCaret() {
-    if (picAttr->isVisible()) PositionAttr();
+void Document::HandleUndo() {
+    if (!history_.CanUndo()) return;
+    ProcessRedo();
+    TakeStep(history_.UndoText, history_.UndoPos);
 }
 
-void Document::PositionAttr() {
-    const QListWidget& list = cmbTags->isHidden() ? *cmbattr : *cmbTags;
-    const int rows = std::min(popupRows, std::max(list.count(), 1));
-    const int scrollBar = list.count() > popupRows ? list.verticalScrollBar()->sizeHint().width() : 0;
-    const int frame = 2 * picAttr->frameWidth();
-    const int wanted = list.sizeHintForColumn(0) + scrollBar + frame + popupPadding;
-    const QSize size(std::clamp(wanted, popupNarrowest, popupWidest),
-                     rows * (std::max(list.sizeHintForRow(0), 1) + 2 * popupSpacing) + frame);
-    const QRect caret = Text1->CaretRect().translated(Text1->pos());
-    picAttr->setGeometry(PopupPlace(caret, Text1->geometry(), size));
-    picAttr->raise();
+void Document::HandleRedo() {
+    if (!history_.CanRedo()) return;
+    ProcessUndo();
+    TakeStep(history_.RedoText, history_.RedoPos);
 }
 
-void Document::ShowPopup(QListWidget& list) {
-    (&list == cmbTags ? cmbattr : cmbTags)->hide();
-    list.setFont(Text1->font());  // of one pitch, so that the characters beside the entities line up
-    list.show();
-    PositionAttr();
-    picAttr->show();
+void Document::TakeStep(UndoHistory::Texts& texts, UndoHistory::Carets& carets) {
+    SetSaver(false);
+    Show(*Text1, texts[0], carets[0]);
+    UndoHistory::Drop(texts, carets);
+    Text1->setFocus();
+    Text1->PlaceCaretLine(linesOfContext);
 }
 
-void Document::SelectWord() {
-    const int length = static_cast<int>(strAtt.size());
-    Text1->SetSelStart(std::max(Text1->SelStart() - length, 0));
-    Text1->SetSelLength(length);
+void Document::ResetRedo() {
+    history_.ResetRedo();
 }
 
 }  // namespace vellum

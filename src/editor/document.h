@@ -1,21 +1,17 @@
 // What all code may see of a document window.
 #pragma once
 
-#include "editor/place.h"
 #include "editor/undo_history.h"
 #include "surface/edit_surface.h"
 
 #include <QString>
 #include <QWidget>
 
-#include <cstdint>
 #include <memory>
-
-class QFrame;
-class QListWidget;
 
 namespace vellum {
 
+class TagPopup;
 class TypingAssist;
 class Workbench;
 
@@ -26,16 +22,9 @@ public:
     ~Document() override;
 
     EditSurface* const Text1;
-    QFrame* const picAttr;  // the popup and its two lists
-    QListWidget* const cmbTags;
-    QListWidget* const cmbattr;
-    bool usingKeys = false;  // the typing run has its undo snapshot
-    QString strAtt;          // the partial word before the caret
+    TagPopup* const picAttr;  // beside the caret
+    bool usingKeys = false;   // the typing run has its undo snapshot
     bool WordWrapOn = false;
-    std::int16_t LastKey = 32;    // the last character typed, 32 after any other key
-    std::int16_t ShiftState = 0;  // of the last key that went down
-    vellum::PosInfo PosInfo;      // the place of the caret when it was last asked for
-    std::int32_t TagStart = -1;   // where that place starts, from 1
 
     // The path of the file; a caption that starts with "New" means never saved.
     [[nodiscard]] QString Caption() const { return caption_; }
@@ -52,16 +41,10 @@ public:
     // Lays the window out anew.
     virtual void ResizeMe() = 0;
 
-    // Undo and redo.
-    void ProcessUndo();
-    void ProcessRedo();
+    void ProcessUndo();  // makes the text as it stands a step of undo
+    void ResetRedo();    // there is nothing to redo any more
     void HandleUndo();
     void HandleRedo();
-    void ResetRedo();
-
-    void PositionAttr();                // puts the popup beside the caret
-    void ShowPopup(QListWidget& list);  // shows it there with one of its two lists
-    void SelectWord();                  // selects the partial word before the caret
 
 signals:
     void CaptionChanged(const QString& caption);
@@ -69,13 +52,12 @@ signals:
     void MenuWanted(QPoint place);  // the menu of the right button, at a point of the screen
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
     Workbench& workbench_;
 
 private:
-    void WirePopup();
-    void FollowCaret();  // with the popup, when it shows
+    void ProcessRedo();
+    // Shows the newest entry and drops it.
+    void TakeStep(UndoHistory::Texts& texts, UndoHistory::Carets& carets);
 
     std::unique_ptr<TypingAssist> typing_;
     QString caption_ = QStringLiteral("New");

@@ -1,38 +1,56 @@
 #include "editor/popup_list.h"
 
-#include <QListWidget>
+#include <QScrollBar>
+
+#include <algorithm>
 
 namespace vellum {
 namespace {
 
-QString WholeText(const QListWidgetItem& item) {
-    const QVariant whole = item.data(Qt::UserRole);
-    return whole.isValid() ? whole.toString() : item.text();
-}
+constexpr int shownEntries = 8;
+
+// Pixels.
+constexpr int padding = 12;
+constexpr int entrySpacing = 1;
 
 }  // namespace
 
-void FillList(QListWidget& list, const QStringList& entries) {
-    list.clear();
-    for (const QString& entry : entries) {
-        auto* const item = new QListWidgetItem(entry, &list);
-        if (!entry.contains(u'\r')) continue;
-        item->setText(entry.section(u'\r', 0, 0));
-        item->setToolTip(entry);
-        item->setData(Qt::UserRole, entry);
+PopupList::PopupList(const QString& name, const QString& accessibleName, QWidget* parent) : QListWidget(parent) {
+    setObjectName(name);
+    setAccessibleName(accessibleName);
+    setFrameShape(QFrame::NoFrame);
+    // The keyboard stays with the text, whose keys work the list.
+    setFocusPolicy(Qt::NoFocus);
+    setUniformItemSizes(true);
+    setSpacing(entrySpacing);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    hide();
+}
+
+void PopupList::Fill(std::vector<PopupEntry> entries) {
+    clear();
+    entries_ = std::move(entries);
+    for (const PopupEntry& entry : entries_) {
+        auto* const item = new QListWidgetItem(entry.shown.section(u'\r', 0, 0), this);
+        if (entry.shown.contains(u'\r')) item->setToolTip(entry.shown);
     }
 }
 
-QString ChosenEntry(const QListWidget& list) {
-    const QListWidgetItem* item = list.currentItem();
-    return item ? WholeText(*item) : QString();
+const PopupEntry* PopupList::Chosen() const {
+    return currentRow() < 0 ? nullptr : &entries_.at(static_cast<std::size_t>(currentRow()));
 }
 
-void SelectEntry(QListWidget& list, const QString& start, Qt::CaseSensitivity cs) {
-    int row = 0;
-    while (row < list.count() && !WholeText(*list.item(row)).startsWith(start, cs)) ++row;
-    list.setCurrentRow(row < list.count() ? row : -1);
-    if (row < list.count()) list.scrollToItem(list.item(row), QAbstractItemView::PositionAtTop);
+void PopupList::SelectByStart(const QString& start, Qt::CaseSensitivity cs) {
+    const auto begins = [&](const PopupEntry& entry) { return entry.written.startsWith(start, cs); };
+    const auto found = std::ranges::find_if(entries_, begins);
+    setCurrentRow(found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin()));
+    if (currentItem()) scrollToItem(currentItem(), PositionAtTop);
+}
+
+QSize PopupList::WantedSize() const {
+    const int rows = std::clamp(count(), 1, shownEntries);
+    const int scrollBar = count() > shownEntries ? verticalScrollBar()->sizeHint().width() : 0;
+    return {sizeHintForColumn(0) + scrollBar + padding, rows * (std::max(sizeHintForRow(0), 1) + 2 * entrySpacing)};
 }
 
 }  // namespace vellum

@@ -1,20 +1,27 @@
 // A list of the popup: an entry of several lines shows its first one.
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "editor/popup_rules.h"
 
-class QListWidget;
+#include <QListWidget>
 
 namespace vellum {
 
-// Replaces the entries.
-void FillList(QListWidget& list, const QStringList& entries);
+class PopupList final : public QListWidget {
+public:
+    PopupList(const QString& name, const QString& accessibleName, QWidget* parent);
 
-// The whole text of the selected entry; empty when none is selected.
-[[nodiscard]] QString ChosenEntry(const QListWidget& list);
+    // Replaces the entries.
+    void Fill(std::vector<PopupEntry> entries);
+    // The selected entry; null when none is.
+    [[nodiscard]] const PopupEntry* Chosen() const;
+    // Selects the first entry that begins with `start`, or none.
+    void SelectByStart(const QString& start, Qt::CaseSensitivity cs);
+    // Room for a few entries and for the widest of all, in pixels.
+    [[nodiscard]] QSize WantedSize() const;
 
-// Selects the first entry that begins with `start`, or none.
-void SelectEntry(QListWidget& list, const QString& start, Qt::CaseSensitivity cs);
+private:
+    std::vector<PopupEntry> entries_;
+};
 
 }  // namespace vellum

@@ -3,8 +3,8 @@
 #include "editor/document.h"
 #include "editor/insertion_color.h"
 #include "editor/line_indent.h"
-#include "editor/list_tag.h"
 #include "editor/place.h"
+#include "editor/tag_popup.h"
 #include "editor/workbench.h"
 
 namespace vellum {
@@ -46,7 +46,7 @@ void InsertMarkup(Workbench& bench, Document& document, QString& markup) {
 
     const PosInfo place = PosInfoAtCaret(surface);
     document.usingKeys = false;
-    SetListTag(document.cmbattr, {});
+    document.picAttr->ForgetAttributes();
     switch (place.kind) {
         case PlaceKind::Plain:
             return WritePlain(bench, surface, markup);

@@ -1,40 +1,67 @@
-// The popup beside the caret: when it shows, what it offers, and what a choice puts into the text.
+// The popup beside the caret of a document, which offers the elements, attributes and characters that the reference
+// tree has.
 #pragma once
 
-#include <QRect>
+#include <QFrame>
 #include <QString>
-#include <QStringList>
-#include <QStringView>
-
-class QListWidget;
 
 namespace vellum {
 
-class ReferenceTree;
+class Document;
+class EditSurface;
+class PopupList;
+struct PosInfo;
+class Workbench;
 
-enum class PopupStep { Leave, Hide, Tags, Attributes };
+class TagPopup final : public QFrame {
+public:
+    TagPopup(Workbench& bench, Document& document);
 
-struct PopupDecision {
-    PopupStep step = PopupStep::Leave;
-    QString name;  // the element whose attributes are wanted, as written
+    PopupList* const cmbTags;
+    PopupList* const cmbattr;  // attributes or characters
+
+    // Shows what may come next in the tag whose "<" stands at the position `tagPos`, from 1; hides where nothing may.
+    void ShowAttr(int tagPos);
+    void ShowCharacters();
+    void HideAttr();
+    // Goes along with the caret and selects the entry that begins with the word before it.
+    void Follow(const PosInfo& place);
+
+    // Up, Down and Esc. True when the key is used up.
+    bool TakeKey(int key);
+    // Writes the selected entry, as Enter does. False when there is none to take.
+    bool TakeChosen(const PosInfo& place);
+    // Writes an element's name, or an attribute with its quotes, in place of the word before the caret.
+    void InsertAttr(const QString& item);
+
+    // The attributes are read from the tree again before they show the next time.
+    void ForgetAttributes();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void ShowTags();
+    void ShowAttributes(const QString& name);
+    void ShowList(PopupList& list);
+    [[nodiscard]] PopupList& ShownList() const;
+    [[nodiscard]] bool ShowsCharacters() const;
+    [[nodiscard]] QString GetStrAtt(const PosInfo& place) const;
+    void SelectByWord(const PosInfo& place);
+    void Take(const PopupList& list);
+    void WriteTag(const QString& item);
+    void WriteAttribute(const QString& item);
+    void SelectWord();
+    void PositionAttr();
+    void FollowCaret();
+
+    Workbench& bench_;
+    Document& document_;
+    EditSurface& surface_;
+    QString strAtt;            // the partial word before the caret
+    QString tagsOf_;           // the document type whose elements cmbTags holds
+    QString attributesOf_;     // the element whose attributes cmbattr holds
+    bool characters_ = false;  // cmbattr holds those instead
 };
-
-// `tag` is the text from the tag's "<" on, `caret` the number of its characters before the caret, of which the "<" is
-// one. Needs the text up to the end of the tag's name, or of the document, and one character behind the caret.
-[[nodiscard]] PopupDecision DecidePopup(QStringView tag, int caret);
-
-// The part of a tag before the caret that a word chosen from the popup takes the place of: what stands behind the last
-// blank, bracket, quote or line end.
-[[nodiscard]] QString PartialWord(QStringView beforeCaret);
-
-// The elements of a document type and their closing forms, in the order in which the popup offers them.
-[[nodiscard]] QStringList TagEntries(const ReferenceTree& references, int root);
-
-// The element of a document type with that name, in any case; 0 when there is none.
-[[nodiscard]] int FindElement(const ReferenceTree& references, int root, const QString& name);
-
-// Where a popup of `size` stands: below the caret, above it where there is more room, and always inside `area`, made
-// lower when it has to be. All in pixels of one widget.
-[[nodiscard]] QRect PopupPlace(const QRect& caret, const QRect& area, QSize size);
 
 }  // namespace vellum

@@ -2,6 +2,7 @@
 
 #include "editor/document.h"
 #include "editor/markup_case.h"
+#include "editor/tag_popup.h"
 #include "editor/workbench.h"
 #include "values/number_rules.h"
 #include "widgets/wait_pointer.h"
@@ -63,7 +64,7 @@ void UndoText(Workbench& bench) {
     Document* const document = bench.ActiveDocument();
     if (!document) return;
     document->HandleUndo();
-    bench.HideAttr();
+    document->picAttr->HideAttr();
     document->Text1->setFocus();
 }
 
@@ -71,7 +72,7 @@ void RedoText(Workbench& bench) {
     Document* const document = bench.ActiveDocument();
     if (!document) return;
     document->HandleRedo();
-    bench.HideAttr();
+    document->picAttr->HideAttr();
     document->Text1->setFocus();
 }
 

@@ -3,25 +3,17 @@
 #include "editor/document.h"
 #include "editor/insertion_color.h"
 #include "editor/line_assists.h"
-#include "editor/list_tag.h"
-#include "editor/popup_list.h"
-#include "editor/reference_tree.h"
 #include "editor/tag_completion.h"
+#include "editor/tag_popup.h"
 #include "editor/text_commands.h"
 #include "editor/workbench.h"
 #include "values/number_rules.h"
-
-#include <QFrame>
-#include <QListWidget>
 
 #include <algorithm>
 #include <array>
 
 namespace vellum {
 namespace {
-
-constexpr std::int16_t space = 32;
-constexpr std::int16_t enterKey = 13;
 
 // Keys that end a typing run: they move the caret, or do nothing to the text.
 bool IsNavigationKey(int key) {
@@ -32,6 +24,25 @@ bool IsNavigationKey(int key) {
     return std::ranges::find(keys, key) != keys.end() || (key >= Qt::Key_F1 && key <= Qt::Key_F12);
 }
 
+// What a key does together with Ctrl.
+struct CommandKey {
+    int key;
+    void (*run)(Workbench&);
+};
+
+constexpr std::array<CommandKey, 5> commandKeys{{{Qt::Key_Z, UndoText},
+                                                 {Qt::Key_R, RedoText},
+                                                 {Qt::Key_X, CutText},
+                                                 {Qt::Key_C, CopyText},
+                                                 {Qt::Key_V, PasteText}}};
+
+bool RunCommandKey(int key, Workbench& bench) {
+    const auto* const found = std::ranges::find(commandKeys, key, &CommandKey::key);
+    if (found == commandKeys.end()) return false;
+    found->run(bench);
+    return true;
+}
+
 // A modifier key may or may not report itself as held.
 int WithoutOwnBit(int key, int shiftState) {
     if (key == Qt::Key_Shift) return shiftState & ~shiftBit;
@@ -39,32 +50,19 @@ int WithoutOwnBit(int key, int shiftState) {
     return shiftState;
 }
 
-bool HasChoice(const QListWidget& list) {
-    return list.currentRow() >= 0;
-}
-
 }  // namespace
 
 TypingAssist::TypingAssist(Workbench& bench, Document& document) : bench_(bench), document_(document) {}
 
-void TypingAssist::LookAround() {
-    document_.PosInfo = PosInfoAtCaret(*document_.Text1);
-    document_.TagStart = document_.PosInfo.start;
-}
-
-bool TypingAssist::LastKeyIsOneOf(QStringView keys) const {
-    return keys.contains(QChar(static_cast<char16_t>(document_.LastKey)));
-}
-
 bool TypingAssist::KeyDown(int key, int shiftState, bool edits) {
-    document_.LastKey = space;
-    document_.ShiftState = static_cast<std::int16_t>(shiftState);
+    lastKey_ = u' ';
     popupKey_ = 0;
     if (IsNavigationKey(key)) {
-        if (Navigate(key)) popupKey_ = key;
+        document_.usingKeys = false;
+        if (document_.picAttr->TakeKey(key)) popupKey_ = key;
         return popupKey_ != 0;
     }
-    if (shiftState == ctrlBit && RunCommandKey(key)) return true;
+    if (shiftState == ctrlBit && RunCommandKey(key, bench_)) return true;
     const int held = WithoutOwnBit(key, shiftState);
     if (!edits && held != 0 && held != shiftBit) return false;
     if (!document_.usingKeys) document_.ProcessUndo();
@@ -73,103 +71,23 @@ bool TypingAssist::KeyDown(int key, int shiftState, bool edits) {
     return false;
 }
 
-bool TypingAssist::RunCommandKey(int key) {
-    switch (key) {
-        case Qt::Key_Z:
-            document_.HandleUndo();
-            bench_.HideAttr();
-            return true;
-        case Qt::Key_R:
-            document_.HandleRedo();
-            bench_.HideAttr();
-            return true;
-        case Qt::Key_X:
-            CutText(bench_);
-            return true;
-        case Qt::Key_C:
-            CopyText(bench_);
-            return true;
-        case Qt::Key_V:
-            PasteText(bench_);
-            return true;
-        default:
-            return false;
-    }
-}
-
-// True when the popup took the key.
-bool TypingAssist::Navigate(int key) {
-    document_.usingKeys = false;
-    if (!document_.picAttr->isVisible()) return false;
-    if (key == Qt::Key_Escape) {
-        bench_.HideAttr();
-        return true;
-    }
-    if (document_.strAtt.isEmpty()) return false;
-    const int step = key == Qt::Key_Up ? -1 : key == Qt::Key_Down ? 1 : 0;
-    bool taken = false;
-    for (QListWidget* list : {document_.cmbattr, document_.cmbTags}) {
-        const int row = list->currentRow() + step;
-        if (step == 0 || !list->isVisible() || row < 0 || row >= list->count()) continue;
-        list->setCurrentRow(row);
-        document_.usingKeys = true;
-        taken = true;
-    }
-    return taken;
-}
-
 bool TypingAssist::KeyPress(const QString& character, int shiftState) {
-    LookAround();
-    document_.LastKey = static_cast<std::int16_t>(character.at(0).unicode());
+    place_ = PosInfoAtCaret(*document_.Text1);
+    lastKey_ = character.at(0);
     document_.SetSaver(false);
     const bool script = IsScriptCaption(document_.Caption());
     if (document_.Text1->SelLength() == 0 && !script) {
-        if (document_.LastKey == enterKey && TakeChosenEntry()) return true;
-        ApplyPlaceColor(bench_.Options().Now(), *document_.Text1, document_.PosInfo);
+        if (lastKey_ == u'\r' && document_.picAttr->TakeChosen(place_)) return true;
+        ApplyPlaceColor(bench_.Options().Now(), *document_.Text1, place_);
     }
     if (AssistLines(shiftState)) return true;
     return !script && AssistMarkup();
 }
 
-// Enter takes what the popup has selected. False when it has nothing to take.
-bool TypingAssist::TakeChosenEntry() {
-    if (!document_.picAttr->isVisible()) return false;
-    FollowHeldKey();
-    const bool attributeChosen = HasChoice(*document_.cmbattr);
-    switch (document_.PosInfo.kind) {
-        case PlaceKind::Plain:
-            if (!ShowsEntities() || !attributeChosen) return false;
-            bench_.TakeAttribute();
-            return true;
-        case PlaceKind::Tag:
-            if (attributeChosen && !document_.strAtt.isEmpty()) {
-                bench_.TakeAttribute();
-                return true;
-            }
-            if (!document_.cmbTags->isVisible() || !HasChoice(*document_.cmbTags)) return false;
-            bench_.TakeTag();
-            return true;
-        default:
-            return false;
-    }
-}
-
-// The release of a key takes its character into the partial word. Who types fast hits Enter before that.
-void TypingAssist::FollowHeldKey() {
-    if (document_.PosInfo.kind == PlaceKind::Tag) {
-        const QString word = bench_.GetStrAtt(document_.TagStart);
-        if (word == document_.strAtt) return;
-        document_.strAtt = word;
-        SelectByWord();
-    } else if (ShowsEntities() && EntityWord() != document_.strAtt) {
-        SelectEntity();
-    }
-}
-
 bool TypingAssist::AssistLines(int shiftState) {
     EditSurface& surface = *document_.Text1;
-    const bool tab = document_.LastKey == u'\t';
-    const bool enter = document_.LastKey == enterKey;
+    const bool tab = lastKey_ == u'\t';
+    const bool enter = lastKey_ == u'\r';
     if ((!tab && !enter) || !bench_.Options()->autoTab) return false;
     const bool shift = (shiftState & shiftBit) != 0;
     if (tab && shift) {
@@ -185,15 +103,15 @@ bool TypingAssist::AssistLines(int shiftState) {
 }
 
 bool TypingAssist::AssistMarkup() {
-    switch (document_.LastKey) {
+    switch (lastKey_.unicode()) {
         case u'-':
-            ColorBeforeDash(bench_.Options().Now(), *document_.Text1, document_.PosInfo);
+            ColorBeforeDash(bench_.Options().Now(), *document_.Text1, place_);
             return false;
         case u'%':
             ColorBeforePercent(bench_.Options().Now(), *document_.Text1);
             return false;
         case u'<':
-            ColorForOpening(bench_.Options().Now(), *document_.Text1, document_.PosInfo);
+            ColorForOpening(bench_.Options().Now(), *document_.Text1, place_);
             return false;
         case u'=':
             return QuoteAttribute();
@@ -206,16 +124,16 @@ bool TypingAssist::AssistMarkup() {
 
 bool TypingAssist::QuoteAttribute() {
     EditSurface& surface = *document_.Text1;
-    if (document_.PosInfo.kind != PlaceKind::Tag || !bench_.Options()->AutoQuote) return false;
+    if (place_.kind != PlaceKind::Tag || !bench_.Options()->AutoQuote) return false;
     // A tag in the plain colour has none of its own, as when colour coding is off.
     const std::optional<ColorNumber> color = surface.SelColor();
     if (!color || *color == bench_.Options()->foreColor) return false;
-    const int tagOffset = document_.TagStart - 1;
+    const int tagOffset = place_.start - 1;
     const QString soFar = surface.Mid(tagOffset, surface.SelStart() - tagOffset);
     if (soFar.count(u'"') % 2 != 0) return false;
     surface.SetSelText(QStringLiteral("=\"\""));
     surface.SetSelStart(surface.SelStart() - 1);
-    bench_.ShowAttr(document_.TagStart);
+    document_.picAttr->ShowAttr(place_.start);
     return true;
 }
 
@@ -223,8 +141,8 @@ bool TypingAssist::QuoteAttribute() {
 bool TypingAssist::EndsConstruct() const {
     const EditSurface& surface = *document_.Text1;
     const int caret = surface.SelStart();
-    if (caret < 2 || document_.TagStart == -1) return false;
-    switch (document_.PosInfo.kind) {
+    if (caret < 2 || place_.start == -1) return false;
+    switch (place_.kind) {
         case PlaceKind::Tag:
             return true;
         case PlaceKind::Comment:
@@ -240,8 +158,8 @@ bool TypingAssist::CompleteTag() {
     if (!EndsConstruct()) return false;
     EditSurface& surface = *document_.Text1;
     const int caret = surface.SelStart();
-    surface.SetSelStart(document_.TagStart - 1);
-    surface.SetSelLength(caret - (document_.TagStart - 1));
+    surface.SetSelStart(place_.start - 1);
+    surface.SetSelLength(caret - (place_.start - 1));
     const QString tagText = CompletedTag(
         surface.SelText() + u'>',
         {.lowerCase = bench_.Options()->AutoCase, .closeEmpty = bench_.Options()->AutoEmptySlash}, bench_.References());
@@ -258,81 +176,36 @@ void TypingAssist::KeyUp(int key, int /*shiftState*/) {
         popupKey_ = 0;
         return;
     }
-    LookAround();
+    place_ = PosInfoAtCaret(*document_.Text1);
     bench_.ShowStatus(StatusPanel::Line, NumberText(document_.Text1->GetLineFromChar(document_.Text1->SelStart()) + 1));
     if (IsScriptCaption(document_.Caption()) || key == Qt::Key_Shift) return;
-    if (document_.PosInfo.kind == PlaceKind::Tag) {
-        KeyUpInTag();
+    if (place_.kind == PlaceKind::Tag) {
+        OfferInTag();
     } else {
-        KeyUpOutsideTag();
+        OfferOutsideTag();
     }
-    if (document_.picAttr->isVisible()) document_.PositionAttr();
 }
 
-void TypingAssist::KeyUpOutsideTag() {
-    const bool plain = document_.PosInfo.kind == PlaceKind::Plain;
-    if (LastKeyIsOneOf(u" \t\r%\"\b>;-") && document_.picAttr->isVisible()) bench_.HideAttr();
-    if (plain && document_.Text1->SelLength() == 0) {
+void TypingAssist::OfferOutsideTag() {
+    TagPopup& popup = *document_.picAttr;
+    if (QStringView(u" \t\r%\"\b>;-").contains(lastKey_) && popup.isVisible()) popup.HideAttr();
+    if (place_.kind == PlaceKind::Plain && document_.Text1->SelLength() == 0) {
         document_.Text1->SetSelColor(bench_.Options()->foreColor);
-        if (document_.LastKey == u'&' && bench_.Options()->popupTag) LoadEntities();
+        if (lastKey_ == u'&' && bench_.Options()->popupTag) popup.ShowCharacters();
     }
-    if (ShowsEntities()) SelectEntity();
+    popup.Follow(place_);
 }
 
-bool TypingAssist::ShowsEntities() const {
-    return document_.cmbattr->isVisible() && ListTag(document_.cmbattr) == QLatin1String("Character Sets");
-}
-
-void TypingAssist::LoadEntities() {
-    const ReferenceTree& tree = bench_.References();
-    QListWidget& list = *document_.cmbattr;
-    QStringList entities;
-    for (int index = 1; index <= tree.Count(); ++index) {
-        if (tree.Node(index).kind == NodeKind::Character) entities << Caption(tree.Node(index));
-    }
-    FillList(list, entities);
-    document_.ShowPopup(list);
-    SetListTag(&list, QStringLiteral("Character Sets"));
-}
-
-// From the last "&" before the caret; as it was when there is none.
-QString TypingAssist::EntityWord() const {
-    constexpr int reach = 12000;  // characters; an "&" farther back belongs to something else
-    const int caret = document_.Text1->SelStart();
-    const int begin = std::max(caret - reach, 0);
-    const QString before = document_.Text1->Mid(begin, caret - begin);
-    const auto mark = before.lastIndexOf(u'&');
-    return mark >= 0 ? before.mid(mark) : document_.strAtt;
-}
-
-void TypingAssist::SelectEntity() {
-    document_.strAtt = EntityWord();
-    SelectEntry(*document_.cmbattr, document_.strAtt, Qt::CaseSensitive);
-}
-
-void TypingAssist::KeyUpInTag() {
-    document_.strAtt = bench_.GetStrAtt(document_.TagStart);
-    if (document_.Text1->SelLength() > 0) {
-        bench_.HideAttr();
-        return;
-    }
-    if (LastKeyIsOneOf(u" \t\r\"\b><") && bench_.Options()->popupTag) bench_.ShowAttr(document_.TagStart);
-    SelectByWord();
-}
-
-void TypingAssist::SelectByWord() {
-    for (QListWidget* list : {document_.cmbattr, document_.cmbTags}) {
-        if (document_.strAtt.isEmpty()) {
-            list->setCurrentRow(-1);
-        } else if (list->count() > 0 && list->isVisible()) {
-            SelectEntry(*list, document_.strAtt, Qt::CaseInsensitive);
-        }
-    }
+void TypingAssist::OfferInTag() {
+    TagPopup& popup = *document_.picAttr;
+    if (document_.Text1->SelLength() > 0) return popup.HideAttr();
+    if (QStringView(u" \t\r\"\b><").contains(lastKey_) && bench_.Options()->popupTag) popup.ShowAttr(place_.start);
+    popup.Follow(place_);
 }
 
 void TypingAssist::MouseDown(Qt::MouseButton button) {
     if (button != Qt::LeftButton) return;
-    document_.LastKey = space;
+    lastKey_ = u' ';
     document_.usingKeys = false;
 }
 
@@ -342,19 +215,11 @@ void TypingAssist::MouseMove() {
 
 void TypingAssist::MouseUp(Qt::MouseButton button) {
     if (button != Qt::LeftButton || IsScriptCaption(document_.Caption())) return;
-    document_.PositionAttr();
-    LookAround();
-    if (document_.Text1->SelLength() > 0 || document_.PosInfo.kind != PlaceKind::Tag) {
-        bench_.HideAttr();
-        return;
-    }
-    document_.strAtt = bench_.GetStrAtt(document_.TagStart);
-    if (LastKeyIsOneOf(u" \t\r\"\b>") && bench_.Options()->popupTag) bench_.ShowAttr(document_.TagStart);
-    QListWidget& list = *document_.cmbattr;
-    if (document_.strAtt.isEmpty()) {
-        list.setCurrentRow(-1);
-    } else if (list.count() > 0) {
-        SelectEntry(list, document_.strAtt, Qt::CaseInsensitive);
+    place_ = PosInfoAtCaret(*document_.Text1);
+    if (place_.kind == PlaceKind::Tag) {
+        OfferInTag();
+    } else {
+        document_.picAttr->HideAttr();
     }
 }
 

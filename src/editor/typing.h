@@ -2,11 +2,10 @@
 // the typed character, and when the popup opens.
 #pragma once
 
+#include "editor/place.h"
 #include "surface/surface_handlers.h"
 
 #include <QString>
-
-class QListWidget;
 
 namespace vellum {
 
@@ -29,28 +28,19 @@ public:
     void Copy() override;
 
 private:
-    void LookAround();
-    [[nodiscard]] bool RunCommandKey(int key);
-    [[nodiscard]] bool Navigate(int key);
-    [[nodiscard]] bool TakeChosenEntry();
-    void FollowHeldKey();
     [[nodiscard]] bool AssistLines(int shiftState);
     [[nodiscard]] bool AssistMarkup();
     [[nodiscard]] bool QuoteAttribute();
     [[nodiscard]] bool CompleteTag();
     [[nodiscard]] bool EndsConstruct() const;
-    void KeyUpOutsideTag();
-    void KeyUpInTag();
-    void LoadEntities();
-    [[nodiscard]] bool ShowsEntities() const;
-    [[nodiscard]] QString EntityWord() const;
-    void SelectEntity();
-    void SelectByWord();
-    [[nodiscard]] bool LastKeyIsOneOf(QStringView keys) const;
+    void OfferInTag();
+    void OfferOutsideTag();
 
     Workbench& bench_;
     Document& document_;
-    int popupKey_ = 0;  // a key that the popup took, so that its release means nothing to the text
+    QChar lastKey_ = u' ';  // the last character typed, a blank after any other key
+    PosInfo place_;         // of the caret when it was last asked for
+    int popupKey_ = 0;      // a key that the popup took, so that its release means nothing to the text
 };
 
 }  // namespace vellum

@@ -66,15 +66,6 @@ public:
     // The selection between `open` and `close` goes the same way; `open` alone when `close` is empty.
     virtual void Addstuff(const QString& open, const QString& close);
 
-    // The popup of the active document. `tagPos` is the position of the tag's "<", from 1.
-    void ShowAttr(int tagPos);
-    void HideAttr();
-    [[nodiscard]] QString GetStrAtt(int tagPos) const;
-    void InsertAttr(const QString& item);
-    // Put what is selected in the popup's list of elements, or of attributes and entities, into the text.
-    void TakeTag();
-    void TakeAttribute();
-
     virtual void AddRecentFile(const QString& path) = 0;
     virtual void SetWrapChecked(bool checked) = 0;  // the check mark of the Word Wrap item
     // Makes a window of the session's kind and shows it. The caption is still "New", the count untouched.

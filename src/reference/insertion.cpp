@@ -1,6 +1,7 @@
 #include "reference/insertion.h"
 
 #include "editor/document.h"
+#include "editor/tag_popup.h"
 #include "editor/workbench.h"
 
 namespace vellum {
@@ -35,7 +36,7 @@ void RunInsertion(Workbench& bench, const Insertion& insertion) {
     if (!document || bench.OpenDocCount() == QLatin1String("0") || insertion.kind == InsertionKind::Nothing) return;
     if (insertion.kind == InsertionKind::Attribute) {
         document->usingKeys = true;
-        bench.InsertAttr(insertion.text);
+        document->picAttr->InsertAttr(insertion.text);
         document->Text1->setFocus();
         return;
     }

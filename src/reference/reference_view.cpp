@@ -1,6 +1,7 @@
 #include "reference/reference_view.h"
 
 #include "editor/document.h"
+#include "editor/tag_popup.h"
 #include "editor/workbench.h"
 #include "reference/add_tags.h"
 #include "reference/insertion.h"
@@ -208,7 +209,8 @@ void ReferenceView::MakeActive(const QModelIndex& index) {
     const std::vector<int>& roots = tree_->Roots();
     for (const int root : roots) tree_->SetBold(root, root == chosen);
     model_->ReportChange(IndexOf(roots.front()), IndexOf(roots.back()));
-    bench_->HideAttr();  // an open popup offers what the other type had
+    // An open popup offers what the other type had.
+    if (const Document* document = bench_->ActiveDocument()) document->picAttr->HideAttr();
 }
 
 }  // namespace vellum

@@ -1,9 +1,9 @@
 #include "editor/document.h"
 
+#include "editor/popup_list.h"
+#include "editor/tag_popup.h"
 #include "tests/support/test_workbench.h"
 
-#include <QFrame>
-#include <QListWidget>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -21,15 +21,15 @@ protected:
 TEST_F(DocumentTest, HoldsTheSurfaceAndTheHiddenPopup) {
     EXPECT_EQ(document.findChild<EditSurface*>("Text1"), document.Text1);
     EXPECT_EQ(document.findChild<QFrame*>("picAttr"), document.picAttr);
-    EXPECT_EQ(document.picAttr->findChild<QListWidget*>("cmbTags"), document.cmbTags);
-    EXPECT_EQ(document.picAttr->findChild<QListWidget*>("cmbattr"), document.cmbattr);
+    EXPECT_EQ(document.picAttr->findChild<QListWidget*>("cmbTags"), document.picAttr->cmbTags);
+    EXPECT_EQ(document.picAttr->findChild<QListWidget*>("cmbattr"), document.picAttr->cmbattr);
     document.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&document));
     EXPECT_FALSE(document.picAttr->isVisible());
     EXPECT_EQ(document.picAttr->x(), 133);  // 2000 twips
     document.picAttr->show();
-    EXPECT_FALSE(document.cmbTags->isVisible());
-    EXPECT_FALSE(document.cmbattr->isVisible());
+    EXPECT_FALSE(document.picAttr->cmbTags->isVisible());
+    EXPECT_FALSE(document.picAttr->cmbattr->isVisible());
 }
 
 TEST_F(DocumentTest, StartsSavedAndUnnamed) {

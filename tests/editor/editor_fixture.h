@@ -2,11 +2,10 @@
 #pragma once
 
 #include "editor/popup_list.h"
+#include "editor/tag_popup.h"
 #include "surface/edit_surface.h"
 #include "tests/support/test_workbench.h"
 
-#include <QFrame>
-#include <QListWidget>
 #include <QTest>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,3 @@
-#include "editor/list_tag.h"
 #include "settings/settings_keys.h"
 #include "tests/support/test_workbench.h"
 
@@ -86,13 +85,9 @@ TEST_F(PortableColorTest, MarksTheDocumentAndEndsTheTypingRun) {
     Show("a|");
     document.SetSaver(true);
     document.usingKeys = true;
-    SetListTag(document.cmbattr, "table");
-    SetListTag(document.cmbTags, "XHTML");
     Insert("");
     EXPECT_FALSE(document.Saver());
     EXPECT_FALSE(document.usingKeys);
-    EXPECT_EQ(ListTag(document.cmbattr), "");
-    EXPECT_EQ(ListTag(document.cmbTags), "XHTML");
 }
 
 TEST_F(PortableColorTest, ATagsTextTakesTheTagsColorUnscanned) {

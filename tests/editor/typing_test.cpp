@@ -1,6 +1,5 @@
 #include "editor/typing.h"
 
-#include "editor/list_tag.h"
 #include "tests/editor/editor_fixture.h"
 
 #include <QApplication>

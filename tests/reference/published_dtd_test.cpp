@@ -1,7 +1,7 @@
 // The shipped document types and character sets against the published ones, as an XML parser reads both, and the
 // reference tree that is built from the shipped ones against the same. The published ones come with Debian's
 // w3c-sgml-lib.
-#include "editor/tag_popup.h"
+#include "editor/popup_rules.h"
 #include "reference/dtd_reader.h"
 #include "reference/entity_reader.h"
 #include "tree_text.h"

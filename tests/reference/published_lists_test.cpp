@@ -2,7 +2,7 @@
 // against what an XML parser reads from the same files.
 #include "published_lists.h"
 
-#include "editor/tag_popup.h"
+#include "editor/popup_rules.h"
 #include "reference/dtd_reader.h"
 #include "tree_text.h"
 #include "vocabulary.h"

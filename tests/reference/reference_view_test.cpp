@@ -1,12 +1,12 @@
 #include "reference/reference_view.h"
 
+#include "editor/tag_popup.h"
 #include "reference/add_tags.h"
 #include "tests/support/test_workbench.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QFrame>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>

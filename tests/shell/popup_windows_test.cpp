@@ -1,8 +1,7 @@
 // The popup of documents in the main window.
+#include "editor/popup_list.h"
+#include "editor/tag_popup.h"
 #include "tests/shell/main_window_fixture.h"
-
-#include <QFrame>
-#include <QListWidget>
 
 namespace vellum::test {
 namespace {
@@ -10,7 +9,7 @@ namespace {
 class PopupWindowsTest : public MainWindowFixture {
 protected:
     static void ClickEntry(const Document& document, const QString& text) {
-        QListWidget& list = *document.cmbTags;
+        QListWidget& list = *document.picAttr->cmbTags;
         const QList<QListWidgetItem*> found = list.findItems(text, Qt::MatchExactly);
         ASSERT_EQ(found.size(), 1);
         list.scrollToItem(found.front());
@@ -59,7 +58,7 @@ TEST_F(PopupWindowsTest, ATreeThatIsBuiltAnewLeavesItUsable) {
     ClickEntry(document, "table");
     EXPECT_EQ(document.Text1->Text(), "<table ");
     QTest::keyClicks(document.Text1, "> <");
-    EXPECT_EQ(document.cmbTags->findItems("frameset", Qt::MatchExactly).size(), 1);
+    EXPECT_EQ(document.picAttr->cmbTags->findItems("frameset", Qt::MatchExactly).size(), 1);
 }
 
 }  // namespace
