@@ -3,6 +3,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace vellum {
 namespace {

@@ -34,7 +34,7 @@ public:
     // Writes an element's name, or an attribute with its quotes, in place of the word before the caret.
     void InsertAttr(const QString& item);
 
-    // The attributes are read from the tree again before they show the next time.
+    // What cmbattr holds is out of date; it is read from the tree again before it shows the next time.
     void ForgetAttributes();
 
 protected:

@@ -38,7 +38,7 @@ struct UndoHistory {
     // empty.
     static void Drop(Texts& texts, Carets& carets);
 
-    // Redo ends here from now on. What lies behind the marker stays, and so does the caret of the entry.
+    // Redo ends here from now on. What lies below the marker stays, and so does the caret of the entry.
     void ResetRedo();
 };
 

@@ -23,7 +23,7 @@ class ListOfValues {
 public:
     explicit ListOfValues(QStringView text) : text_(text) {}
 
-    // True when the first ")" behind the last "(" before `pos` lies behind it.
+    // True when the first ")" after the last "(" before `pos` comes after `pos`.
     [[nodiscard]] bool Holds(qsizetype pos) {
         const qsizetype newest = text_.mid(seen_, pos - seen_).lastIndexOf(QChar('('));
         if (newest >= 0) {

@@ -69,7 +69,7 @@ public:
     DtdReading(ReferenceTree& tree, int nodeIndex, const QString& text, int parentIndex, const CaptionHook& caption)
         : tree_(tree), nodeIndex_(nodeIndex), parentIndex_(parentIndex), caption_(caption), text_(text) {}
 
-    // The node index behind the branch.
+    // The node index after the branch.
     [[nodiscard]] int Run() {
         AddDocumentType();
         CollectTags();
@@ -172,13 +172,13 @@ void DtdReading::AddElement(const Tag& tag) {
     CountNodes(count + 1);
 }
 
-// Any "EMPTY" counts, in any case, also one in a name or in what stands right behind the declaration.
+// Any "EMPTY" counts, in any case, also one in a name or in what stands right after the declaration.
 bool DtdReading::IsEmptyElement(const Tag& tag) {
     const qsizetype pos = text_.FindElement(tag.key);
     if (pos == 0 && tag.key == QLatin1String("guide") && caption_) caption_(QStringLiteral("ga"));
     const QStringView text = text_.View();
     const qsizetype end = FirstFrom(pos, text, u'>');
-    return Stretch(text, pos, end - pos + 2).contains(QLatin1String("EMPTY"), Qt::CaseInsensitive);
+    return Range(text, pos, end - pos + 2).contains(QLatin1String("EMPTY"), Qt::CaseInsensitive);
 }
 
 QString DtdReading::ExpandedAttlist(QString attText) {

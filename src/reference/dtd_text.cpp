@@ -50,9 +50,9 @@ QStringView DtdText::WordAt(qsizetype pos) const {
 
 void DtdText::AddWord(QHash<QStringView, Places>& words, qsizetype declarationPos, QStringView word) const {
     Places& places = words[word];
-    const QChar* const behind = word.data() + word.size();
-    if (behind == text_.constData() + text_.size()) return;
-    qsizetype& first = *behind == ' ' ? places.withBlank : places.withLineEnd;
+    const QChar* const next = word.data() + word.size();
+    if (next == text_.constData() + text_.size()) return;
+    qsizetype& first = *next == ' ' ? places.withBlank : places.withLineEnd;
     if (first == 0) first = declarationPos;
 }
 
@@ -123,13 +123,13 @@ std::optional<QString> DtdText::Attlist(const QString& key) {
     return Taken(pos, FirstFrom(pos, text_, u'>') - pos + 1);
 }
 
-// A stretch of the text as it stands with the ended heads.
+// A range of the text as it stands with the ended heads.
 QString DtdText::Taken(qsizetype pos, qsizetype length) const {
-    const QStringView stretch = Stretch(text_, pos, length);
-    if (!anyEnded_) return stretch.toString();
-    const qsizetype end = pos + stretch.size();
+    const QStringView range = Range(text_, pos, length);
+    if (!anyEnded_) return range.toString();
+    const qsizetype end = pos + range.size();
     QString taken;
-    taken.reserve(stretch.size() + 16);
+    taken.reserve(range.size() + 16);
     auto head = std::ranges::lower_bound(heads_, pos, {}, &AttlistHead::blankPos);
     for (; head != heads_.end() && head->blankPos < end; ++head) {
         if (!attlistWords_.value(head->word).ended || text_.at(head->blankPos - 1) != ' ') continue;

@@ -23,10 +23,10 @@ public:
     [[nodiscard]] QStringView View() const { return text_; }
     // The first "<!ELEMENT " at or after `pos`.
     [[nodiscard]] qsizetype NextElement(qsizetype pos) const;
-    // The first "<!ELEMENT " `key` with a blank behind it, else the first with a line end.
+    // The first "<!ELEMENT " `key` with a blank after it, else the first with a line end.
     [[nodiscard]] qsizetype FindElement(const QString& key);
 
-    // Puts a line end in place of the blank behind every "<!ATTLIST " `key`.
+    // Puts a line end in place of the blank after every "<!ATTLIST " `key`.
     void EndAttlistHeads(const QString& key);
     // The first declaration "<!ATTLIST " `key` whose line ends there, through its ">"; empty when there is none. Throws
     // ReadingFailed when it doesn't end.
@@ -37,14 +37,14 @@ public:
     [[nodiscard]] std::optional<QString> EntityValue(const QString& name);
 
 private:
-    // The first occurrences of one word behind "<!ELEMENT " or "<!ATTLIST ", by what follows the word.
+    // The first occurrences of one word after "<!ELEMENT " or "<!ATTLIST ", by what follows the word.
     struct Places {
         qsizetype withBlank = 0;
         qsizetype withLineEnd = 0;
         bool ended = false;  // its blanks count as line ends
     };
     struct AttlistHead {
-        qsizetype blankPos;  // of the blank or line end behind the word
+        qsizetype blankPos;  // of the blank or line end after the word
         QStringView word;
     };
 

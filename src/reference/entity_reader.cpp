@@ -36,12 +36,12 @@ bool IsBlank(QChar c) {
     return c == ' ' || c == '\t';
 }
 
-// The first declaration at or after `pos`: the keyword with a blank or a tab behind it.
+// The first declaration at or after `pos`: the keyword with a blank or a tab after it.
 qsizetype NextEntity(QStringView text, qsizetype pos) {
     pos = FirstFrom(pos, text, keyword);
     while (pos != 0) {
-        const QStringView behind = text.mid(pos - 1 + keyword.size(), 1);
-        if (!behind.isEmpty() && IsBlank(behind.front())) return pos;
+        const QStringView next = text.mid(pos - 1 + keyword.size(), 1);
+        if (!next.isEmpty() && IsBlank(next.front())) return pos;
         pos = FirstFrom(pos + keyword.size(), text, keyword);
     }
     return 0;
@@ -62,7 +62,7 @@ Entity ReadEntity(QStringView text, qsizetype pos, qsizetype end) {
 QString ShownAs(const Entity& entity) {
     QString shown = entity.value;
     if (shown.startsWith('&')) {
-        const double code = LeadingNumber(Stretch(shown, 3, shown.size() - 3));
+        const double code = LeadingNumber(Range(shown, 3, shown.size() - 3));
         if (code < 256) shown = CharacterOf(code);
     }
     // Declared by a double escape, whose outer number is that of the ampersand.

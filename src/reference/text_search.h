@@ -23,14 +23,14 @@ template <typename Needle>
 }
 
 // `length` characters from `pos`, cut at the end of the text.
-[[nodiscard]] inline QStringView Stretch(QStringView text, qsizetype pos, qsizetype length) {
-    if (pos < 1 || length < 0) throw ReadingFailed("a stretch that ends before it begins");
+[[nodiscard]] inline QStringView Range(QStringView text, qsizetype pos, qsizetype length) {
+    if (pos < 1 || length < 0) throw ReadingFailed("a range that ends before it begins");
     return text.mid(pos - 1, length);
 }
 
 // From `pos` up to `end`, which is not taken.
 [[nodiscard]] inline QStringView UpTo(QStringView text, qsizetype pos, qsizetype end) {
-    return Stretch(text, pos, end - pos);
+    return Range(text, pos, end - pos);
 }
 
 }  // namespace vellum

@@ -12,14 +12,14 @@ PopupDecision Decide(QString marked) {
     return DecidePopup(marked, static_cast<int>(caret));
 }
 
-TEST(DecidePopup, OffersTagsBehindABareOpening) {
+TEST(DecidePopup, OffersTagsAfterABareOpening) {
     EXPECT_EQ(Decide("<|").step, PopupStep::Tags);
     EXPECT_EQ(Decide("<|\r\ntext").step, PopupStep::Tags);
     EXPECT_EQ(Decide("<| text").step, PopupStep::Tags);
     EXPECT_EQ(Decide("<|>").step, PopupStep::Tags);
 }
 
-TEST(DecidePopup, OffersAttributesBehindAName) {
+TEST(DecidePopup, OffersAttributesAfterAName) {
     for (const char* tag : {"<a |", "<a\t|>", "<a\r\n|", "<a href=\"x\"|", "<a href=\"x\" |>", "<a hr|", "<a hr|>"}) {
         const PopupDecision decision = Decide(tag);
         EXPECT_EQ(decision.step, PopupStep::Attributes) << tag;
@@ -48,7 +48,7 @@ TEST(DecidePopup, HidesInTheMiddleOfAWord) {
     EXPECT_EQ(Decide("<a x=\"y\"|b>").step, PopupStep::Attributes);  // a quote ends a word
 }
 
-TEST(DecidePopup, HidesBehindAnOpeningThatBlanksFollow) {
+TEST(DecidePopup, HidesAfterAnOpeningThatBlanksFollow) {
     EXPECT_EQ(Decide("< |").step, PopupStep::Hide);
     EXPECT_EQ(Decide("< a|").step, PopupStep::Hide);
 }
@@ -58,7 +58,7 @@ TEST(DecidePopup, LeavesAllAsItIsWhileTheNameHasNoEnd) {
     EXPECT_EQ(Decide("|<a ").step, PopupStep::Leave);
 }
 
-TEST(PartialWord, IsWhatStandsBehindTheLastMark) {
+TEST(PartialWord, IsWhatComesAfterTheLastMark) {
     EXPECT_EQ(PartialWord(u"<ta"), "ta");
     EXPECT_EQ(PartialWord(u"<a hr"), "hr");
     EXPECT_EQ(PartialWord(u"<a\thr"), "hr");

@@ -105,7 +105,7 @@ QString Mutated(QString text, std::mt19937& random) {
     };
     for (auto edits = 1 + below(3); edits > 0; --edits) {
         const qsizetype at = below(text.size() + 1);
-        const QString stretch = text.mid(below(text.size()), below(40));
+        const QString range = text.mid(below(text.size()), below(40));
         switch (random() % 4) {
             case 0:
                 text.insert(at, pieces[below(pieces.size())]);
@@ -114,7 +114,7 @@ QString Mutated(QString text, std::mt19937& random) {
                 text.remove(at, 1 + below(6));
                 break;
             case 2:
-                text.insert(at, stretch);
+                text.insert(at, range);
                 break;
             default:
                 text.replace(at, 1 + below(3), pieces[below(pieces.size())]);

@@ -123,7 +123,7 @@ TEST(DtdReader, NameOfAnElementMayBeAnEntity) {
     EXPECT_EQ(TreeText(reading.tree), "1 Title\n-2 h1\n--3 align=");
 }
 
-TEST(DtdReader, OnlyTheFirstReferenceBehindTheKeywordIsTheKey) {
+TEST(DtdReader, OnlyTheFirstReferenceAfterTheKeywordIsTheKey) {
     // The name comes from the second expansion, the key stays that of the first.
     EXPECT_EQ(TreeText(Reading("<!ENTITY % a \"%b;\"><!ENTITY % b \"h1\"><!ELEMENT %a; (x)>").tree), "1 Title\n-2 h1");
     // An entity further on in the declaration is no key, so the name itself is.
@@ -204,7 +204,7 @@ TEST(DtdReader, AngleBracketInADefaultEndsTheDeclaration) {
     EXPECT_EQ(reading.Children("a"), QStringList({"x="}));
 }
 
-TEST(DtdReader, LastLineNeedsABlankBehindItsWord) {
+TEST(DtdReader, LastLineNeedsABlankAfterItsWord) {
     const Reading reading("<!ELEMENT a (x)><!ATTLIST a\r\n  x CDATA #IMPLIED\r\n  y>\r\n");
     EXPECT_EQ(reading.Children("a"), QStringList({"x="}));
 }

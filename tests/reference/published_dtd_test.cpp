@@ -16,6 +16,7 @@ namespace vellum {
 namespace {
 
 using test::ChildTexts;
+using test::Sorted;
 
 QString Shipped(const QString& name) {
     return QStringLiteral(VELLUM_SOURCE_DIR "/data/Dtd/") + name;
@@ -93,12 +94,6 @@ ReferenceTree TreeOf(const DocumentTypeRow& row) {
     AddDtD(tree, nodeIndex, Shipped(row.shipped), 1, "The root");
     EXPECT_EQ(nodeIndex, tree.Count() + 1);
     return tree;
-}
-
-// In the order of the tree, which sorts names without regard to case.
-QStringList Sorted(QStringList names) {
-    names.sort(Qt::CaseInsensitive);
-    return names;
 }
 
 TEST_P(PublishedDtd, HasItsElementsInTheTreeWithTheirMarks) {

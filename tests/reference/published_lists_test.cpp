@@ -13,15 +13,10 @@ namespace vellum {
 namespace {
 
 using test::ChildTexts;
+using test::Sorted;
 
 QString Shipped(const PublishedList& list) {
     return QStringLiteral(VELLUM_SOURCE_DIR "/data/Dtd/") + list.shipped;
-}
-
-// In the order of the tree, which sorts names without regard to case.
-QStringList Sorted(QStringList names) {
-    names.sort(Qt::CaseInsensitive);
-    return names;
 }
 
 class ListedDtd : public testing::TestWithParam<const PublishedList*> {

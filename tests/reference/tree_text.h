@@ -29,6 +29,12 @@ inline void AppendBranch(QStringList& lines, const ReferenceTree& tree, int inde
     return texts;
 }
 
+// In the order of the tree, which sorts names without regard to case.
+[[nodiscard]] inline QStringList Sorted(QStringList names) {
+    names.sort(Qt::CaseInsensitive);
+    return names;
+}
+
 // The first node with a caption; 0 when there is none.
 [[nodiscard]] inline int FindNode(const ReferenceTree& tree, const QString& text) {
     for (int index = 1; index <= tree.Count(); ++index) {
