@@ -9,9 +9,9 @@
 namespace vellum {
 namespace {
 
-constexpr int windowBehind = 12000;
+constexpr int windowBefore = 12000;
 constexpr int windowLength = 14000;
-constexpr int windowAhead = windowLength - windowBehind;
+constexpr int windowAfter = windowLength - windowBefore;
 constexpr qsizetype farAway = 1'000'000;
 constexpr qsizetype noTagEnd = 100'000;
 
@@ -105,7 +105,7 @@ private:
     [[nodiscard]] Block Tag() const {
         qsizetype start = Last(u"<", pos_ - 1);
         while (start > 0 && (server_.Holds(start) || OpensServer(start))) {
-            if (start == 1) break;  // so a text that begins with a block reads as a tag behind it
+            if (start == 1) break;  // so a text that begins with a block reads as a tag after it
             start = Last(u"<", start - 1);
         }
         if (start < 1) return {};
@@ -130,9 +130,9 @@ PosInfo Shifted(PosInfo place, int offset) {
 }  // namespace
 
 PosInfo FindPosInfo(QStringView text, int pos) {
-    if (pos <= windowBehind) return PlaceScan(text, pos).Place();
-    const int offset = pos - windowBehind;
-    return Shifted(PlaceScan(text.mid(offset, windowLength), windowBehind).Place(), offset);
+    if (pos <= windowBefore) return PlaceScan(text, pos).Place();
+    const int offset = pos - windowBefore;
+    return Shifted(PlaceScan(text.mid(offset, windowLength), windowBefore).Place(), offset);
 }
 
 QString GetPosInfo(const QString& text, int pos) {
@@ -142,7 +142,7 @@ QString GetPosInfo(const QString& text, int pos) {
     return answer;
 }
 
-// Near the start of the text the window ends 2000 characters behind the caret too, where the scan of the whole text
+// Near the start of the text the window ends 2000 characters after the caret too, where the scan of the whole text
 // would look on. Kind and start stay the same: an opener counts only when it ends before the caret, so a cut further on
 // hides none; and an end that the cut hides lies beyond the caret, where it makes no difference whether the construct
 // ends there or not at all. A server-side block that doesn't hold the caret ends before it, so what counts as inside
@@ -150,9 +150,9 @@ QString GetPosInfo(const QString& text, int pos) {
 // window. Only a tag's own end is told from what lies ahead.
 PosInfo PosInfoAtCaret(const EditSurface& surface) {
     const int pos = surface.SelStart() + 1;
-    if (pos <= windowBehind) return PlaceScan(surface.Mid(0, pos + windowAhead), pos).Place();
-    const int offset = pos - windowBehind;
-    return Shifted(PlaceScan(surface.Mid(offset, windowLength), windowBehind).Place(), offset);
+    if (pos <= windowBefore) return PlaceScan(surface.Mid(0, pos + windowAfter), pos).Place();
+    const int offset = pos - windowBefore;
+    return Shifted(PlaceScan(surface.Mid(offset, windowLength), windowBefore).Place(), offset);
 }
 
 }  // namespace vellum

@@ -10,7 +10,7 @@ class EditSurface;
 
 enum class PlaceKind {
     Plain = 0,    // outside everything
-    Tag = 1,      // from just behind a "<" to just before its ">"
+    Tag = 1,      // from just after a "<" to just before its ">"
     Comment = 2,  // in a "<!--" comment
     Region = 3,   // in the body of a script or style region
     Server = 4,   // in a "<%" block

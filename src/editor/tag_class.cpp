@@ -45,7 +45,7 @@ TagClass ClassOfName(QStringView name) {
 TagClass TagClasses::ClassOf(QStringView tag, bool lineFeedEnds) {
     const char16_t* const characters = tag.utf16();
     const qsizetype end = tag.size() - 1;
-    // A short name packs into a number: a 1, then its characters behind the "<".
+    // A short name packs into a number: a 1, then its characters after the "<".
     std::uint64_t key = 1;
     qsizetype index = 1;
     for (; index < end; ++index) {

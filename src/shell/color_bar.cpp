@@ -28,7 +28,7 @@ constexpr int shadeStep = 45;
 constexpr int shadeCount = 5;
 constexpr int full = 255;
 
-// Pixels: the line around the boxes, and the room between them and the tab behind them.
+// Pixels: the line around the boxes, and the room between them and the tab after them.
 constexpr int lineWidth = 1;
 constexpr int gap = 4;
 

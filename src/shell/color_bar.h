@@ -34,7 +34,7 @@ class ColorBar : public QWidget {
 public:
     explicit ColorBar(QWidget* parent = nullptr);
 
-    TabStrip* const clrbutton;  // right behind the boxes
+    TabStrip* const clrbutton;  // to the right of the boxes
 
     [[nodiscard]] int MarkedBox() const { return marked_; }
 

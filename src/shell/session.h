@@ -17,7 +17,7 @@ class Start;
 class Session : public QObject {
     Q_OBJECT
 public:
-    // `commandLine`: everything behind the program's name, as one path; empty for none.
+    // `commandLine`: everything after the program's name, as one path; empty for none.
     explicit Session(QString commandLine);
     ~Session() override;
 

@@ -15,7 +15,7 @@ QByteArray ProcText(const QString& path) {
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// What stands behind the colon of the first line for `key`; empty when there is no such line.
+// What stands after the colon of the first line for `key`; empty when there is no such line.
 QByteArray ValueOf(const QByteArray& text, const QByteArray& key) {
     for (const QByteArray& line : text.split('\n')) {
         const qsizetype colon = line.indexOf(':');
