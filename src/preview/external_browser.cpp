@@ -1,5 +1,4 @@
 // The pages that go elsewhere than to their own document's preview: to the external browsers, and the generated ones.
-#include "browser/browser_surface.h"
 #include "editor/document.h"
 #include "editor/workbench.h"
 #include "preview/caching_file.h"
@@ -9,7 +8,6 @@
 
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <array>
 
@@ -32,14 +30,6 @@ QString WritePage(Workbench& workbench, const QString& html) {
     static const QTemporaryDir substitute;
     const QString elsewhere = substitute.filePath(name);
     return WriteCachingBytes(elsewhere, bytes) ? elsewhere : QString();
-}
-
-void ShowInPreview(PreviewHost& host, const QString& path) {
-    if (auto* const pipeline = host.OwnDocument().findChild<PreviewPipeline*>(QString(), Qt::FindDirectChildrenOnly))
-        pipeline->ForgetPending();
-    host.Browser().show();
-    host.Browser().Navigate(path);
-    host.RefreshTimer().stop();
 }
 
 bool OpenInDefault(const QString& path) {
@@ -65,12 +55,13 @@ void LoadPage(Workbench& workbench, const QString& html) {
         return;
     }
     if (workbench.OpenDocCount() == QLatin1String("0")) workbench.NewForm();
-    if (auto* const host = dynamic_cast<PreviewHost*>(workbench.ActiveDocument())) ShowPageIn(workbench, *host, html);
+    if (auto* const host = dynamic_cast<PreviewHost*>(workbench.ActiveDocument()))
+        ShowPageIn(workbench, host->Pipeline(), html);
 }
 
-void ShowPageIn(Workbench& workbench, PreviewHost& host, const QString& html) {
+void ShowPageIn(Workbench& workbench, PreviewPipeline& pipeline, const QString& html) {
     const QString path = WritePage(workbench, html);
-    if (!path.isEmpty()) ShowInPreview(host, path);
+    if (!path.isEmpty()) pipeline.ShowFile(path);
 }
 
 void OpenInExternalBrowser(Workbench& workbench, int index) {

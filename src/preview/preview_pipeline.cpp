@@ -5,7 +5,9 @@
 #include "editor/workbench.h"
 #include "preview/caching_file.h"
 #include "system/programs.h"
+#include "values/number_rules.h"
 
+#include <QAbstractButton>
 #include <QFileInfo>
 #include <QTimer>
 
@@ -20,52 +22,64 @@ void ShowMultiPreview(Workbench& /*workbench*/) {}
 // The visual editor's form joins here.
 void ShowVisualEdit(Workbench& /*workbench*/, const QString& /*cachePath*/) {}
 
-bool IsEmpty(const Document& document) {
-    return document.Text1->Length() == 0;
-}
+// Milliseconds; stays where the settings hold no period that a timer can have.
+constexpr int designInterval = 7000;
 
 }  // namespace
 
-PreviewPipeline::PreviewPipeline(Workbench& workbench, PreviewHost& host)
-    : QObject(&host.OwnDocument()), workbench_(workbench), host_(host) {
+PreviewPipeline::PreviewPipeline(Workbench& workbench, Document& document, BrowserSurface& browser,
+                                 const QAbstractButton& autoPreview)
+    : workbench_(workbench),
+      document_(document),
+      browser_(browser),
+      autoPreview_(autoPreview),
+      timer_(new QTimer(&document)) {
+    timer_->setObjectName("Timer2");
+    timer_->setInterval(designInterval);
+    const auto interval = MultiplyInt16(workbench_.RefreshRate, 1000);
+    if (interval && *interval > 0) timer_->setInterval(*interval);
+    connect(timer_, &QTimer::timeout, this, &PreviewPipeline::Refresh);
     connect(&watcher_, &QFutureWatcher<bool>::finished, this, &PreviewPipeline::Written);
-    connect(host_.OwnDocument().Text1, &EditSurface::Changed, this, [this] {
-        if (!host_.RefreshTimer().isActive()) host_.RefreshTimer().start();
+    connect(document_.Text1, &EditSurface::Changed, this, [this] {
+        if (!timer_->isActive()) timer_->start();
     });
-    connect(&host_.Browser(), &BrowserSurface::NavigateComplete, this, &PreviewPipeline::ReturnFocus);
+    connect(&browser_, &BrowserSurface::NavigateComplete, this, &PreviewPipeline::ReturnFocus);
+    timer_->start();
+}
+
+void PreviewPipeline::SetInterval(int milliseconds) {
+    timer_->setInterval(milliseconds);
 }
 
 void PreviewPipeline::Refresh() {
-    if (!host_.AutoPreviewOn() || writing_) return;
-    Document& document = host_.OwnDocument();
+    if (!autoPreview_.isChecked() || writing_) return;
     const int scrollTop = ScrollOffset();
-    if (IsEmpty(document)) return;
-    Write({DocumentPath(), document.Text1->RawText(), document.Text1->Format(), scrollTop},
-          {.revision = document.Text1->Revision()});
+    if (IsEmpty()) return;
+    Write({DocumentPath(), document_.Text1->RawText(), document_.Text1->Format(), scrollTop},
+          {.revision = document_.Text1->Revision()});
 }
 
 void PreviewPipeline::PreviewNow() {
-    host_.RefreshTimer().stop();
-    Document& document = host_.OwnDocument();
+    timer_->stop();
     const int scrollTop = ScrollOffset();
-    if (IsEmpty(document)) return;
-    if (!host_.Browser().IsAvailable()) return TellTrouble();
+    if (IsEmpty()) return;
+    if (!browser_.IsAvailable()) return TellTrouble();
     if (writing_) {
         again_ = true;
         return;
     }
-    CachingJob job{DocumentPath(), document.Text1->RawText(), document.Text1->Format(), {}};
+    CachingJob job{DocumentPath(), document_.Text1->RawText(), document_.Text1->Format(), {}};
     if (TakesScrollScript(QFileInfo(job.path).fileName())) job.scrollTop = scrollTop;
-    Write(std::move(job), {.revision = document.Text1->Revision(), .byTab = true});
+    Write(std::move(job), {.revision = document_.Text1->Revision(), .byTab = true});
 }
 
 void PreviewPipeline::MultiPreview() {
-    if (!IsEmpty(host_.OwnDocument())) ShowMultiPreview(workbench_);
+    if (!IsEmpty()) ShowMultiPreview(workbench_);
 }
 
 void PreviewPipeline::VisualEdit(QString& cachePath) {
     if (RefuseFrameset(workbench_)) return;
-    const EditSurface& text = *host_.OwnDocument().Text1;
+    const EditSurface& text = *document_.Text1;
     cachePath =
         PathBesideOpenDocuments(workbench_, JoinPath(workbench_.WebsiteDirectory(), QStringLiteral("caching.htm")));
     if (!WriteCachingFile({cachePath, text.RawText(), text.Format(), {}}))
@@ -74,19 +88,29 @@ void PreviewPipeline::VisualEdit(QString& cachePath) {
     ShowVisualEdit(workbench_, cachePath);
 }
 
-void PreviewPipeline::ForgetPending() {
+void PreviewPipeline::ShowFile(const QString& path) {
+    Stop();
+    browser_.show();
+    browser_.Navigate(path);
+}
+
+void PreviewPipeline::Stop() {
+    timer_->stop();
     again_ = false;
     if (writing_) writing_->forgotten = true;
 }
 
+bool PreviewPipeline::IsEmpty() const {
+    return document_.Text1->Length() == 0;
+}
+
 QString PreviewPipeline::DocumentPath() const {
-    const QString path = CachingPath(host_.OwnDocument().Caption(), workbench_.WebsiteDirectory());
+    const QString path = CachingPath(document_.Caption(), workbench_.WebsiteDirectory());
     return PathBesideOpenDocuments(workbench_, path);
 }
 
 int PreviewPipeline::ScrollOffset() const {
-    const BrowserSurface& browser = host_.Browser();
-    return browser.Title() == QLatin1String("Vellumcraft Manual") ? 0 : browser.ScrollTop();
+    return browser_.Title() == QLatin1String("Vellumcraft Manual") ? 0 : browser_.ScrollTop();
 }
 
 void PreviewPipeline::Write(CachingJob job, Order order) {
@@ -105,8 +129,8 @@ void PreviewPipeline::Written() {
         if (order.byTab) TellTrouble();
         return;
     }
-    if (order.revision == host_.OwnDocument().Text1->Revision()) host_.RefreshTimer().stop();
-    host_.Browser().Navigate(path_);
+    if (order.revision == document_.Text1->Revision()) timer_->stop();
+    browser_.Navigate(path_);
     ReturnFocus();
 }
 
@@ -115,8 +139,7 @@ void PreviewPipeline::TellTrouble() {
 }
 
 void PreviewPipeline::ReturnFocus() {
-    Document& document = host_.OwnDocument();
-    if (document.isActiveWindow() && host_.Browser().HasKeyboard()) document.Text1->setFocus();
+    if (document_.isActiveWindow() && browser_.HasKeyboard()) document_.Text1->setFocus();
 }
 
 QString PathBesideOpenDocuments(Workbench& workbench, const QString& path) {

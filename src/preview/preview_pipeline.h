@@ -8,6 +8,7 @@
 
 #include <optional>
 
+class QAbstractButton;
 class QTimer;
 
 namespace vellum {
@@ -16,29 +17,19 @@ class BrowserSurface;
 class Document;
 class Workbench;
 
-// What a document window that has a preview gives the pipeline.
-class PreviewHost {
-public:
-    PreviewHost() = default;
-    virtual ~PreviewHost() = default;
-    PreviewHost(const PreviewHost&) = delete;
-    PreviewHost& operator=(const PreviewHost&) = delete;
-
-    [[nodiscard]] virtual BrowserSurface& Browser() = 0;
-    [[nodiscard]] virtual QTimer& RefreshTimer() = 0;  // runs while there is something to refresh
-    [[nodiscard]] virtual bool AutoPreviewOn() const = 0;
-    [[nodiscard]] virtual Document& OwnDocument() = 0;
-};
-
-// One a document. Each change of the text starts the refresh timer unless it runs; the owner connects the timer's tick
-// to Refresh and starts it for the first time. Encoding and writing happen on a worker thread, and the document's Saver
-// and file are never touched. When a page has come, the keyboard returns from the page to the text, if that window is
-// the active one.
+// One a document. Nobody else starts, stops or times the refresh timer, a child of the document named "Timer2": it runs
+// from the start, and each change of the text starts it unless it runs. Encoding and writing happen on a worker thread,
+// and the document's Saver and file are never touched. When a page has come, the keyboard returns from the page to the
+// text, if that window is the active one.
 class PreviewPipeline : public QObject {
     Q_OBJECT
 public:
-    // The pipeline is a child object of the host's document, and may be a member of it as well.
-    PreviewPipeline(Workbench& workbench, PreviewHost& host);
+    // Refreshes by the timer only while `autoPreview` is checked. All parameters must outlive the pipeline.
+    PreviewPipeline(Workbench& workbench, Document& document, BrowserSurface& browser,
+                    const QAbstractButton& autoPreview);
+
+    // The refresh timer's period; the RefreshRate of the settings unless it is set.
+    void SetInterval(int milliseconds);
 
     // A tick of the refresh timer. The timer stops when the file stands and the text is still the same; a file that
     // can't be written leaves it running, without a word.
@@ -53,8 +44,11 @@ public:
     // Tab 3: the visual editor, on a copy of the text whose path goes to `cachePath`. Refuses documents with framesets.
     void VisualEdit(QString& cachePath);
 
-    // What is being written will not be shown: another page has been sent to the browser.
-    void ForgetPending();
+    // Shows another file than the document's, until the text changes. What is being written will not be shown.
+    void ShowFile(const QString& path);
+
+    // For a window that has closed: nothing is refreshed or shown any more.
+    void Stop();
 
     [[nodiscard]] bool IsWriting() const { return writing_.has_value(); }
 
@@ -65,6 +59,7 @@ private:
         bool forgotten = false;
     };
 
+    [[nodiscard]] bool IsEmpty() const;
     [[nodiscard]] QString DocumentPath() const;  // the caching file
     [[nodiscard]] int ScrollOffset() const;
     void Write(CachingJob job, Order order);
@@ -73,11 +68,23 @@ private:
     void ReturnFocus();
 
     Workbench& workbench_;
-    PreviewHost& host_;
+    Document& document_;
+    BrowserSurface& browser_;
+    const QAbstractButton& autoPreview_;
+    QTimer* const timer_;
     QFutureWatcher<bool> watcher_;
     QString path_;  // of the file that is being written
     std::optional<Order> writing_;
     bool again_ = false;  // tab 1 was asked for while a file was being written
+};
+
+// A document window that has a preview.
+class PreviewHost {
+public:
+    [[nodiscard]] virtual PreviewPipeline& Pipeline() = 0;
+
+protected:
+    ~PreviewHost() = default;
 };
 
 // Shows a page that the program made: writes it to "caching.htm" in the website directory and sends the active
@@ -85,9 +92,9 @@ private:
 // previews the page goes to the first external browser.
 void LoadPage(Workbench& workbench, const QString& html);
 
-// The same for the window of `host`, be it the active one or not, in a session with previews. The browser is visible
-// afterwards unless the page can be put nowhere.
-void ShowPageIn(Workbench& workbench, PreviewHost& host, const QString& html);
+// The same for the window of `pipeline`, be it the active one or not, in a session with previews. The browser is
+// visible afterwards unless the page can be put nowhere.
+void ShowPageIn(Workbench& workbench, PreviewPipeline& pipeline, const QString& html);
 
 // Shows the active document in the external browser `index`, 0 to 2, or in the system's when none is set.
 void OpenInExternalBrowser(Workbench& workbench, int index);

@@ -25,9 +25,6 @@ constexpr int designSliderMaximum = 10000;
 constexpr int barRoom = 400;
 constexpr int largestBar = 450;
 
-// Milliseconds; stays where the settings hold no period that a timer can have.
-constexpr int designRefreshInterval = 7000;
-
 }  // namespace
 
 Form16::Form16(Workbench& workbench, QWidget* parent)
@@ -37,9 +34,8 @@ Form16::Form16(Workbench& workbench, QWidget* parent)
       TabStrip1(new TabStrip(this)),
       Check1(new QCheckBox("AutoPreview", this)),
       Timer1(new QTimer(this)),
-      Timer2(new QTimer(this)),
       bar_(new QWidget(this)),
-      pipeline_(workbench, *this) {
+      pipeline_(workbench, *this, *WebBrowser1, *Check1) {
     setObjectName("Form16");
     NameControls();
     WireControls();
@@ -47,10 +43,6 @@ Form16::Form16(Workbench& workbench, QWidget* parent)
     LoadWrap();
     const QString vertical = ReadSetting(workbench.Settings(), keys::verticalMain);
     PreviewSplitVertical = vertical == QLatin1String("True");
-    Timer2->setInterval(designRefreshInterval);
-    const auto interval = MultiplyInt16(workbench.Options()->RefreshRate, 1000);
-    if (interval && *interval > 0) Timer2->setInterval(*interval);
-    Timer2->start();
     LoadFont();
     LoadSplit();
     Timer1->start();
@@ -84,19 +76,16 @@ void Form16::NameControls() {
     Timer1->setObjectName("Timer1");
     Timer1->setInterval(400);
     Timer1->setSingleShot(true);
-    Timer2->setObjectName("Timer2");
 }
 
 void Form16::WireControls() {
     connect(Timer1, &QTimer::timeout, this, &Form16::ShowFirstView);
-    connect(Timer2, &QTimer::timeout, &pipeline_, &PreviewPipeline::Refresh);
     connect(TabStrip1, &TabStrip::TabClicked, this, &Form16::RunTab);
     connect(Slider1, &QSlider::valueChanged, this, &Form16::FollowHandle);
     // A closed window is deleted some time later, and nothing of it may act until then.
     connect(this, &DocumentWindow::Closing, this, [this] {
         Timer1->stop();
-        Timer2->stop();
-        pipeline_.ForgetPending();
+        pipeline_.Stop();
     });
 }
 
@@ -109,7 +98,7 @@ void Form16::LoadSplit() {
 // A page that was asked for meanwhile stays.
 void Form16::ShowFirstView() {
     const bool asked = !WebBrowser1->Path().isEmpty() || pipeline_.IsWriting();
-    if (!asked) ShowPageIn(workbench_, *this, ManualPage());
+    if (!asked) ShowPageIn(workbench_, pipeline_, ManualPage());
     WebBrowser1->show();
 }
 

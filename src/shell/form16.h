@@ -23,17 +23,12 @@ public:
     TabStrip* const TabStrip1;
     QCheckBox* const Check1;
     QTimer* const Timer1;  // once, 400 ms after the load: the first view
-    QTimer* const Timer2;  // every RefreshRate seconds while the text has changed
     bool PreviewSplitVertical = true;
     QString CachePath;  // the last caching file given to the visual editor
 
     void EditVisually();  // opens the visual editor on a copy of the text
 
-    // PreviewHost
-    BrowserSurface& Browser() override { return *WebBrowser1; }
-    QTimer& RefreshTimer() override { return *Timer2; }
-    bool AutoPreviewOn() const override { return Check1->isChecked(); }
-    Document& OwnDocument() override { return *this; }
+    PreviewPipeline& Pipeline() override { return pipeline_; }
 
 protected:
     void LayOut() override;

@@ -205,7 +205,7 @@ void MDIform1::FollowOptions() {
     const EditorOptions& options = Options().Now();
     ApplyEditorFont(options.EditorFontName, options.EditorFontSize);
     if (auto* document = qobject_cast<Form16*>(ActiveDocument())) {
-        document->Timer2->setInterval(options.RefreshRate * millisecondsInSecond);
+        document->Pipeline().SetInterval(options.RefreshRate * millisecondsInSecond);
     }
 }
 

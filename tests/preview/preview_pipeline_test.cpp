@@ -8,6 +8,7 @@
 #include "tests/support/wait_for.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -43,27 +44,22 @@ QByteArray Script(int offset) {
 
 class PreviewedDocument : public Document, public PreviewHost {
 public:
-    explicit PreviewedDocument(Workbench& workbench) : Document(workbench), browser_(this), pipeline(workbench, *this) {
+    explicit PreviewedDocument(Workbench& workbench)
+        : Document(workbench), browser(this), autoPreview(this), pipeline(workbench, *this, browser, autoPreview) {
         auto* const layout = new QVBoxLayout(this);
         layout->addWidget(Text1);
-        layout->addWidget(&browser_);
+        layout->addWidget(&browser);
         resize(500, 500);
-        timer_.setInterval(3600 * 1000);  // tests give the ticks
+        autoPreview.setChecked(true);
+        pipeline.SetInterval(3600 * 1000);  // tests give the ticks
     }
 
     void ResizeMe() override {}
-    BrowserSurface& Browser() override { return browser_; }
-    QTimer& RefreshTimer() override { return timer_; }
-    bool AutoPreviewOn() const override { return autoPreview; }
-    Document& OwnDocument() override { return *this; }
+    PreviewPipeline& Pipeline() override { return pipeline; }
+    QTimer& Timer() const { return *findChild<QTimer*>("Timer2", Qt::FindDirectChildrenOnly); }
 
-    bool autoPreview = true;
-
-private:
-    BrowserSurface browser_;
-    QTimer timer_;
-
-public:
+    BrowserSurface browser;
+    QCheckBox autoPreview;
     PreviewPipeline pipeline;
 };
 
@@ -104,26 +100,25 @@ protected:
         bench_.count = "1";
         document_->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(document_));
-        document_->RefreshTimer().start();
     }
 
     // Lets a tick happen, and waits until the browser shows what it brings.
     void Tick() {
-        QSignalSpy complete(&document_->Browser(), &BrowserSurface::NavigateComplete);
+        QSignalSpy complete(&document_->browser, &BrowserSurface::NavigateComplete);
         document_->pipeline.Refresh();
         ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
         ASSERT_TRUE(complete.last().first().toBool());
     }
 
     void PreviewNow() {
-        QSignalSpy complete(&document_->Browser(), &BrowserSurface::NavigateComplete);
+        QSignalSpy complete(&document_->browser, &BrowserSurface::NavigateComplete);
         document_->pipeline.PreviewNow();
         ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
         ASSERT_TRUE(complete.last().first().toBool());
     }
 
     bool WaitForTitle(const QString& title) {
-        return test::WaitFor([&] { return document_->Browser().Title() == title; });
+        return test::WaitFor([&] { return document_->browser.Title() == title; });
     }
 
     // A tick that must not write: waits until nothing can be on its way any more.
@@ -186,23 +181,51 @@ private:
 TEST_F(PreviewPipelineTest, ATickWritesTheTextAndShowsIt) {
     document_->Text1->SetText("<title>first</title>\r\n<p>x</p>");
     Tick();
-    EXPECT_EQ(document_->Browser().Path(), Site("caching.htm"));
-    EXPECT_EQ(document_->Browser().Title(), "first");
+    EXPECT_EQ(document_->browser.Path(), Site("caching.htm"));
+    EXPECT_EQ(document_->browser.Title(), "first");
     EXPECT_EQ(Read(Site("caching.htm")), "<title>first</title>\r\n<p>x</p>\r\n" + Script(0));
-    EXPECT_FALSE(document_->RefreshTimer().isActive());
+    EXPECT_FALSE(document_->Timer().isActive());
     EXPECT_TRUE(bench_.prompts.messages.isEmpty());
+}
+
+TEST_F(PreviewPipelineTest, TheTimerTicksFromTheStart) {
+    document_->Text1->SetText("<title>first</title>");
+    document_->pipeline.SetInterval(1);
+    EXPECT_TRUE(WaitForTitle("first"));
+}
+
+TEST_F(PreviewPipelineTest, TheTimerTakesItsPeriodFromTheRefreshRate) {
+    for (const auto& [seconds, milliseconds] : {std::pair<int, int>{1, 1000}, {12, 12000}, {32, 32000}}) {
+        bench_.RefreshRate = static_cast<std::int16_t>(seconds);
+        PreviewPipeline pipeline(bench_, *document_, document_->browser, document_->autoPreview);
+        EXPECT_EQ(document_->findChildren<QTimer*>("Timer2").last()->interval(), milliseconds);
+    }
+    for (const int impossible : {33, 0, -1}) {
+        bench_.RefreshRate = static_cast<std::int16_t>(impossible);
+        PreviewPipeline pipeline(bench_, *document_, document_->browser, document_->autoPreview);
+        EXPECT_EQ(document_->findChildren<QTimer*>("Timer2").last()->interval(), 7000);
+    }
+}
+
+TEST_F(PreviewPipelineTest, NothingIsShownInAWindowThatHasClosed) {
+    document_->Text1->SetText("x");
+    document_->pipeline.Refresh();
+    document_->pipeline.Stop();
+    EXPECT_FALSE(document_->Timer().isActive());
+    EXPECT_TRUE(test::WaitFor([&] { return !document_->pipeline.IsWriting(); }));
+    EXPECT_EQ(document_->browser.Path(), "");
 }
 
 TEST_F(PreviewPipelineTest, AChangeOfTheTextStartsTheTimerAgain) {
     document_->Text1->SetText("x");
     Tick();
-    ASSERT_FALSE(document_->RefreshTimer().isActive());
+    ASSERT_FALSE(document_->Timer().isActive());
     QTest::keyClicks(document_->Text1, "y");
-    EXPECT_TRUE(document_->RefreshTimer().isActive());
+    EXPECT_TRUE(document_->Timer().isActive());
 }
 
 TEST_F(PreviewPipelineTest, FurtherKeysDontPutTheTickOff) {
-    QTimer& timer = document_->RefreshTimer();
+    QTimer& timer = document_->Timer();
     timer.start(3600 * 1000);
     ASSERT_TRUE(test::WaitFor([&] { return timer.remainingTime() < 3600 * 1000 - 50; }));
     QTest::keyClicks(document_->Text1, "abc");
@@ -211,28 +234,28 @@ TEST_F(PreviewPipelineTest, FurtherKeysDontPutTheTickOff) {
 
 TEST_F(PreviewPipelineTest, AChangeDuringTheWriteKeepsTheTimerOn) {
     document_->Text1->SetText("x");
-    QSignalSpy complete(&document_->Browser(), &BrowserSurface::NavigateComplete);
+    QSignalSpy complete(&document_->browser, &BrowserSurface::NavigateComplete);
     document_->pipeline.Refresh();
     ASSERT_TRUE(document_->pipeline.IsWriting());
     QTest::keyClicks(document_->Text1, "y");
     ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
     EXPECT_EQ(Read(Site("caching.htm")), "x\r\n" + Script(0));
-    EXPECT_TRUE(document_->RefreshTimer().isActive());
+    EXPECT_TRUE(document_->Timer().isActive());
 }
 
 TEST_F(PreviewPipelineTest, WithoutAutoPreviewNothingIsWritten) {
-    document_->autoPreview = false;
+    document_->autoPreview.setChecked(false);
     document_->Text1->SetText("x");
     QuietTick();
     EXPECT_FALSE(QFileInfo::exists(Site("caching.htm")));
-    EXPECT_TRUE(document_->RefreshTimer().isActive());
-    EXPECT_EQ(document_->Browser().Path(), "");
+    EXPECT_TRUE(document_->Timer().isActive());
+    EXPECT_EQ(document_->browser.Path(), "");
 }
 
 TEST_F(PreviewPipelineTest, AnEmptyTextIsNotShown) {
     QuietTick();
     EXPECT_FALSE(QFileInfo::exists(Site("caching.htm")));
-    EXPECT_TRUE(document_->RefreshTimer().isActive());
+    EXPECT_TRUE(document_->Timer().isActive());
     document_->pipeline.PreviewNow();
     EXPECT_FALSE(document_->pipeline.IsWriting());
     EXPECT_FALSE(QFileInfo::exists(Site("caching.htm")));
@@ -244,11 +267,11 @@ TEST_F(PreviewPipelineTest, TheReadersPlaceIsKept) {
     document_->Text1->SetText(page);
     Tick();
     // Behind the page's own script, which scrolls to the top.
-    document_->Browser().Evaluate("setTimeout(function(){window.scrollTo(0,640)},50)", [](const QString&) {});
-    ASSERT_TRUE(test::WaitFor([&] { return document_->Browser().ScrollTop() == 640; }));
+    document_->browser.Evaluate("setTimeout(function(){window.scrollTo(0,640)},50)", [](const QString&) {});
+    ASSERT_TRUE(test::WaitFor([&] { return document_->browser.ScrollTop() == 640; }));
     Tick();
     EXPECT_TRUE(Read(Site("caching.htm")).endsWith(Script(640)));
-    EXPECT_TRUE(test::WaitFor([&] { return document_->Browser().ScrollTop() == 640; }));
+    EXPECT_TRUE(test::WaitFor([&] { return document_->browser.ScrollTop() == 640; }));
 }
 
 TEST_F(PreviewPipelineTest, AfterTheManualAPageBeginsAtItsTop) {
@@ -256,12 +279,12 @@ TEST_F(PreviewPipelineTest, AfterTheManualAPageBeginsAtItsTop) {
         "<html><head><title>Vellumcraft Manual</title></head><body>"
         "<div style=\"height:5000px\">x</div></body></html>";
     for (const bool byTab : {false, true}) {
-        QSignalSpy complete(&document_->Browser(), &BrowserSurface::NavigateComplete);
+        QSignalSpy complete(&document_->browser, &BrowserSurface::NavigateComplete);
         LoadPage(bench_, manual);
         ASSERT_TRUE(test::WaitFor([&] { return !complete.isEmpty(); }));
-        ASSERT_EQ(document_->Browser().Title(), "Vellumcraft Manual");
-        document_->Browser().Evaluate("window.scrollTo(0,640)", [](const QString&) {});
-        ASSERT_TRUE(test::WaitFor([&] { return document_->Browser().ScrollTop() == 640; }));
+        ASSERT_EQ(document_->browser.Title(), "Vellumcraft Manual");
+        document_->browser.Evaluate("window.scrollTo(0,640)", [](const QString&) {});
+        ASSERT_TRUE(test::WaitFor([&] { return document_->browser.ScrollTop() == 640; }));
         document_->Text1->SetText("<title>mine</title>");
         byTab ? PreviewNow() : Tick();
         EXPECT_TRUE(Read(Site("caching.htm")).endsWith(Script(0)));
@@ -276,7 +299,7 @@ TEST_F(PreviewPipelineTest, ASavedDocumentIsShownFromItsOwnFolder) {
     document_->Text1->SetText("changed");
     document_->SetSaver(false);
     Tick();
-    EXPECT_EQ(document_->Browser().Path(), folder + "/caching.html");
+    EXPECT_EQ(document_->browser.Path(), folder + "/caching.html");
     EXPECT_EQ(Read(folder + "/caching.html"), "changed\r\n" + Script(0));
     EXPECT_FALSE(QFileInfo::exists(Site("caching.html")));
     EXPECT_EQ(Read(folder + "/b.html"), "as saved");
@@ -292,7 +315,7 @@ TEST_F(PreviewPipelineTest, ADocumentIsNeverOverwrittenByItsOwnPreview) {
     document_->SetCaption(Site("caching.htm"));
     document_->Text1->SetText("<p>changed</p>");
     Tick();
-    EXPECT_EQ(document_->Browser().Path(), Site("caching-preview.htm"));
+    EXPECT_EQ(document_->browser.Path(), Site("caching-preview.htm"));
     EXPECT_EQ(Read(Site("caching-preview.htm")), "<p>changed</p>\r\n" + Script(0));
     PreviewNow();
     WriteSetting(bench_.Settings(), keys::browser1, FakeBrowser());
@@ -304,7 +327,7 @@ TEST_F(PreviewPipelineTest, ADocumentIsNeverOverwrittenByItsOwnPreview) {
     EXPECT_EQ(cachePath, Site("caching-preview.htm"));
     LoadPage(bench_, "<title>A lesson</title>");
     EXPECT_TRUE(WaitForTitle("A lesson"));
-    EXPECT_EQ(document_->Browser().Path(), Site("caching-preview.htm"));
+    EXPECT_EQ(document_->browser.Path(), Site("caching-preview.htm"));
     EXPECT_EQ(Read(Site("caching.htm")), "as saved");
 }
 
@@ -315,7 +338,7 @@ TEST_F(PreviewPipelineTest, NorByThePreviewOfAnother) {
     other.SetCaption(Site("caching.htm"));
     document_->Text1->SetText("x");
     Tick();
-    EXPECT_EQ(document_->Browser().Path(), Site("caching-preview.htm"));
+    EXPECT_EQ(document_->browser.Path(), Site("caching-preview.htm"));
     EXPECT_EQ(Read(Site("caching.htm")), "as saved");
 }
 
@@ -325,7 +348,7 @@ TEST_F(PreviewPipelineTest, ADotInAFolderAloneGivesAStrangeName) {
     document_->SetCaption(folder + "/page");
     document_->Text1->SetText("x");
     document_->pipeline.Refresh();
-    EXPECT_TRUE(test::WaitFor([&] { return document_->Browser().Path() == folder + "/cachingpage"; }));
+    EXPECT_TRUE(test::WaitFor([&] { return document_->browser.Path() == folder + "/cachingpage"; }));
     EXPECT_EQ(Read(folder + "/cachingpage"), "x\r\n" + Script(0));
 }
 
@@ -333,12 +356,12 @@ TEST_F(PreviewPipelineTest, AFileThatCantBeWrittenIsTriedAgainSilently) {
     bench_.website = directory_.filePath("missing");
     document_->Text1->SetText("x");
     QuietTick();
-    EXPECT_TRUE(document_->RefreshTimer().isActive());
+    EXPECT_TRUE(document_->Timer().isActive());
     EXPECT_TRUE(bench_.prompts.messages.isEmpty());
-    EXPECT_EQ(document_->Browser().Path(), "");
+    EXPECT_EQ(document_->browser.Path(), "");
     QDir().mkpath(bench_.website);
     Tick();
-    EXPECT_FALSE(document_->RefreshTimer().isActive());
+    EXPECT_FALSE(document_->Timer().isActive());
 }
 
 TEST_F(PreviewPipelineTest, TheTabTellsOfTrouble) {
@@ -358,12 +381,12 @@ TEST_F(PreviewPipelineTest, TheTabTellsOfAMissingEngine) {
 }
 
 TEST_F(PreviewPipelineTest, TheTabShowsThePageWhateverTheBoxSays) {
-    document_->autoPreview = false;
+    document_->autoPreview.setChecked(false);
     document_->Text1->SetText("<title>now</title>");
-    document_->RefreshTimer().start();
+    document_->Timer().start();
     PreviewNow();
-    EXPECT_EQ(document_->Browser().Title(), "now");
-    EXPECT_FALSE(document_->RefreshTimer().isActive());
+    EXPECT_EQ(document_->browser.Title(), "now");
+    EXPECT_FALSE(document_->Timer().isActive());
 }
 
 TEST_F(PreviewPipelineTest, TheTabPutsTheScriptIntoPagesOnly) {
@@ -371,7 +394,7 @@ TEST_F(PreviewPipelineTest, TheTabPutsTheScriptIntoPagesOnly) {
         document_->SetCaption(directory_.filePath(name));
         document_->Text1->SetText("x");
         PreviewNow();
-        const QByteArray bytes = Read(document_->Browser().Path());
+        const QByteArray bytes = Read(document_->browser.Path());
         EXPECT_EQ(bytes, script ? "x\r\n" + Script(0) : QByteArray("x")) << name;
     }
     document_->SetCaption(directory_.filePath("a.txt"));
@@ -409,10 +432,10 @@ TEST_F(PreviewPipelineTest, WritingDoesntHoldUpTheProgram) {
 TEST_F(PreviewPipelineTest, TheKeyboardReturnsFromThePageToTheText) {
     document_->Text1->SetText("<title>t</title>");
     Tick();
-    QWidget* const inner = document_->Browser().childAt(document_->Browser().rect().center());
+    QWidget* const inner = document_->browser.childAt(document_->browser.rect().center());
     ASSERT_NE(inner, nullptr);
     QTest::mouseClick(inner, Qt::LeftButton);
-    ASSERT_TRUE(test::WaitFor([&] { return document_->Browser().HasKeyboard(); }));
+    ASSERT_TRUE(test::WaitFor([&] { return document_->browser.HasKeyboard(); }));
     Tick();
     EXPECT_TRUE(document_->Text1->hasFocus());
 }
@@ -442,15 +465,15 @@ TEST_F(PreviewPipelineTest, AWindowMayCloseWhileItsFileIsWritten) {
 }
 
 TEST_F(PreviewPipelineTest, LoadPageShowsAPageUntilTheTextChanges) {
-    document_->Browser().hide();
+    document_->browser.hide();
     LoadPage(bench_, "<title>A lesson</title>\r\n");
     EXPECT_TRUE(WaitForTitle("A lesson"));
     EXPECT_EQ(Read(Site("caching.htm")), "<title>A lesson</title>\r\n");
-    EXPECT_TRUE(document_->Browser().isVisible());
-    EXPECT_FALSE(document_->RefreshTimer().isActive());
+    EXPECT_TRUE(document_->browser.isVisible());
+    EXPECT_FALSE(document_->Timer().isActive());
     EXPECT_EQ(bench_.count, "1");
     QTest::keyClicks(document_->Text1, "y");
-    EXPECT_TRUE(document_->RefreshTimer().isActive());
+    EXPECT_TRUE(document_->Timer().isActive());
 }
 
 TEST_F(PreviewPipelineTest, EachWindowShowsItsOwnFirstPage) {
@@ -458,25 +481,25 @@ TEST_F(PreviewPipelineTest, EachWindowShowsItsOwnFirstPage) {
     second.show();
     PreviewedDocument* const windows[] = {&second, document_};
     for (PreviewedDocument* window : windows) {
-        window->Browser().hide();
-        window->RefreshTimer().start();
+        window->browser.hide();
+        window->Timer().start();
     }
-    for (PreviewedDocument* window : windows) ShowPageIn(bench_, *window, "<title>First</title>");
+    for (PreviewedDocument* window : windows) ShowPageIn(bench_, window->pipeline, "<title>First</title>");
     for (PreviewedDocument* window : windows) {
-        EXPECT_FALSE(window->RefreshTimer().isActive());
-        EXPECT_TRUE(window->Browser().isVisible());
-        EXPECT_EQ(window->Browser().Path(), Site("caching.htm"));
-        EXPECT_TRUE(test::WaitFor([&] { return window->Browser().Title() == "First"; }));
+        EXPECT_FALSE(window->Timer().isActive());
+        EXPECT_TRUE(window->browser.isVisible());
+        EXPECT_EQ(window->browser.Path(), Site("caching.htm"));
+        EXPECT_TRUE(test::WaitFor([&] { return window->browser.Title() == "First"; }));
     }
 }
 
 TEST_F(PreviewPipelineTest, APageForAnotherWindowLeavesTheActiveOneAlone) {
     PreviewedDocument second(bench_);
     second.show();
-    ShowPageIn(bench_, second, "<title>First</title>");
-    EXPECT_TRUE(test::WaitFor([&] { return second.Browser().Title() == "First"; }));
-    EXPECT_EQ(document_->Browser().Path(), "");
-    EXPECT_TRUE(document_->RefreshTimer().isActive());
+    ShowPageIn(bench_, second.pipeline, "<title>First</title>");
+    EXPECT_TRUE(test::WaitFor([&] { return second.browser.Title() == "First"; }));
+    EXPECT_EQ(document_->browser.Path(), "");
+    EXPECT_TRUE(document_->Timer().isActive());
 }
 
 TEST_F(PreviewPipelineTest, LoadPageOvertakesAPreviewOnItsWay) {
@@ -486,7 +509,7 @@ TEST_F(PreviewPipelineTest, LoadPageOvertakesAPreviewOnItsWay) {
     EXPECT_TRUE(WaitForTitle("A lesson"));
     EXPECT_TRUE(test::WaitFor([&] { return !document_->pipeline.IsWriting(); }));
     EXPECT_EQ(Read(Site("caching.htm")), "<title>A lesson</title>");
-    EXPECT_FALSE(document_->RefreshTimer().isActive());
+    EXPECT_FALSE(document_->Timer().isActive());
 }
 
 TEST_F(PreviewPipelineTest, LoadPageMakesADocumentWhenThereIsNone) {
@@ -501,7 +524,7 @@ TEST_F(PreviewPipelineTest, LoadPageMakesADocumentWhenThereIsNone) {
     EXPECT_EQ(bench_.colored, 1);
     auto* const made = dynamic_cast<PreviewedDocument*>(bench_.ActiveDocument());
     ASSERT_NE(made, nullptr);
-    EXPECT_TRUE(test::WaitFor([&] { return made->Browser().Title() == "A lesson"; }));
+    EXPECT_TRUE(test::WaitFor([&] { return made->browser.Title() == "A lesson"; }));
 }
 
 TEST_F(PreviewPipelineTest, LoadPageShowsThePageEvenWhenTheFolderTakesNoFiles) {

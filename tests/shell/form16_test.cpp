@@ -21,6 +21,8 @@ protected:
 
     [[nodiscard]] Form16& Form() const { return *qobject_cast<Form16*>(window->ActiveDocument()); }
 
+    static QTimer& Timer2(const Form16& form) { return *form.findChild<QTimer*>("Timer2", Qt::FindDirectChildrenOnly); }
+
     static void ClickTab(TabStrip& strip, int index) {
         QTest::mouseClick(&strip, Qt::LeftButton, {}, strip.tabRect(index - 1).center());
     }
@@ -142,8 +144,8 @@ TEST_F(Form16Test, ALayoutLeavesTheSelectionAlone) {
 TEST_F(Form16Test, TimersRunAtTheirPeriods) {
     WriteSetting(settings, keys::refreshRate, "12");
     const Form16& form = OpenWithPreview();
-    EXPECT_EQ(form.Timer2->interval(), 12000);
-    EXPECT_TRUE(form.Timer2->isActive());
+    EXPECT_EQ(Timer2(form).interval(), 12000);
+    EXPECT_TRUE(Timer2(form).isActive());
     EXPECT_EQ(form.Timer1->interval(), 400);
     EXPECT_TRUE(form.Timer1->isSingleShot());
     EXPECT_TRUE(form.Check1->isChecked());
@@ -155,10 +157,10 @@ TEST_F(Form16Test, TheFirstViewIsTheManualAndStopsTheRefresh) {
     EXPECT_FALSE(form.WebBrowser1->isVisible());
     ASSERT_TRUE(QTest::qWaitFor([&] { return form.WebBrowser1->isVisible(); }, 5000));
     EXPECT_FALSE(form.Timer1->isActive());
-    EXPECT_FALSE(form.Timer2->isActive()) << "the manual stays until the text changes";
+    EXPECT_FALSE(Timer2(form).isActive()) << "the manual stays until the text changes";
     EXPECT_TRUE(Bytes(SitePath("caching.htm")).contains("<title>Vellumcraft Manual</title>"));
     QTest::keyClicks(form.Text1, "x");
-    EXPECT_TRUE(form.Timer2->isActive());
+    EXPECT_TRUE(Timer2(form).isActive());
 }
 
 TEST_F(Form16Test, TabsHaveTheirTips) {
@@ -176,19 +178,19 @@ TEST_F(Form16Test, ANewRateReachesTheActiveWindowsTimerAlone) {
     EditorOptions options = window->Options().Now();
     options.RefreshRate = 3;
     window->Options().Set(options);
-    EXPECT_EQ(Form().Timer2->interval(), 3000);
-    EXPECT_EQ(first.Timer2->interval(), 7000);
+    EXPECT_EQ(Timer2(Form()).interval(), 3000);
+    EXPECT_EQ(Timer2(first).interval(), 7000);
 }
 
 TEST_F(Form16Test, WithAutoPreviewOffNoFileIsWrittenAndTheTimerGoesOn) {
     const Form16& form = OpenWithPreview(MakeFile("page.html", "<p>x</p>"));
     QTest::mouseClick(form.Check1, Qt::LeftButton, {}, {8, form.Check1->height() / 2});
     ASSERT_FALSE(form.Check1->isChecked());
-    form.Timer2->setInterval(10);
+    Timer2(form).setInterval(10);
     QTest::keyClicks(form.Text1, "y");
-    const QSignalSpy ticks(form.Timer2, &QTimer::timeout);
+    const QSignalSpy ticks(&Timer2(form), &QTimer::timeout);
     ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.count() > 3; }, 5000));
-    EXPECT_TRUE(form.Timer2->isActive());
+    EXPECT_TRUE(Timer2(form).isActive());
     EXPECT_FALSE(QFile::exists(SitePath("caching.html")));
     QTest::mouseClick(form.Check1, Qt::LeftButton, {}, {8, form.Check1->height() / 2});
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(SitePath("caching.html")); }, 5000));
