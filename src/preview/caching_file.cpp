@@ -5,8 +5,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <algorithm>
-
 namespace vellum {
 namespace {
 
@@ -34,16 +32,13 @@ QString CachingPath(const QString& caption, const QString& websiteDirectory) {
     return caption.left(caption.lastIndexOf('/') + 1) + name;
 }
 
-bool IsSameFile(const QString& path, const QString& other) {
-    return Resolved(path) == Resolved(other);
-}
-
 QString PathBesideDocuments(const QString& path, const QStringList& documents) {
     const qsizetype ending = path.lastIndexOf('/') + 1 + QLatin1String("caching").size();
+    QStringList files;
+    for (const QString& document : documents) files << Resolved(document);
     QString candidate = path;
     for (int number = 1;; ++number) {
-        const auto isCandidate = [&](const QString& document) { return IsSameFile(document, candidate); };
-        if (std::none_of(documents.begin(), documents.end(), isCandidate)) return candidate;
+        if (!files.contains(Resolved(candidate))) return candidate;
         const QString mark = number == 1 ? QString() : QString::number(number);
         candidate = path.left(ending) + QLatin1String("-preview") + mark + path.mid(ending);
     }

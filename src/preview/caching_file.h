@@ -1,4 +1,4 @@
-// The caching file: what a document's preview is called, where it stands, and what is put behind the document's text.
+// The caching file: what a document's preview is called, where it stands, and what is put after the document's text.
 #pragma once
 
 #include <QString>
@@ -14,11 +14,9 @@ namespace vellum {
 // without a directory gives a name without one.
 [[nodiscard]] QString CachingPath(const QString& caption, const QString& websiteDirectory);
 
-// True when both paths lead to the same file, also by way of symbolic links. Neither needs to exist.
-[[nodiscard]] bool IsSameFile(const QString& path, const QString& other);
-
 // `path`, a caching file, or another name beside it ("caching-preview.htm", "caching-preview2.htm") when one of the
-// documents is that file: a preview never overwrites what it shows.
+// documents is that file, also by way of symbolic links: a preview never overwrites what it shows. Looks at the disk,
+// which may take its time; none of the files needs to exist.
 [[nodiscard]] QString PathBesideDocuments(const QString& path, const QStringList& documents);
 
 // The text, CR LF, and a script that scrolls to `scrollTop` CSS pixels as soon as the page stands.

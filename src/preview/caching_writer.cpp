@@ -80,6 +80,12 @@ bool WriteQuickly(const QString& path, const QByteArray& bytes, quint64 number) 
     return false;
 }
 
+// The path of the file, empty when it can't be written.
+QString Write(const CachingJob& job, quint64 number) {
+    QString path = PathBesideDocuments(job.path, job.documents);
+    return WriteQuickly(path, CachingBytes(job), number) ? path : QString();
+}
+
 }  // namespace
 
 QByteArray CachingBytes(const CachingJob& job) {
@@ -95,18 +101,12 @@ QByteArray CachingBytes(const CachingJob& job) {
     return EncodeText(text, format, false);
 }
 
-QFuture<bool> WriteCachingFileLater(CachingJob job) {
-    return QtConcurrent::run(&Pool(), [job = std::move(job), number = Order().Next()] {
-        return WriteQuickly(job.path, CachingBytes(job), number);
-    });
+QFuture<QString> WriteCachingFileLater(CachingJob job) {
+    return QtConcurrent::run(&Pool(), [job = std::move(job), number = Order().Next()] { return Write(job, number); });
 }
 
-bool WriteCachingFile(const CachingJob& job) {
-    return WriteCachingBytes(job.path, CachingBytes(job));
-}
-
-bool WriteCachingBytes(const QString& path, const QByteArray& bytes) {
-    return WriteQuickly(path, bytes, Order().Next());
+QString WriteCachingFile(const CachingJob& job) {
+    return Write(job, Order().Next());
 }
 
 }  // namespace vellum

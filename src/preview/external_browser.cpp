@@ -1,7 +1,7 @@
 // The pages that go elsewhere than to their own document's preview: to the external browsers, and the generated ones.
 #include "editor/document.h"
 #include "editor/workbench.h"
-#include "preview/caching_file.h"
+#include "preview/caching_writer.h"
 #include "preview/preview_pipeline.h"
 #include "settings/settings_keys.h"
 #include "system/programs.h"
@@ -23,13 +23,11 @@ bool IsNone(const QString& command) {
 // The generated page on disk; empty when it can be put nowhere. A website directory that takes no files doesn't keep a
 // person from reading the manual.
 QString WritePage(Workbench& workbench, const QString& html) {
-    const QByteArray bytes = html.toUtf8();
-    const QString name = QStringLiteral("caching.htm");
-    const QString path = PathBesideOpenDocuments(workbench, JoinPath(workbench.WebsiteDirectory(), name));
-    if (WriteCachingBytes(path, bytes)) return path;
+    CachingJob job = WebsiteJob(workbench, html, {});
+    if (QString path = WriteCachingFile(job); !path.isEmpty()) return path;
     static const QTemporaryDir substitute;
-    const QString elsewhere = substitute.filePath(name);
-    return WriteCachingBytes(elsewhere, bytes) ? elsewhere : QString();
+    job.path = substitute.filePath(QStringLiteral("caching.htm"));
+    return WriteCachingFile(job);
 }
 
 bool OpenInDefault(const QString& path) {
@@ -70,10 +68,8 @@ void OpenInExternalBrowser(Workbench& workbench, int index) {
         return workbench.Ask().Message(workbench.Window(), QStringLiteral("There is nothing to show!"));
     const std::array keysByIndex{&keys::browser1, &keys::browser2, &keys::browser3};
     const QString command = ReadSetting(workbench.Settings(), *keysByIndex.at(static_cast<std::size_t>(index)));
-    const QString path =
-        PathBesideOpenDocuments(workbench, CachingPath(document->Caption(), workbench.WebsiteDirectory()));
-    if (!WriteCachingFile({path, document->Text1->RawText(), document->Text1->Format(), {}}))
-        return workbench.Ask().Message(workbench.Window(), noBrowser);
+    const QString path = WriteCachingFile(DocumentJob(workbench, *document));
+    if (path.isEmpty()) return workbench.Ask().Message(workbench.Window(), noBrowser);
     if (IsNone(command)) {
         workbench.Ask().Message(
             workbench.Window(),

@@ -4,7 +4,7 @@
 #include "editor/document.h"
 #include "editor/workbench.h"
 #include "preview/caching_file.h"
-#include "system/programs.h"
+#include "preview/caching_writer.h"
 #include "values/number_rules.h"
 
 #include <QAbstractButton>
@@ -39,7 +39,7 @@ PreviewPipeline::PreviewPipeline(Workbench& workbench, Document& document, Brows
     const auto interval = MultiplyInt16(workbench_.RefreshRate, 1000);
     if (interval && *interval > 0) timer_->setInterval(*interval);
     connect(timer_, &QTimer::timeout, this, &PreviewPipeline::Refresh);
-    connect(&watcher_, &QFutureWatcher<bool>::finished, this, &PreviewPipeline::Written);
+    connect(&watcher_, &QFutureWatcherBase::finished, this, &PreviewPipeline::Written);
     connect(document_.Text1, &EditSurface::Changed, this, [this] {
         if (!timer_->isActive()) timer_->start();
     });
@@ -52,25 +52,18 @@ void PreviewPipeline::SetInterval(int milliseconds) {
 }
 
 void PreviewPipeline::Refresh() {
-    if (!autoPreview_.isChecked() || writing_) return;
-    const int scrollTop = ScrollOffset();
-    if (IsEmpty()) return;
-    Write({DocumentPath(), document_.Text1->RawText(), document_.Text1->Format(), scrollTop},
-          {.revision = document_.Text1->Revision()});
+    if (autoPreview_.isChecked() && !writing_ && !IsEmpty()) Write(false);
 }
 
 void PreviewPipeline::PreviewNow() {
     timer_->stop();
-    const int scrollTop = ScrollOffset();
     if (IsEmpty()) return;
     if (!browser_.IsAvailable()) return TellTrouble();
     if (writing_) {
         again_ = true;
-        return;
+    } else {
+        Write(true);
     }
-    CachingJob job{DocumentPath(), document_.Text1->RawText(), document_.Text1->Format(), {}};
-    if (TakesScrollScript(QFileInfo(job.path).fileName())) job.scrollTop = scrollTop;
-    Write(std::move(job), {.revision = document_.Text1->Revision(), .byTab = true});
 }
 
 void PreviewPipeline::MultiPreview() {
@@ -80,11 +73,11 @@ void PreviewPipeline::MultiPreview() {
 void PreviewPipeline::VisualEdit(QString& cachePath) {
     if (RefuseFrameset(workbench_)) return;
     const EditSurface& text = *document_.Text1;
-    cachePath =
-        PathBesideOpenDocuments(workbench_, JoinPath(workbench_.WebsiteDirectory(), QStringLiteral("caching.htm")));
-    if (!WriteCachingFile({cachePath, text.RawText(), text.Format(), {}}))
+    const QString path = WriteCachingFile(WebsiteJob(workbench_, text.RawText(), text.Format()));
+    if (path.isEmpty())
         return workbench_.Ask().Message(workbench_.Window(),
                                         QStringLiteral("Cannot save file.  It may be locked or read-only."));
+    cachePath = path;
     ShowVisualEdit(workbench_, cachePath);
 }
 
@@ -104,33 +97,29 @@ bool PreviewPipeline::IsEmpty() const {
     return document_.Text1->Length() == 0;
 }
 
-QString PreviewPipeline::DocumentPath() const {
-    const QString path = CachingPath(document_.Caption(), workbench_.WebsiteDirectory());
-    return PathBesideOpenDocuments(workbench_, path);
-}
-
 int PreviewPipeline::ScrollOffset() const {
     return browser_.Title() == QLatin1String("Vellumcraft Manual") ? 0 : browser_.ScrollTop();
 }
 
-void PreviewPipeline::Write(CachingJob job, Order order) {
-    path_ = job.path;
-    writing_ = order;
+void PreviewPipeline::Write(bool byTab) {
+    CachingJob job = DocumentJob(workbench_, document_);
+    if (!byTab || TakesScrollScript(QFileInfo(job.path).fileName())) job.scrollTop = ScrollOffset();
+    writing_ = Order{.revision = document_.Text1->Revision(), .byTab = byTab};
     watcher_.setFuture(WriteCachingFileLater(std::move(job)));
 }
 
 void PreviewPipeline::Written() {
-    const bool ok = watcher_.result();
+    const QString path = watcher_.result();
     const Order order = *writing_;
     writing_.reset();
     if (std::exchange(again_, false)) return PreviewNow();
     if (order.forgotten) return;
-    if (!ok) {
+    if (path.isEmpty()) {
         if (order.byTab) TellTrouble();
         return;
     }
     if (order.revision == document_.Text1->Revision()) timer_->stop();
-    browser_.Navigate(path_);
+    browser_.Navigate(path);
     ReturnFocus();
 }
 
@@ -140,15 +129,6 @@ void PreviewPipeline::TellTrouble() {
 
 void PreviewPipeline::ReturnFocus() {
     if (document_.isActiveWindow() && browser_.HasKeyboard()) document_.Text1->setFocus();
-}
-
-QString PathBesideOpenDocuments(Workbench& workbench, const QString& path) {
-    QStringList documents;
-    if (const Document* const active = workbench.ActiveDocument()) documents << active->Caption();
-    if (const QWidget* const window = workbench.Window()) {
-        for (const Document* const document : window->findChildren<Document*>()) documents << document->Caption();
-    }
-    return PathBesideDocuments(path, documents);
 }
 
 bool RefuseFrameset(Workbench& workbench) {

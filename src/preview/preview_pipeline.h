@@ -1,10 +1,9 @@
 // The live preview: writes a document's text to its caching file and sends the document's browser there.
 #pragma once
 
-#include "preview/caching_writer.h"
-
 #include <QFutureWatcher>
 #include <QObject>
+#include <QString>
 
 #include <optional>
 
@@ -18,9 +17,9 @@ class Document;
 class Workbench;
 
 // One a document. Nobody else starts, stops or times the refresh timer, a child of the document named "Timer2": it runs
-// from the start, and each change of the text starts it unless it runs. Encoding and writing happen on a worker thread,
-// and the document's Saver and file are never touched. When a page has come, the keyboard returns from the page to the
-// text, if that window is the active one.
+// from the start, and each change of the text starts it unless it runs. All that a refresh has to do with files happens
+// on a worker thread, and the document's Saver and file are never touched. When a page has come, the keyboard returns
+// from the page to the text, if that window is the active one.
 class PreviewPipeline : public QObject {
     Q_OBJECT
 public:
@@ -60,9 +59,8 @@ private:
     };
 
     [[nodiscard]] bool IsEmpty() const;
-    [[nodiscard]] QString DocumentPath() const;  // the caching file
     [[nodiscard]] int ScrollOffset() const;
-    void Write(CachingJob job, Order order);
+    void Write(bool byTab);
     void Written();
     void TellTrouble();
     void ReturnFocus();
@@ -72,8 +70,7 @@ private:
     BrowserSurface& browser_;
     const QAbstractButton& autoPreview_;
     QTimer* const timer_;
-    QFutureWatcher<bool> watcher_;
-    QString path_;  // of the file that is being written
+    QFutureWatcher<QString> watcher_;  // of the path that the file gets
     std::optional<Order> writing_;
     bool again_ = false;  // tab 1 was asked for while a file was being written
 };
@@ -98,9 +95,6 @@ void ShowPageIn(Workbench& workbench, PreviewPipeline& pipeline, const QString& 
 
 // Shows the active document in the external browser `index`, 0 to 2, or in the system's when none is set.
 void OpenInExternalBrowser(Workbench& workbench, int index);
-
-// `path`, a caching file, or another name beside it when an open document is that file.
-[[nodiscard]] QString PathBesideOpenDocuments(Workbench& workbench, const QString& path);
 
 // True, with a message, when the active document has a frameset, which the visual editor can't load.
 bool RefuseFrameset(Workbench& workbench);

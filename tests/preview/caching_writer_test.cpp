@@ -23,51 +23,76 @@ protected:
         return QDir(directory_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
+    bool Write(const QString& name, const QString& text) const {
+        return WriteCachingFile({.path = Path(name), .text = text}) == Path(name);
+    }
+    QFuture<QString> WriteLater(const QString& name, const QString& text) const {
+        return WriteCachingFileLater({.path = Path(name), .text = text});
+    }
+
     QTemporaryDir directory_;
 };
 
 TEST_F(CachingWriterTest, ReplacesTheFileAndLeavesNothingBeside) {
-    ASSERT_TRUE(WriteCachingBytes(Path("caching.htm"), "one"));
-    ASSERT_TRUE(WriteCachingBytes(Path("caching.htm"), "two"));
+    ASSERT_TRUE(Write("caching.htm", "one"));
+    ASSERT_TRUE(Write("caching.htm", "two"));
     EXPECT_EQ(Read(Path("caching.htm")), "two");
     EXPECT_EQ(Names(), QStringList{"caching.htm"});
 }
 
 TEST_F(CachingWriterTest, TheFileOrderedLastStays) {
     const QString large = QString("<p>line</p>\n").repeated(1500000);
-    QFuture<bool> other = WriteCachingFileLater({Path("other.htm"), large, {}, {}});
-    QFuture<bool> early = WriteCachingFileLater({Path("caching.htm"), "early", {}, {}});
-    ASSERT_TRUE(WriteCachingBytes(Path("caching.htm"), "late"));
-    EXPECT_FALSE(early.isFinished()) << "the page doesn't wait behind a large document";
+    QFuture<QString> other = WriteLater("other.htm", large);
+    QFuture<QString> early = WriteLater("caching.htm", "early");
+    ASSERT_TRUE(Write("caching.htm", "late"));
+    EXPECT_FALSE(early.isFinished()) << "the page doesn't wait for a large document";
     EXPECT_EQ(Read(Path("caching.htm")), "late");
-    EXPECT_TRUE(early.result());
-    EXPECT_TRUE(other.result());
+    EXPECT_EQ(early.result(), Path("caching.htm"));
+    EXPECT_EQ(other.result(), Path("other.htm"));
     EXPECT_EQ(Read(Path("caching.htm")), "late");
     EXPECT_EQ(Names(), (QStringList{"caching.htm", "other.htm"}));
 }
 
+TEST_F(CachingWriterTest, TellsTheNameThatTheFileGotBesideADocument) {
+    const CachingJob job{.path = Path("caching.htm"), .text = "x", .documents = {"New 1", Path("caching.htm")}};
+    EXPECT_EQ(WriteCachingFile(job), Path("caching-preview.htm"));
+    EXPECT_EQ(WriteCachingFileLater(job).result(), Path("caching-preview.htm"));
+    EXPECT_EQ(Names(), QStringList{"caching-preview.htm"});
+}
+
+TEST_F(CachingWriterTest, TheFileTakesTheEncodingOfTheDocument) {
+    TextFormat format;
+    format.encoding = "windows-1252";
+    format.lineEnd = LineEnd::Lf;
+    const CachingJob declared{.text = QString::fromUtf8("<meta charset=\"windows-1252\">\r\n\xC3\xA4"),
+                              .format = format};
+    EXPECT_EQ(CachingBytes(declared), "<meta charset=\"windows-1252\">\r\n\xE4");
+    const CachingJob undeclared{.text = QString::fromUtf8("\xC3\xA4"), .format = format};
+    EXPECT_EQ(CachingBytes(undeclared), "\xEF\xBB\xBF\xC3\xA4");
+}
+
 TEST_F(CachingWriterTest, KeepsTheModeOfTheFile) {
-    ASSERT_TRUE(WriteCachingBytes(Path("caching.htm"), "one"));
+    ASSERT_TRUE(Write("caching.htm", "one"));
     const QByteArray name = QFile::encodeName(Path("caching.htm"));
     ASSERT_EQ(::chmod(name.constData(), 0640), 0);
-    ASSERT_TRUE(WriteCachingBytes(Path("caching.htm"), "two"));
+    ASSERT_TRUE(Write("caching.htm", "two"));
     struct stat status = {};
     ASSERT_EQ(::stat(name.constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
 }
 
 TEST_F(CachingWriterTest, FollowsASymbolicLink) {
-    ASSERT_TRUE(WriteCachingBytes(Path("real.htm"), "one"));
+    ASSERT_TRUE(Write("real.htm", "one"));
     ASSERT_TRUE(QFile::link(Path("real.htm"), Path("caching.htm")));
-    ASSERT_TRUE(WriteCachingBytes(Path("caching.htm"), "two"));
+    ASSERT_TRUE(Write("caching.htm", "two"));
     EXPECT_TRUE(QFileInfo(Path("caching.htm")).isSymLink());
     EXPECT_EQ(Read(Path("real.htm")), "two");
 }
 
 TEST_F(CachingWriterTest, AFolderInThePlaceIsAFailure) {
     ASSERT_TRUE(QDir(directory_.path()).mkdir("caching.htm"));
-    EXPECT_FALSE(WriteCachingBytes(Path("caching.htm"), "x"));
-    EXPECT_FALSE(WriteCachingBytes(Path("missing/caching.htm"), "x"));
+    EXPECT_EQ(WriteCachingFile({.path = Path("caching.htm"), .text = "x"}), "");
+    EXPECT_EQ(WriteCachingFile({.path = Path("missing/caching.htm"), .text = "x"}), "");
     EXPECT_EQ(Names(), QStringList{"caching.htm"});
 }
 

@@ -4,6 +4,7 @@
 #include "editor/document.h"
 #include "editor/workbench.h"
 #include "settings/settings_keys.h"
+#include "tests/preview/dead_folder.h"
 #include "tests/support/test_workbench.h"
 #include "tests/support/wait_for.h"
 
@@ -411,22 +412,31 @@ TEST_F(PreviewPipelineTest, TheTabDuringAWriteShowsTheNewestText) {
     EXPECT_TRUE(Read(Site("caching.htm")).startsWith("<title>new"));
 }
 
-TEST_F(PreviewPipelineTest, TheFileTakesTheEncodingOfTheDocument) {
-    TextFormat format;
-    format.encoding = "windows-1252";
-    format.lineEnd = LineEnd::Lf;
-    const CachingJob declared{{}, QString::fromUtf8("<meta charset=\"windows-1252\">\r\n\xC3\xA4"), format, {}};
-    EXPECT_EQ(CachingBytes(declared), "<meta charset=\"windows-1252\">\r\n\xE4");
-    const CachingJob undeclared{{}, QString::fromUtf8("\xC3\xA4"), format, {}};
-    EXPECT_EQ(CachingBytes(undeclared), "\xEF\xBB\xBF\xC3\xA4");
-}
-
 TEST_F(PreviewPipelineTest, WritingDoesntHoldUpTheProgram) {
     document_->Text1->SetText(QString("<p>line</p>\r\n").repeated(100000));
     document_->pipeline.Refresh();
     EXPECT_TRUE(document_->pipeline.IsWriting());
     EXPECT_TRUE(test::WaitFor([&] { return !document_->pipeline.IsWriting(); }));
     EXPECT_EQ(Read(Site("caching.htm")).size(), 100000 * 13 + 2 + Script(0).size());
+}
+
+TEST_F(PreviewPipelineTest, AFolderThatDoesntAnswerHoldsNobodyUp) {
+    const QString folder = directory_.filePath("far");
+    QDir().mkpath(folder);
+    document_->SetCaption(folder + "/page.html");
+    for (const bool byTab : {false, true}) {
+        const QString title = byTab ? "by the tab" : "by the timer";
+        document_->Text1->SetText("<title>" + title + "</title>");
+        test::DeadFolder dead(folder);
+        byTab ? document_->pipeline.PreviewNow() : document_->pipeline.Refresh();
+        EXPECT_TRUE(test::WaitFor([&] { return dead.Waiting() == 1; })) << byTab;
+        QTest::keyClicks(document_->Text1, "typed");
+        EXPECT_TRUE(document_->Text1->RawText().startsWith("typed")) << byTab;
+        EXPECT_TRUE(document_->pipeline.IsWriting()) << byTab;
+        dead.Revive();
+        EXPECT_TRUE(WaitForTitle(title));
+        EXPECT_EQ(dead.CallsOfTheMainThread(), 0) << byTab;
+    }
 }
 
 TEST_F(PreviewPipelineTest, TheKeyboardReturnsFromThePageToTheText) {

@@ -1,0 +1,36 @@
+#include "preview/caching_job.h"
+
+#include "editor/document.h"
+#include "editor/workbench.h"
+#include "preview/caching_file.h"
+#include "system/programs.h"
+
+namespace vellum {
+namespace {
+
+QStringList OpenCaptions(Workbench& workbench) {
+    QStringList documents;
+    if (const Document* const active = workbench.ActiveDocument()) documents << active->Caption();
+    if (const QWidget* const window = workbench.Window()) {
+        for (const Document* const document : window->findChildren<Document*>()) documents << document->Caption();
+    }
+    return documents;
+}
+
+}  // namespace
+
+CachingJob DocumentJob(Workbench& workbench, const Document& document) {
+    return {.path = CachingPath(document.Caption(), workbench.WebsiteDirectory()),
+            .text = document.Text1->RawText(),
+            .format = document.Text1->Format(),
+            .documents = OpenCaptions(workbench)};
+}
+
+CachingJob WebsiteJob(Workbench& workbench, const QString& text, const TextFormat& format) {
+    return {.path = JoinPath(workbench.WebsiteDirectory(), QStringLiteral("caching.htm")),
+            .text = text,
+            .format = format,
+            .documents = OpenCaptions(workbench)};
+}
+
+}  // namespace vellum
