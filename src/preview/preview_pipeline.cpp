@@ -16,12 +16,6 @@
 namespace vellum {
 namespace {
 
-// The form of several resolutions joins here.
-void ShowMultiPreview(Workbench& /*workbench*/) {}
-
-// The visual editor's form joins here.
-void ShowVisualEdit(Workbench& /*workbench*/, const QString& /*cachePath*/) {}
-
 // Milliseconds; stays where the settings hold no period that a timer can have.
 constexpr int designInterval = 7000;
 
@@ -36,7 +30,7 @@ PreviewPipeline::PreviewPipeline(Workbench& workbench, Document& document, Brows
       timer_(new QTimer(&document)) {
     timer_->setObjectName("Timer2");
     timer_->setInterval(designInterval);
-    const auto interval = MultiplyInt16(workbench_.RefreshRate, 1000);
+    const auto interval = MultiplyInt16(workbench_.Options()->RefreshRate, 1000);
     if (interval && *interval > 0) timer_->setInterval(*interval);
     connect(timer_, &QTimer::timeout, this, &PreviewPipeline::Refresh);
     connect(&watcher_, &QFutureWatcherBase::finished, this, &PreviewPipeline::Written);
@@ -64,21 +58,6 @@ void PreviewPipeline::PreviewNow() {
     } else {
         Write(true);
     }
-}
-
-void PreviewPipeline::MultiPreview() {
-    if (!IsEmpty()) ShowMultiPreview(workbench_);
-}
-
-void PreviewPipeline::VisualEdit(QString& cachePath) {
-    if (RefuseFrameset(workbench_)) return;
-    const EditSurface& text = *document_.Text1;
-    const QString path = WriteCachingFile(WebsiteJob(workbench_, text.RawText(), text.Format()));
-    if (path.isEmpty())
-        return workbench_.Ask().Message(workbench_.Window(),
-                                        QStringLiteral("Cannot save file.  It may be locked or read-only."));
-    cachePath = path;
-    ShowVisualEdit(workbench_, cachePath);
 }
 
 void PreviewPipeline::ShowFile(const QString& path) {
@@ -129,14 +108,6 @@ void PreviewPipeline::TellTrouble() {
 
 void PreviewPipeline::ReturnFocus() {
     if (document_.isActiveWindow() && browser_.HasKeyboard()) document_.Text1->setFocus();
-}
-
-bool RefuseFrameset(Workbench& workbench) {
-    const Document* const document = workbench.ActiveDocument();
-    if (document == nullptr || !document->Text1->RawText().contains(QLatin1String("<FRAMESET"), Qt::CaseInsensitive))
-        return false;
-    workbench.Ask().Message(workbench.Window(), QStringLiteral("Cannot load Frameset documents"));
-    return true;
 }
 
 }  // namespace vellum

@@ -37,12 +37,6 @@ public:
     // Tab 1: the same at once, whatever the AutoPreview box says. A failure tells "Trouble with IE".
     void PreviewNow();
 
-    // Tab 2: the window of several resolutions, when there is a text to show in it.
-    void MultiPreview();
-
-    // Tab 3: the visual editor, on a copy of the text whose path goes to `cachePath`. Refuses documents with framesets.
-    void VisualEdit(QString& cachePath);
-
     // Shows another file than the document's, until the text changes. What is being written will not be shown.
     void ShowFile(const QString& path);
 
@@ -83,20 +77,5 @@ public:
 protected:
     ~PreviewHost() = default;
 };
-
-// Shows a page that the program made: writes it to "caching.htm" in the website directory and sends the active
-// document's browser there, whose refresh timer stops. Opens a document when there is none. In a session without
-// previews the page goes to the first external browser.
-void LoadPage(Workbench& workbench, const QString& html);
-
-// The same for the window of `pipeline`, be it the active one or not, in a session with previews. The browser is
-// visible afterwards unless the page can be put nowhere.
-void ShowPageIn(Workbench& workbench, PreviewPipeline& pipeline, const QString& html);
-
-// Shows the active document in the external browser `index`, 0 to 2, or in the system's when none is set.
-void OpenInExternalBrowser(Workbench& workbench, int index);
-
-// True, with a message, when the active document has a frameset, which the visual editor can't load.
-bool RefuseFrameset(Workbench& workbench);
 
 }  // namespace vellum

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "editor/text_commands.h"
-#include "preview/preview_pipeline.h"
+#include "preview/external_browser.h"
 #include "shell/mdi_arrange.h"
 #include "shell/mdiform1.h"
 #include "shell/window_commands.h"

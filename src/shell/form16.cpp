@@ -2,6 +2,8 @@
 
 #include "editor/workbench.h"
 #include "help/manual.h"
+#include "preview/generated_page.h"
+#include "preview/visual_copy.h"
 #include "settings/settings_keys.h"
 #include "shell/twip_geometry.h"
 #include "values/number_rules.h"
@@ -103,7 +105,7 @@ void Form16::ShowFirstView() {
 }
 
 void Form16::EditVisually() {
-    pipeline_.VisualEdit(CachePath);
+    if (const QString path = WriteVisualCopy(workbench_, *this); !path.isEmpty()) CachePath = path;
 }
 
 void Form16::RunTab(int index) {
@@ -111,9 +113,6 @@ void Form16::RunTab(int index) {
         case 1:
             pipeline_.PreviewNow();
             Text1->setFocus();
-            break;
-        case 2:
-            pipeline_.MultiPreview();
             break;
         case 3:
             EditVisually();

@@ -26,7 +26,7 @@ public:
     bool PreviewSplitVertical = true;
     QString CachePath;  // the last caching file given to the visual editor
 
-    void EditVisually();  // opens the visual editor on a copy of the text
+    void EditVisually();  // writes the copy of the text that the visual editor works on
 
     PreviewPipeline& Pipeline() override { return pipeline_; }
 

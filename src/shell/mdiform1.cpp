@@ -1,6 +1,7 @@
 #include "shell/mdiform1.h"
 
 #include "editor/document.h"
+#include "preview/generated_page.h"
 #include "preview/preview_pipeline.h"
 #include "reference/add_tags.h"
 #include "settings/settings_keys.h"
