@@ -1,4 +1,4 @@
-#include "browser/browser_surface.h"
+#include "browser/browser_engine.h"
 #include "shell/session.h"
 
 #include <QApplication>

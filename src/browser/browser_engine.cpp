@@ -1,7 +1,5 @@
 #include "browser/browser_engine.h"
 
-#include "browser/browser_surface.h"
-
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -64,6 +62,13 @@ bool HasEngineProgram() {
     return QFileInfo(chosen.isEmpty() ? usual : chosen).isExecutable();
 }
 
+EngineSurroundings LookAround() {
+    return {.root = ::geteuid() == 0,
+            .sandboxOff = qEnvironmentVariableIntValue(sandboxVariable) != 0,
+            .graphics = HasGraphics(),
+            .switches = qgetenv(switchesVariable)};
+}
+
 QString LookForObstacle() {
     if (!HasEngineProgram()) return QStringLiteral("The preview needs the browser engine, which is not installed.");
     const EngineSurroundings around = LookAround();
@@ -75,13 +80,6 @@ QString LookForObstacle() {
 }
 
 }  // namespace
-
-EngineSurroundings LookAround() {
-    return {.root = ::geteuid() == 0,
-            .sandboxOff = qEnvironmentVariableIntValue(sandboxVariable) != 0,
-            .graphics = HasGraphics(),
-            .switches = qgetenv(switchesVariable)};
-}
 
 QByteArray EngineSwitches(const EngineSurroundings& surroundings) {
     QByteArray switches = surroundings.switches.simplified();

@@ -14,12 +14,14 @@ struct EngineSurroundings {
     QByteArray switches = {};  // those that a person has set
 };
 
-[[nodiscard]] EngineSurroundings LookAround();
-
 // The person's switches followed by those of the program that they don't speak of.
 [[nodiscard]] QByteArray EngineSwitches(const EngineSurroundings& surroundings);
 
 // Empty when the engine can start, else a sentence for a person. What the system allows is found out once.
 [[nodiscard]] QString EngineObstacle();
+
+// To be called once in main() before the application object: sets the engine's switches. Its own sandbox can't start
+// for root, so it runs without it there and says so once on the error stream.
+void PrepareBrowserEngine();
 
 }  // namespace vellum

@@ -45,11 +45,6 @@ void MakeWindowReady(QWidget* surface) {
     seed->hide();
 }
 
-std::function<void(const QUrl&)>& AddressOpener() {
-    static std::function<void(const QUrl&)> opener;
-    return opener;
-}
-
 QUrl AddressOf(const QString& path) {
     if (path.startsWith(QLatin1String("http://")) || path.startsWith(QLatin1String("https://"))) return QUrl(path);
     return QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
@@ -121,19 +116,11 @@ void BrowserSurface::Private::MakePage() {
                      [this](const QWebEngineLoadingInfo& info) { LoadingChanged(info); });
     QObject::connect(page, &QWebEnginePage::urlChanged, surface, [this] { arrived = true; });
     QObject::connect(page, &QWebEnginePage::contentsSizeChanged, surface, [this] { arrived = true; });
-    QObject::connect(page, &QWebEnginePage::titleChanged, surface, [this] {
-        arrived = true;
-        emit surface->TitleChanged(surface->Title());
-    });
+    QObject::connect(page, &QWebEnginePage::titleChanged, surface, [this] { arrived = true; });
     QObject::connect(page, &BrowserPage::ScriptSpoke, surface, [this](const QString& text) { ShowNote(text); });
     QObject::connect(page, &BrowserPage::Died, surface, [this] { Died(); });
-    QObject::connect(page, &BrowserPage::OutsideLink, surface, [](const QUrl& address) {
-        if (AddressOpener()) {
-            AddressOpener()(address);
-        } else {
-            QDesktopServices::openUrl(address);
-        }
-    });
+    QObject::connect(page, &BrowserPage::OutsideLink, surface,
+                     [](const QUrl& address) { QDesktopServices::openUrl(address); });
     view->setPage(page);
 }
 
@@ -378,25 +365,6 @@ bool BrowserSurface::IsAvailable() const {
 bool BrowserSurface::HasKeyboard() const {
     const QWidget* const focus = QApplication::focusWidget();
     return focus != nullptr && (focus == this || isAncestorOf(focus));
-}
-
-void BrowserSurface::ReadText(std::function<void(const QString&)> callback) const {
-    if (d_->page == nullptr || d_->page->IsDead()) return callback({});
-    d_->page->toPlainText(std::move(callback));
-}
-
-void BrowserSurface::Evaluate(const QString& script, std::function<void(const QString&)> callback) const {
-    if (d_->page == nullptr || d_->page->IsDead()) return callback({});
-    d_->page->runJavaScript(script,
-                            [callback = std::move(callback)](const QVariant& value) { callback(value.toString()); });
-}
-
-qint64 BrowserSurface::RendererProcess() const {
-    return d_->page == nullptr || d_->page->IsDead() ? 0 : d_->page->renderProcessPid();
-}
-
-void BrowserSurface::SetAddressOpener(std::function<void(const QUrl&)> opener) {
-    AddressOpener() = std::move(opener);
 }
 
 bool BrowserSurface::eventFilter(QObject* watched, QEvent* event) {

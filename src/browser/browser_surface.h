@@ -2,19 +2,18 @@
 #pragma once
 
 #include <QString>
-#include <QUrl>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 
 namespace vellum {
 
 // The engine starts at the first Navigate, so a surface costs nothing until it shows something. The keyboard goes to
-// the page only when a person clicks it; no page and no navigation takes the focus by itself.
+// the page only when a person clicks it; no page and no navigation takes the focus by itself. Links that leave the site
+// and links to new windows open in the system's browser.
 class BrowserSurface : public QWidget {
     Q_OBJECT
-    Q_PROPERTY(QString title READ Title NOTIFY TitleChanged)
+    Q_PROPERTY(QString title READ Title)
 public:
     explicit BrowserSurface(QWidget* parent = nullptr);
     ~BrowserSurface() override;
@@ -32,25 +31,10 @@ public:
     // True while the keys that a person types go to the page.
     [[nodiscard]] bool HasKeyboard() const;
 
-    // The visible text, asked of the page; for tests and for the screen reader. Calls back with an empty text when
-    // there is no document.
-    void ReadText(std::function<void(const QString&)> callback) const;
-
-    // Runs a script in the page and hands its value over as text; empty when there is no document. For tests.
-    void Evaluate(const QString& script, std::function<void(const QString&)> callback) const;
-
-    // The operating system's number of the process that renders the page; 0 while there is none.
-    [[nodiscard]] qint64 RendererProcess() const;
-
-    // What opens links that leave the site and links to new windows; the system's browser unless it is replaced. An
-    // empty function puts that one back.
-    static void SetAddressOpener(std::function<void(const QUrl&)> opener);
-
 signals:
     // Once for every navigation that ends, those by a link in the page too. One that a newer Navigate overtakes ends
     // silently.
     void NavigateComplete(bool ok);
-    void TitleChanged(const QString& title);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -60,10 +44,5 @@ private:
     struct Private;
     std::unique_ptr<Private> d_;
 };
-
-// To be called once in main() before the application object: switches for the engine (its own sandbox can't start for
-// root, so it runs without it there and says so once on the error stream). Switches that a person has set in
-// QTWEBENGINE_CHROMIUM_FLAGS stay.
-void PrepareBrowserEngine();
 
 }  // namespace vellum

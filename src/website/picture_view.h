@@ -24,8 +24,6 @@ public:
     void ShowPicture(const QImage& picture);
     // Shows words where the picture would be.
     void ShowText(const QString& text);
-    // How much of the picture can be seen at once.
-    [[nodiscard]] QSize ViewSize() const { return view_->size(); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

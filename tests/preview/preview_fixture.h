@@ -1,6 +1,7 @@
 // Document windows with a preview, in a session of their own.
 #pragma once
 
+#include "browser/browser_engine.h"
 #include "browser/browser_surface.h"
 #include "preview/generated_page.h"
 #include "preview/preview_pipeline.h"

@@ -2,6 +2,7 @@
 
 #include "tests/preview/dead_folder.h"
 #include "tests/preview/preview_fixture.h"
+#include "tests/support/page_of.h"
 
 #include <QFileInfo>
 #include <QLineEdit>
@@ -130,8 +131,8 @@ TEST_F(PreviewPipelineTest, TheReadersPlaceIsKept) {
     const QString page = "<title>long</title><body><div style=\"height:5000px\">x</div></body>";
     document_->Text1->SetText(page);
     Tick();
-    // Behind the page's own script, which scrolls to the top.
-    document_->browser.Evaluate("setTimeout(function(){window.scrollTo(0,640)},50)", [](const QString&) {});
+    // After the page's own script, which scrolls to the top.
+    PageOf(document_->browser)->runJavaScript("setTimeout(function(){window.scrollTo(0,640)},50)");
     ASSERT_TRUE(WaitFor([&] { return document_->browser.ScrollTop() == 640; }));
     Tick();
     EXPECT_TRUE(Read(Site("caching.htm")).endsWith(Script(640)));
@@ -147,7 +148,7 @@ TEST_F(PreviewPipelineTest, AfterTheManualAPageBeginsAtItsTop) {
         LoadPage(bench_, manual);
         ASSERT_TRUE(WaitFor([&] { return !complete.isEmpty(); }));
         ASSERT_EQ(document_->browser.Title(), "Vellumcraft Manual");
-        document_->browser.Evaluate("window.scrollTo(0,640)", [](const QString&) {});
+        PageOf(document_->browser)->runJavaScript("window.scrollTo(0,640)");
         ASSERT_TRUE(WaitFor([&] { return document_->browser.ScrollTop() == 640; }));
         document_->Text1->SetText("<title>mine</title>");
         byTab ? PreviewNow() : Tick();
