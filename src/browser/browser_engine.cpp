@@ -38,8 +38,8 @@ bool HasGraphics() {
     return false;
 }
 
-// The engine ends the whole program when it can't make a user namespace for its sandbox, so that is tried beforehand in
-// a child. Between fork and exit the child makes system calls only.
+// The engine ends the whole program when it can't make a user namespace for its sandbox, so a
+// child process tries it first. Between fork and exit the child makes system calls only.
 bool CanMakeUserNamespace() {
     const pid_t child = ::fork();
     if (child < 0) return false;
@@ -109,8 +109,8 @@ void PrepareBrowserEngine() {
     if (Speaks(switches, "--no-sandbox") && !Speaks(around.switches, "--no-sandbox"))
         std::fputs("vellumcraft: running as root, so the preview's browser engine runs without its sandbox.\n", stderr);
     qputenv(switchesVariable, switches);
-    // Without a graphics device the picture is put together in memory, which also spares the window a change of kind
-    // when the first page appears in it.
+    // Without a graphics device pages are painted in memory. The window then stays the same when its first page
+    // appears; see MakeWindowReady in browser_surface.cpp.
     if (!around.graphics && qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) qputenv("QT_QUICK_BACKEND", "software");
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.info=false\nqt.webenginecontext.debug=false"));
 }

@@ -1,4 +1,4 @@
-// Decides how the browser engine is started, and whether it can be, before anything of it is loaded.
+// Decides whether the browser engine can start here, and with which switches, before any of it is loaded.
 #pragma once
 
 #include <QByteArray>
@@ -6,22 +6,22 @@
 
 namespace vellum {
 
-// What the choice of switches hangs on.
+// What the switches depend on.
 struct EngineSurroundings {
     bool root = false;         // the engine's sandbox refuses to start for root
     bool sandboxOff = false;   // a person has switched the sandbox off by QTWEBENGINE_DISABLE_SANDBOX
     bool graphics = true;      // there is a graphics device and a screen to use it for
-    QByteArray switches = {};  // those that a person has set
+    QByteArray switches = {};  // those that a person has set in QTWEBENGINE_CHROMIUM_FLAGS
 };
 
-// The person's switches followed by those of the program that they don't speak of.
+// The person's switches, and after them those of the program that the person hasn't set.
 [[nodiscard]] QByteArray EngineSwitches(const EngineSurroundings& surroundings);
 
-// Empty when the engine can start, else a sentence for a person. What the system allows is found out once.
+// Empty when the engine can start, else a sentence for a person. The system is asked only once.
 [[nodiscard]] QString EngineObstacle();
 
-// To be called once in main() before the application object: sets the engine's switches. Its own sandbox can't start
-// for root, so it runs without it there and says so once on the error stream.
+// Sets the engine's switches; main() calls it once, before it makes the application object. For root the engine runs
+// without its sandbox, which can't start there, and the error stream says so.
 void PrepareBrowserEngine();
 
 }  // namespace vellum

@@ -17,13 +17,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Messages of one page in one second from which on it is taken for a runaway: they all pass through this thread.
+// A page with more messages than this in one second is ended, because all of them pass through this thread.
 constexpr int noiseLimit = 2000;
 constexpr int dialogNoise = 10;
 constexpr auto personWindow = 2000ms;
 
-// With access to local files switched off the engine would not even load a page's own pictures and style sheets. So it
-// is on, and what scripts could read by it is refused here, as browsers do.
+// Without access to local files the engine would not even load a page's own pictures and style sheets. So it has
+// access, and requests by which scripts could read files are refused here, as other browsers do.
 class ScriptRequests : public QWebEngineUrlRequestInterceptor {
 public:
     using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
@@ -36,7 +36,7 @@ public:
     }
 };
 
-// One profile for all pages, which must outlive them and go before the engine does.
+// One profile for all pages. It must outlive them, and go before the engine does.
 QWebEngineProfile* SharedProfile() {
     static QWebEngineProfile* profile = nullptr;
     if (profile != nullptr) return profile;

@@ -1,4 +1,4 @@
-// One page of the browser surface: what it may do to the program around it, which is little.
+// One page of the browser surface, kept from disturbing the program around it.
 #pragma once
 
 #include <QElapsedTimer>
@@ -7,23 +7,24 @@
 
 namespace vellum {
 
-// Links that leave the site are told by a signal and not followed. Dialogs of scripts are answered at once: the text
-// goes into a signal, confirm says yes and prompt its default. Permissions, downloads, file choosers and new windows
-// are refused. Never shows a window.
+// Emits a signal for a link that leaves the site instead of following it. Answers the dialogs of scripts at once, a
+// confirm with yes and a prompt with its default, and emits their text. Refuses permissions, downloads, file choosers
+// and new windows. Never shows a window.
 class BrowserPage : public QWebEnginePage {
     Q_OBJECT
 public:
     explicit BrowserPage(QObject* parent);
 
-    // Allows the main frame to go to `address`, and on within its host.
+    // Lets the main frame go to `address`, and from there to other pages of its host.
     void Permit(const QUrl& address) { permitted_ = address; }
 
-    // A person pressed a button or a key in the page. Only what follows soon after may open an address outside.
+    // To be called when a person presses a button or a key in the page. A page can open an address outside only soon
+    // after that.
     void NotePerson() { sincePerson_.start(); }
 
     [[nodiscard]] bool IsDead() const { return dead_; }
 
-    // Ends the page's process at once, whatever it is doing. The page is dead afterwards.
+    // Ends the page's process, even one that hangs. The page is dead afterwards.
     void Kill();
 
 signals:

@@ -30,13 +30,13 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto patience = 2000ms;      // with a page that doesn't answer
-constexpr auto leastPatience = 250ms;  // with one that has been silent for longer than that already
+constexpr auto leastPatience = 250ms;  // with one that has been loading for a while
 constexpr auto curtainLimit = 1000ms;
-constexpr auto settleTime = 60ms;  // from the end of loading until a page has put itself in its place
-constexpr auto frameTime = 120ms;  // a page that stands still paints no frame of its own accord
+constexpr auto settleTime = 60ms;  // from the end of loading until a page is laid out
+constexpr auto frameTime = 120ms;  // a page without movement paints no frame by itself
 
-// A window that a page is put into for the first time is made anew by the toolkit when pages are painted by the
-// graphics device, and flashes. An empty widget of that kind makes the window one for pages from the start.
+// Where the graphics device paints pages, the toolkit makes a window anew when its first page appears, and the window
+// flashes. An empty widget of the same kind, put in from the start, prevents that.
 void MakeWindowReady(QWidget* surface) {
     if (qEnvironmentVariable("QT_QUICK_BACKEND") == QLatin1String("software")) return;
     if (QQuickWindow::graphicsApi() == QSGRendererInterface::Software) return;
@@ -65,10 +65,10 @@ struct BrowserSurface::Private {
     QUrl wanted;
     bool used = false;  // the page has been sent somewhere
     bool loading = false;
-    bool stopping = false;  // the load before was told to stop, and `wanted` follows when it has
-    bool arrived = false;   // something of the page that was ordered has been seen
-    bool retried = false;   // it was ordered a second time, of a fresh process
-    bool asking = false;    // the page was asked for a sign of life
+    bool stopping = false;  // the former load was told to stop; that of `wanted` begins when it has
+    bool arrived = false;   // there was a first sign of the page that was ordered
+    bool retried = false;   // it was ordered a second time, from a fresh process
+    bool asking = false;    // the page was asked for a sign of life and has not given it
     bool awaitsFrame = false;
     int question = 0;
     QElapsedTimer sinceLoad;
@@ -155,7 +155,7 @@ void BrowserSurface::Private::AskForLife() {
 
 void BrowserSurface::Private::Answered(int number) {
     if (number != question || !asking || stopping) return;
-    // Of two loads at a time the engine reports one end, and doesn't tell which.
+    // The engine reports only one end when two loads overlap, and doesn't say of which.
     if (loading) {
         stopping = true;
         page->triggerAction(QWebEnginePage::Stop);
@@ -164,7 +164,7 @@ void BrowserSurface::Private::Answered(int number) {
     }
 }
 
-// A page may begin to hang after its last sign of life, and no other page can then come up in its process.
+// A page may begin to hang after its last sign of life. No other page can then start in its process.
 void BrowserSurface::Private::MissArrival() {
     if (!loading || arrived || retried) return;
     retried = true;
@@ -212,7 +212,7 @@ void BrowserSurface::Private::LoadingChanged(const QWebEngineLoadingInfo& info) 
     loading = false;
     if (stopping) return Load();
     if (info.status() == QWebEngineLoadingInfo::LoadStoppedStatus) {
-        // A refused link stops as well. That ends no navigation, but may take one along that was just ordered.
+        // A refused link stops as well. That ends no navigation, but may stop one that was just ordered.
         if (info.url() != wanted) return;
         if (!arrived && !std::exchange(retried, true)) return Load();
     }
@@ -257,7 +257,7 @@ void BrowserSurface::Private::ShowMenu(QPoint position) {
     menu->popup(view->mapToGlobal(position));
 }
 
-// The engine puts widgets of its own into the view and exchanges them as it likes.
+// The engine puts widgets of its own into the view and replaces them now and then.
 void BrowserSurface::Private::WatchChild(QObject* child) {
     child->installEventFilter(surface);
     auto* const widget = qobject_cast<QWidget*>(child);
@@ -318,7 +318,7 @@ BrowserSurface::~BrowserSurface() {
     if (d_->page == nullptr) return;
     disconnect(d_->page, nullptr, this, nullptr);
     ++d_->question;
-    if (d_->loading) d_->page->Kill();  // a page that hangs would otherwise run on after its window
+    if (d_->loading) d_->page->Kill();  // a page that hangs would otherwise outlive its window
     delete d_->view;
     delete d_->page;
 }
@@ -349,7 +349,7 @@ QString BrowserSurface::Title() const {
     if (d_->page == nullptr) return {};
     const QString title = d_->page->title();
     const QUrl address = d_->page->url();
-    // The engine names a page without a title after its address.
+    // The engine takes the address for the title of a page without one.
     return title == address.fileName() || title == address.toString() ? QString() : title;
 }
 

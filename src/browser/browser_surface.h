@@ -1,4 +1,4 @@
-// The browser surface: shows a file, tells its title and scroll offset, and never blocks the program.
+// The browser surface: shows a file, knows its title and scroll offset, and never holds up the program.
 #pragma once
 
 #include <QString>
@@ -9,8 +9,8 @@
 namespace vellum {
 
 // The engine starts at the first Navigate, so a surface costs nothing until it shows something. The keyboard goes to
-// the page only when a person clicks it; no page and no navigation takes the focus by itself. Links that leave the site
-// and links to new windows open in the system's browser.
+// the page only when a person clicks it; neither a page nor a navigation takes it. Links that leave the site and links
+// to new windows open in the system's browser.
 class BrowserSurface : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString title READ Title)
@@ -18,13 +18,13 @@ public:
     explicit BrowserSurface(QWidget* parent = nullptr);
     ~BrowserSurface() override;
 
-    // Shows the file at `path`, or an address that starts with "http://" or "https://". What is shown stays visible
-    // until the new page can be painted. The same path again reads the file and all that it refers to from the disk
-    // anew. A page that hangs or has crashed is given up, and the new one gets a fresh process.
+    // Shows the file at `path`, or an address that starts with "http://" or "https://". The old page stays visible
+    // until the new one can be painted. The file and all that it refers to are read anew, also for the same path. Where
+    // the old page hangs or has crashed, the new one gets a fresh process.
     void Navigate(const QString& path);
     [[nodiscard]] QString Path() const;   // the file last navigated to
     [[nodiscard]] QString Title() const;  // the document's title; empty while there is no document, or it has none
-    // The body's scroll offset from the top in CSS pixels; 0 while there is no document. Never waits for the page.
+    // The body's scroll offset from the top in CSS pixels, as the page last told it; 0 while there is no document.
     [[nodiscard]] int ScrollTop() const;
     [[nodiscard]] bool IsAvailable() const;  // false when the engine can't run here
 
@@ -32,8 +32,7 @@ public:
     [[nodiscard]] bool HasKeyboard() const;
 
 signals:
-    // Once for every navigation that ends, those by a link in the page too. One that a newer Navigate overtakes ends
-    // silently.
+    // Once for every navigation that ends, also one by a link in the page, except those that a later Navigate replaces.
     void NavigateComplete(bool ok);
 
 protected:

@@ -92,7 +92,7 @@ Didyouknow::Didyouknow(Workbench& bench, std::function<double()> random)
         before = next;
     }
 
-    // Enter puts the tips away as Esc does: they come unasked at start. Some desktops give a dialog no close box.
+    // The tips come unasked at start, so Enter closes them as Esc does. Some desktops give a dialog no close box.
     Command1->setDefault(true);
     Command1->setFocus();
     ShowTip();
@@ -164,7 +164,7 @@ QLayout* Didyouknow::BuildButtons() {
 void Didyouknow::ShowTip() {
     const QString tip = List1->item(TipIndex(random_(), List1->count()))->text();
     Label2->setText(tip);
-    // A screen reader stays on the button, so the new tip is told there.
+    // A screen reader stays on the button, so the button tells it the new tip.
     Command2->setAccessibleDescription(tip);
 }
 

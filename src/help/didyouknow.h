@@ -15,16 +15,16 @@ class QPushButton;
 
 namespace vellum {
 
-// In the order of the list.
+// The texts of all tips.
 [[nodiscard]] const QStringList& Tips();
 
 // The index of a tip, from 0: the whole part of `random` times `count`. `random` is at least 0 and below 1.
 [[nodiscard]] int TipIndex(double random, int count);
 
-// Numbers that are at least 0 and below 1, from a generator that is seeded by the clock now.
+// A generator of numbers that are at least 0 and below 1, seeded by the clock.
 [[nodiscard]] std::function<double()> RandomFromClock();
 
-// What the author went for when the tips were closed.
+// What the author chose to do when closing the tips.
 enum class TipsChoice { None, NewDocument, OpenPage };
 
 class Didyouknow : public QDialog {
@@ -32,7 +32,7 @@ class Didyouknow : public QDialog {
 public:
     explicit Didyouknow(Workbench& bench, std::function<double()> random = RandomFromClock());
 
-    // To be acted on when the dialog has gone.
+    // For the caller to act on after the dialog has closed.
     [[nodiscard]] TipsChoice Choice() const { return choice_; }
 
 private:
@@ -45,8 +45,8 @@ private:
     std::function<double()> random_;
     TipsChoice choice_ = TipsChoice::None;
 
-    QListWidget* const List1;  // the tips, hidden
-    QLabel* const Label2;      // the one that shows
+    QListWidget* const List1;  // all tips; hidden
+    QLabel* const Label2;      // the tip on show
     QPushButton* const Command1;
     QPushButton* const Command2;
     QPushButton* const Command3;

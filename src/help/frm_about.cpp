@@ -22,7 +22,7 @@
 namespace vellum {
 namespace {
 
-// Of the texts, in lines.
+// Heights of the texts, in lines.
 constexpr int leastHeight = 3;
 constexpr int factsHeight = 11;
 constexpr int creditsHeight = 8;
@@ -60,7 +60,7 @@ constexpr std::array credits{
         "Extensible 3D in the tag set that its authors called the compromise. Published by the Web3D Consortium."},
 };
 
-// The whole quotient: the figures come in units that two divisions don't always use up.
+// With its decimals, because the figures are not always whole megabytes.
 QString Megabytes(std::uint64_t bytes) {
     return NumberText(static_cast<double>(bytes) / 1024 / 1024) + " Megabytes";
 }
@@ -97,7 +97,7 @@ int FullWidth(const QPlainTextEdit& text) {
     return width + static_cast<int>(margins) + text.verticalScrollBar()->sizeHint().width() + 1;
 }
 
-// Read-only, with a cursor for the keyboard and for screen readers; the Tab key goes on.
+// Makes a text read-only, with a cursor for the keyboard and for screen readers. The Tab key leaves it.
 template <typename TextWidget>
 QLabel* PrepareText(TextWidget* text, const QString& name, const QString& caption, QWidget* parent) {
     text->setObjectName(name);
@@ -183,7 +183,7 @@ QLayout* frmAbout::BuildHeader() {
     large.setBold(true);
     product->setFont(large);
 
-    // A button, so that the keyboard and a screen reader can press it, in the looks of a link.
+    // It looks like a link but is a button, so that the keyboard and a screen reader can press it.
     Label5->setObjectName("Label5");
     Label5->setFlat(true);
     Label5->setCursor(Qt::PointingHandCursor);
@@ -236,7 +236,7 @@ QLayout* frmAbout::BuildButtons() {
     return row;
 }
 
-// The facts show without scrolling where the screen has the room.
+// Makes the dialog large enough for the facts without scrolling where the screen has the room.
 void frmAbout::FitToScreen() {
     const QSize room = screen()->availableSize() * 9 / 10;
     Text2->setMinimumWidth(qMin(FullWidth(*Text2), room.width() * 3 / 5));

@@ -1,4 +1,4 @@
-// "About...": the version, the terms, where the document types come from, and the machine that it all runs on.
+// "About...": the version, the terms, the sources of the document types, and the facts of the machine.
 #pragma once
 
 #include "editor/workbench.h"
@@ -21,10 +21,10 @@ struct DtdCredit {
     const char* text;
 };
 
-// Of the document types that come with the program.
+// The sources of the document types that come with the program.
 [[nodiscard]] std::span<const DtdCredit> DtdCredits();
 
-// The list of the page, lines parted by CR LF.
+// The facts as the dialog lists them, lines separated by CR LF.
 [[nodiscard]] QString SystemFactsText(const SystemFacts& facts);
 
 class frmAbout : public QDialog {
@@ -33,7 +33,7 @@ public:
     // Opens an address in the desktop's program; false when there is none.
     using Opener = std::function<bool(const QString& address)>;
 
-    // Without an opener, the desktop's own.
+    // Without an opener, the desktop opens addresses.
     explicit frmAbout(Workbench& bench, const SystemFacts& facts = ReadSystemFacts(), Opener open = {});
 
 private:

@@ -82,7 +82,7 @@ QString ManualPage() {
              "file of your own. Each file stands in a window of its own.");
     AddTopic(page, "Type on the left",
              "The editor on the left colors your tags as you write them. Type &lt; and it offers the elements, a blank "
-             "behind the name and it offers the attributes, &amp; and it offers the special characters; Enter takes "
+             "after the name and it offers the attributes, &amp; and it offers the special characters; Enter takes "
              "the one that is marked. Fonts, colors and the typing aids are yours to choose under View, Settings; the "
              "handle above the panes changes how much room the editor gets.");
     AddTopic(page, "Look it up",

@@ -5,7 +5,7 @@
 
 namespace vellum {
 
-// A whole page; every line ends in CR LF. Its title, "Vellumcraft Manual", tells the preview what it shows.
+// A whole page; every line ends in CR LF. The preview knows it by its title, "Vellumcraft Manual".
 [[nodiscard]] QString ManualPage();
 
 }  // namespace vellum

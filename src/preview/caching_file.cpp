@@ -8,7 +8,7 @@
 namespace vellum {
 namespace {
 
-// Without symbolic links, as far as the path exists.
+// The path without symbolic links, as far as it exists.
 QString Resolved(const QString& path) {
     const QFileInfo file(path);
     if (QString whole = file.canonicalFilePath(); !whole.isEmpty()) return whole;
@@ -22,7 +22,7 @@ QString CachingFileName(const QString& caption) {
     if (!caption.contains('.')) return QStringLiteral("caching.htm");
     const QString lastFive = caption.right(5);
     QString ending = lastFive.startsWith('.') ? lastFive : caption.right(4);
-    ending.remove('/');  // the end of a short name without extension, in a directory that has a dot
+    ending.remove('/');  // from a short name without an extension, in a directory with a dot
     return QStringLiteral("caching") + ending;
 }
 

@@ -1,4 +1,4 @@
-// What is to stand in a caching file, taken from the windows as plain values, so that a worker thread can do the rest.
+// All that the writing of a caching file needs, as plain values, so that a worker thread can do it.
 #pragma once
 
 #include "files/text_file.h"
@@ -14,11 +14,11 @@ class Document;
 class Workbench;
 
 struct CachingJob {
-    QString path = {};                  // where the file goes, or beside it when one of `documents` stands there
+    QString path = {};                  // of the file, which goes beside it when one of `documents` has it
     QString text = {};                  // with any line ends; the file gets CR LF
-    TextFormat format = {};             // of the document: the file takes its encoding
+    TextFormat format = {};             // of the document; the file gets its encoding
     QStringList documents = {};         // the captions of all open documents
-    std::optional<int> scrollTop = {};  // puts the script that scrolls there after the text
+    std::optional<int> scrollTop = {};  // in CSS pixels; adds the script that scrolls there
 };
 
 // The text of `document`, for the caching file that goes with it.

@@ -17,12 +17,12 @@
 namespace vellum {
 namespace {
 
-// Which write of each file was ordered last, and which one stands there.
+// Knows which write of each file was ordered last, and which one the file holds.
 class WriteOrder {
 public:
     [[nodiscard]] quint64 Next() { return ++last_; }
 
-    // Puts a finished file in its place, unless a later one stands there already.
+    // Gives a finished file its name, unless a later one has it already.
     bool Put(const QString& path, quint64 number, const QString& finished) {
         const QMutexLocker lock(&mutex_);
         quint64& standing = standing_[path];
@@ -35,7 +35,7 @@ public:
         return true;
     }
 
-    // The same for a file that only its own writer can replace.
+    // The same for a path that only the careful writer can deal with.
     bool PutSafely(const QString& path, quint64 number, const QByteArray& bytes) {
         const QMutexLocker lock(&mutex_);
         quint64& standing = standing_[path];
@@ -57,14 +57,14 @@ WriteOrder& Order() {
 }
 
 QThreadPool& Pool() {
-    Order();  // outlives the pool, which finishes its writes at the end of the program
+    Order();  // made first, because it must outlive the pool, which still writes at the end of the program
     static QThreadPool pool;
     pool.setMaxThreadCount(1);
     return pool;
 }
 
-// The file is complete before it gets its name. What stands there may be a link, locked or no file at all, and the
-// folder may take no new file: such cases are left to the careful writer, which knows them.
+// Completes a file beside the old one before it gets the name. Where the old one is a link, is locked or is no file,
+// and where the folder takes no new file, the careful writer does it instead.
 bool WriteQuickly(const QString& path, const QByteArray& bytes, quint64 number) {
     const QFileInfo old(path);
     const bool plain = !old.isSymLink() && (!old.exists() || (old.isFile() && old.isWritable()));

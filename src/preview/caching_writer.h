@@ -1,5 +1,5 @@
-// Writes caching files: each comes into being whole, and of two writes of the same file the one ordered last stays.
-// None waits for the disk, because a caching file that a power cut takes away is made anew.
+// Writes caching files. A file is replaced as a whole, and of two writes of the same file the one ordered last stays.
+// Nothing is forced to the disk, because a caching file that is lost in a power cut is made anew.
 #pragma once
 
 #include "preview/caching_job.h"
@@ -8,16 +8,16 @@
 
 namespace vellum {
 
-// The file's bytes. A text whose encoding is told neither by itself nor by a mark becomes UTF-8 with a mark, because a
-// browser could only guess.
+// The file's bytes. A text in another encoding than UTF-8 that neither declares it nor has a byte order mark becomes
+// UTF-8 with a mark, because a browser could only guess.
 [[nodiscard]] QByteArray CachingBytes(const CachingJob& job);
 
-// Writes on a worker thread, after whatever is being written there already, and touches the file system nowhere else.
-// The result is the path of the file. It is empty when the file can't be written; the old one is then whole. It is the
-// path as well when a later write of the same file has overtaken this one.
+// Writes on a worker thread, after what was ordered there before; this thread doesn't touch the file system. The result
+// is the path of the file, also when a later write of the same file has overtaken this one. It is empty when the file
+// can't be written; the old one is then whole.
 [[nodiscard]] QFuture<QString> WriteCachingFileLater(CachingJob job);
 
-// Writes at once, overtaking those on the worker thread. Returns the path of the file, empty when it can't be written.
+// Writes at once, without waiting for the worker thread. Returns the path of the file, empty when it can't be written.
 [[nodiscard]] QString WriteCachingFile(const CachingJob& job);
 
 }  // namespace vellum

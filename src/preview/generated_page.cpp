@@ -11,8 +11,8 @@
 namespace vellum {
 namespace {
 
-// The generated page on disk; empty when it can be put nowhere. A website directory that takes no files doesn't keep a
-// person from reading the manual.
+// The path of the page on disk; empty when it can't be written anywhere. A person can read the manual even when the
+// website directory takes no files.
 QString WritePage(Workbench& workbench, const QString& html) {
     CachingJob job = WebsiteJob(workbench, html, {});
     if (QString path = WriteCachingFile(job); !path.isEmpty()) return path;

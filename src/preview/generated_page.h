@@ -1,4 +1,4 @@
-// The pages that the program makes itself, such as the manual, on their way to a browser.
+// Shows the pages that the program makes itself, such as the manual.
 #pragma once
 
 #include <QString>
@@ -8,13 +8,12 @@ namespace vellum {
 class PreviewPipeline;
 class Workbench;
 
-// Shows a page that the program made: writes it to "caching.htm" in the website directory and sends the active
-// document's browser there, whose refresh timer stops. Opens a document when there is none. In a session without
-// previews the page goes to the first external browser.
+// Writes a page to "caching.htm" in the website directory and shows it in the preview of the active document until its
+// text changes. Opens a document when there is none. A session without previews shows it in the first external browser.
 void LoadPage(Workbench& workbench, const QString& html);
 
-// The same for the window of `pipeline`, be it the active one or not, in a session with previews. The browser is
-// visible afterwards unless the page can be put nowhere.
+// The same in the preview of one window, active or not, which is visible afterwards unless the page can't be written
+// anywhere.
 void ShowPageIn(Workbench& workbench, PreviewPipeline& pipeline, const QString& html);
 
 }  // namespace vellum

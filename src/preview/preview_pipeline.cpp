@@ -16,7 +16,7 @@
 namespace vellum {
 namespace {
 
-// Milliseconds; stays where the settings hold no period that a timer can have.
+// Milliseconds; for a RefreshRate that gives no interval.
 constexpr int designInterval = 7000;
 
 }  // namespace

@@ -16,31 +16,31 @@ class BrowserSurface;
 class Document;
 class Workbench;
 
-// One a document. Nobody else starts, stops or times the refresh timer, a child of the document named "Timer2": it runs
-// from the start, and each change of the text starts it unless it runs. All that a refresh has to do with files happens
-// on a worker thread, and the document's Saver and file are never touched. When a page has come, the keyboard returns
-// from the page to the text, if that window is the active one.
+// One a document. It alone starts, stops and times the refresh timer, a child of the document named "Timer2", which
+// runs from the start and again after a change of the text. Files are looked at and written on a worker thread alone.
+// The document's Saver and file are never touched. When a page has been loaded into the active window, the keyboard
+// returns from the page to the text.
 class PreviewPipeline : public QObject {
     Q_OBJECT
 public:
-    // Refreshes by the timer only while `autoPreview` is checked. All parameters must outlive the pipeline.
+    // The timer refreshes only while `autoPreview` is checked. All parameters must outlive the pipeline.
     PreviewPipeline(Workbench& workbench, Document& document, BrowserSurface& browser,
                     const QAbstractButton& autoPreview);
 
-    // The refresh timer's period; the RefreshRate of the settings unless it is set.
+    // The timer's interval, which is RefreshRate until this is called.
     void SetInterval(int milliseconds);
 
-    // A tick of the refresh timer. The timer stops when the file stands and the text is still the same; a file that
-    // can't be written leaves it running, without a word.
+    // Shows the text as it is now; each tick of the timer calls it. The timer stops when the file is written and the
+    // text hasn't changed since. When the file can't be written, it runs on, and nothing is said.
     void Refresh();
 
-    // Tab 1: the same at once, whatever the AutoPreview box says. A failure tells "Trouble with IE".
+    // The same for tab 1, whether `autoPreview` is checked or not. A failure is told: "Trouble with IE".
     void PreviewNow();
 
-    // Shows another file than the document's, until the text changes. What is being written will not be shown.
+    // Shows another file until the text changes. What is being written now will not be shown.
     void ShowFile(const QString& path);
 
-    // For a window that has closed: nothing is refreshed or shown any more.
+    // Stops the timer, and doesn't show what is being written now.
     void Stop();
 
     [[nodiscard]] bool IsWriting() const { return writing_.has_value(); }
@@ -64,7 +64,7 @@ private:
     BrowserSurface& browser_;
     const QAbstractButton& autoPreview_;
     QTimer* const timer_;
-    QFutureWatcher<QString> watcher_;  // of the path that the file gets
+    QFutureWatcher<QString> watcher_;  // its result is the path of the file
     std::optional<Order> writing_;
     bool again_ = false;  // tab 1 was asked for while a file was being written
 };

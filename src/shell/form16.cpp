@@ -84,7 +84,7 @@ void Form16::WireControls() {
     connect(Timer1, &QTimer::timeout, this, &Form16::ShowFirstView);
     connect(TabStrip1, &TabStrip::TabClicked, this, &Form16::RunTab);
     connect(Slider1, &QSlider::valueChanged, this, &Form16::FollowHandle);
-    // A closed window is deleted some time later, and nothing of it may act until then.
+    // A closed window is deleted some time later, and must do nothing until then.
     connect(this, &DocumentWindow::Closing, this, [this] {
         Timer1->stop();
         pipeline_.Stop();
@@ -97,7 +97,7 @@ void Form16::LoadSplit() {
     layout_.slider.value = static_cast<int>(RoundHalfEven(percent * designSliderMaximum * 0.01));
 }
 
-// A page that was asked for meanwhile stays.
+// A page that was asked for in the meantime stays.
 void Form16::ShowFirstView() {
     const bool asked = !WebBrowser1->Path().isEmpty() || pipeline_.IsWriting();
     if (!asked) ShowPageIn(workbench_, pipeline_, ManualPage());

@@ -24,9 +24,9 @@ public:
     QCheckBox* const Check1;
     QTimer* const Timer1;  // once, 400 ms after the load: the first view
     bool PreviewSplitVertical = true;
-    QString CachePath;  // the last caching file given to the visual editor
+    QString CachePath;  // the path of the last copy for the visual editor
 
-    void EditVisually();  // writes the copy of the text that the visual editor works on
+    void EditVisually();  // tab 3: writes that copy
 
     PreviewPipeline& Pipeline() override { return pipeline_; }
 

@@ -87,7 +87,7 @@ void PictureView::ShowText(const QString& text) {
 void PictureView::FitScrollBars() {
     FitScrollBar(*HScroll1, Image1->width(), view_->width());
     FitScrollBar(*VScroll1, Image1->height(), view_->height());
-    // There is nothing to do with the keyboard on a picture that is all there.
+    // The keyboard has nothing to do on a picture that fits.
     const bool scrolls = HScroll1->isEnabled() || VScroll1->isEnabled();
     Picture1->setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::NoFocus);
     MoveImage();

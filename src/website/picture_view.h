@@ -1,4 +1,4 @@
-// A picture at its own size behind a frame, moved by scroll bars, keys and the wheel.
+// A picture at its own size in a frame, moved by scroll bars, keys and the wheel.
 #pragma once
 
 #include <QFrame>
@@ -17,10 +17,11 @@ public:
 
     QFrame* const Picture1;
     QLabel* const Image1;
-    QScrollBar* const HScroll1;  // pixels of the picture that are hidden on the left
-    QScrollBar* const VScroll1;  // and above
+    QScrollBar* const HScroll1;  // pixels hidden on the left
+    QScrollBar* const VScroll1;  // pixels hidden above
 
-    // Shows a picture from its upper left corner on; the scroll bars work in the directions in which it doesn't fit.
+    // Shows a picture from its upper left corner. Each scroll bar works only when the picture doesn't fit its
+    // direction.
     void ShowPicture(const QImage& picture);
     // Shows words where the picture would be.
     void ShowText(const QString& text);

@@ -20,7 +20,7 @@ namespace {
 
 const QString notAWebImage = QStringLiteral("Not A Web Image");
 
-// Whoever may write everything, still sees a file that nobody should write to as read-only.
+// A file without any write permission is read-only for root too.
 bool IsWritable(const QFileInfo& file) {
     constexpr QFile::Permissions anyone = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return file.isWritable() && (file.permissions() & anyone);
@@ -56,7 +56,7 @@ propform::propform(Workbench& bench, QString path)
     ShowFile();
 }
 
-// A text to read and to copy from, which a screen reader comes to by the Tab key.
+// A text to read and to copy from. The Tab key stops at it, for screen readers.
 void propform::AddReading(QFormLayout& layout, const QString& caption, QLineEdit& field) {
     constexpr int characters = 36;
     field.setReadOnly(true);

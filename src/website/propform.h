@@ -1,5 +1,5 @@
-// What the file manager of the panel tells of a file: its name, size, date and attributes, the picture in it, and a
-// button that plays it.
+// The properties of a file in the website panel: its name, size, date and attributes, its picture, and a button that
+// plays it.
 #pragma once
 
 #include "editor/workbench.h"
@@ -22,7 +22,7 @@ class propform : public QDialog {
     Q_OBJECT
 
 public:
-    // `path` is absolute. The picture comes soon after the form.
+    // `path` is absolute. The picture may come later than the form.
     propform(Workbench& bench, QString path);
 
     QLineEdit* const txtName;
@@ -34,7 +34,7 @@ public:
     QLabel* const lblHeight;
     QPushButton* const cmdPlaySound;
 
-    // Also ends what is being played.
+    // Also ends what the button plays.
     void done(int result) override;
 
 private:

@@ -26,7 +26,7 @@ WebsiteCommands::WebsiteCommands(Workbench& bench, WebsitePanel& panel, FileTool
     mnuWebsite->setObjectName("mnuWebsite");
     popDirectory->setObjectName("popDirectory");
     connect(&panel_, &WebsitePanel::FileActivated, this, &WebsiteCommands::OpenFile);
-    // The pointer asks the surface of a list for its menu, the keyboard the list itself.
+    // A click asks the viewport of a list for the menu, the menu key asks the list itself.
     for (QAbstractScrollArea* list : std::initializer_list<QAbstractScrollArea*>{panel_.Dir1, panel_.File2}) {
         list->installEventFilter(this);
         list->viewport()->installEventFilter(this);
@@ -86,7 +86,7 @@ void WebsiteCommands::LinkToFile() {
 void WebsiteCommands::RenameFile() {
     const QString name = SelectedName();
     if (name.isEmpty()) return;
-    // Another folder may be shown by the time the person answers.
+    // The panel may show another folder by the time the person answers.
     const QString folder = panel_.File2->Path();
     const QString newName =
         bench_.Ask().Input(bench_.Window(), "Enter the File's New Name", "Renaming The File", name).value_or(QString());

@@ -13,14 +13,14 @@
 
 namespace vellum {
 
-// The tools that the panel opens, filled in with a file. An empty function opens none.
+// Open tools with a file filled in. An empty function opens none.
 struct FileTools {
     std::function<void(const QString& path)> insertImage;
     std::function<void(const QString& path)> insertSound;
     std::function<void(const QString& name)> linkTo;  // the bare name
 };
 
-// Listens to the lists of the panel, which owns it and its menus. Both parameters must outlive it.
+// Listens to the lists of the panel, whose child it is, as are its menus. Both references must outlive it.
 class WebsiteCommands : public QObject {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ public:
     QMenu* const mnuWebsite;
     QMenu* const popDirectory;
 
-    // Opens a file by what its name says it is; more than one tool may open, one after the other.
+    // Opens a file in every way that its name asks for, one after the other.
     void OpenFile(const QString& path);
 
     // Of the selected file; without one they say so.
@@ -48,7 +48,7 @@ protected:
 
 private:
     void PopUp(QMenu& menu, QAbstractItemView& list, const QContextMenuEvent& event);
-    // The bare name of the selected file; empty, and said so, when none is.
+    // The bare name of the selected file; empty, after a message, when none is selected.
     QString SelectedName();
 
     Workbench& bench_;

@@ -29,7 +29,7 @@ void DragBar::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void DragBar::keyPressEvent(QKeyEvent* event) {
-    // A release in the middle of the bar leaves the height as it is, so a step is counted from there.
+    // A release in the middle of the bar leaves the height as it is, so a step counts from the middle.
     if (event->key() == Qt::Key_Up) {
         emit Released(height() / 2 - keyStep);
     } else if (event->key() == Qt::Key_Down) {
@@ -75,7 +75,7 @@ WebsitePanel::WebsitePanel(QWidget* parent)
     File2->setAccessibleName("Files in the website directory");
     TreeView1->setAccessibleName("Markup reference");
 
-    // What can't be read leaves the next list as it was.
+    // A place that can't be read changes no list after it.
     connect(Drive1, &DriveList::DriveChanged, Dir1, &DirectoryList::SetPath);
     connect(Dir1, &DirectoryList::PathChanged, File2, &FileList::SetPath);
     connect(TreeView1, &ReferenceView::Hint, this, &WebsitePanel::Hint);

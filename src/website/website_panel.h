@@ -1,5 +1,4 @@
-// The panel at the bottom of the main window: the author's view of the site's directory, and the reference tree beside
-// it.
+// The panel at the bottom of the main window: the directory of the site, and the reference tree beside it.
 #pragma once
 
 #include "reference/reference_view.h"
@@ -11,13 +10,13 @@
 
 namespace vellum {
 
-// The bar by which a person makes the panel higher or lower. Positions are in pixels from the bar's top, so that they
-// are negative above it; the main window decides what a height comes to.
+// The bar by which a person makes the panel higher or lower; the main window does the resizing. Positions are in pixels
+// from the bar's top, negative above it.
 class DragBar : public QFrame {
     Q_OBJECT
 
 public:
-    // Pixels; even, so that half of it is a whole number.
+    // In pixels; even, because half of it must be a whole number.
     static constexpr int thickness = 6;
     // How far one press of Up or Down moves the bar.
     static constexpr int keyStep = 16;
@@ -49,8 +48,9 @@ public:
     FileList* const File2;
     ReferenceView* const TreeView1;
 
-    // The drive, the directory and the directory of the file list. A setter is false, and changes nothing, when the
-    // path is missing or can't be read. A change of the first moves the second, and of the second the third.
+    // The drive, the directory and the directory of the file list. A change of the drive changes the directory, and
+    // that of the directory changes the file list. A setter returns false, and changes nothing, for a path that is
+    // missing or can't be read.
     [[nodiscard]] QString Drive() const { return Drive1->Drive(); }
     bool SetDrive(const QString& path) { return Drive1->SetDrive(path); }
     [[nodiscard]] QString Directory() const { return Dir1->Path(); }
@@ -60,12 +60,12 @@ public:
     // Reads the places, the directories and the files again.
     void Refresh();
 
-    // How high the panel would like to be, in pixels; a low window makes it lower.
+    // The height in pixels that the panel gets when the window has the room.
     void SetWantedHeight(int pixels);
     [[nodiscard]] QSize sizeHint() const override { return {0, wantedHeight_}; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
 
-    // Places the lists, in pixels of the panel; the three that reach to its lower edge get their heights from it.
+    // Places the lists, in pixels of the panel. All but the drive list reach to its lower edge, whatever their height.
     void ApplyLists(const QRect& drive, const QRect& directory, const QRect& files, const QRect& tree);
 
 signals:

@@ -100,7 +100,7 @@ TEST(PathBesideDocumentsTest, SeesThroughSymbolicLinks) {
     EXPECT_EQ(PathBesideDocuments(path, {folder.filePath("page.htm")}), spare);
 }
 
-TEST(ScrollScriptTest, StandsBehindTheText) {
+TEST(ScrollScriptTest, FollowsTheText) {
     EXPECT_EQ(WithScrollScript("<html>\r\n</html>", 240),
               "<html>\r\n</html>\r\n"
               "<SCRIPT language=\"Javascript\">\r\n"
