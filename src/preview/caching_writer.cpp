@@ -94,7 +94,7 @@ QByteArray CachingBytes(const CachingJob& job) {
     TextFormat format = job.format;
     format.lineEnd = LineEnd::CrLf;
     format.lineEnds.clear();
-    const QByteArray bytes = EncodeText(text, format, false);
+    QByteArray bytes = EncodeText(text, format, false);
     if (format.byteOrderMark || format.encoding == "UTF-8" || !DeclaredEncoding(bytes).isEmpty()) return bytes;
     format.encoding = "UTF-8";
     format.byteOrderMark = true;

@@ -21,6 +21,12 @@ QByteArray Script(int offset) {
 
 class PreviewPipelineTest : public PreviewFixture {
 protected:
+    void SetRate(std::int16_t seconds) {
+        EditorOptions options = bench_.Options().Now();
+        options.RefreshRate = seconds;
+        bench_.Options().Set(options);
+    }
+
     // Lets a tick happen, and waits until the browser shows what it brings.
     void Tick() {
         QSignalSpy complete(&document_->browser, &BrowserSurface::NavigateComplete);
@@ -61,12 +67,12 @@ TEST_F(PreviewPipelineTest, TheTimerTicksFromTheStart) {
 
 TEST_F(PreviewPipelineTest, TheTimerTakesItsPeriodFromTheRefreshRate) {
     for (const auto& [seconds, milliseconds] : {std::pair<int, int>{1, 1000}, {12, 12000}, {32, 32000}}) {
-        bench_.RefreshRate = static_cast<std::int16_t>(seconds);
+        SetRate(static_cast<std::int16_t>(seconds));
         PreviewPipeline pipeline(bench_, *document_, document_->browser, document_->autoPreview);
         EXPECT_EQ(document_->findChildren<QTimer*>("Timer2").last()->interval(), milliseconds);
     }
     for (const int impossible : {33, 0, -1}) {
-        bench_.RefreshRate = static_cast<std::int16_t>(impossible);
+        SetRate(static_cast<std::int16_t>(impossible));
         PreviewPipeline pipeline(bench_, *document_, document_->browser, document_->autoPreview);
         EXPECT_EQ(document_->findChildren<QTimer*>("Timer2").last()->interval(), 7000);
     }
