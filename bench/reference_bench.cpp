@@ -1,7 +1,7 @@
 // Filling the reference tree, and reading one document type against an XML parser that reads the same file.
+#include "files/paths.h"
 #include "reference/add_tags.h"
 #include "settings/settings_keys.h"
-#include "system/programs.h"
 
 #include <QTemporaryDir>
 

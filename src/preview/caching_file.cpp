@@ -1,6 +1,6 @@
 #include "preview/caching_file.h"
 
-#include "system/programs.h"
+#include "files/paths.h"
 
 #include <QDir>
 #include <QFileInfo>

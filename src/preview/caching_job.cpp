@@ -2,8 +2,8 @@
 
 #include "editor/document.h"
 #include "editor/workbench.h"
+#include "files/paths.h"
 #include "preview/caching_file.h"
-#include "system/programs.h"
 
 namespace vellum {
 namespace {

@@ -1,9 +1,9 @@
 #include "reference/add_tags.h"
 
+#include "files/paths.h"
 #include "reference/entity_reader.h"
 #include "reference/script_vocabulary.h"
 #include "settings/settings_keys.h"
-#include "system/programs.h"
 
 #include <array>
 #include <span>

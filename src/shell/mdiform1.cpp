@@ -1,6 +1,7 @@
 #include "shell/mdiform1.h"
 
 #include "editor/document.h"
+#include "files/paths.h"
 #include "preview/generated_page.h"
 #include "preview/preview_pipeline.h"
 #include "reference/add_tags.h"
@@ -15,7 +16,6 @@
 #include "shell/status_bar.h"
 #include "shell/tag_bar.h"
 #include "shell/toolbar.h"
-#include "system/programs.h"
 #include "values/number_rules.h"
 #include "website/website_panel.h"
 #include "widgets/tab_strip.h"

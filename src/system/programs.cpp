@@ -1,6 +1,5 @@
 #include "system/programs.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -196,10 +195,10 @@ bool AddEditVerb(const QString& program) {
     if (program.isEmpty()) return false;
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     if (data.isEmpty()) return false;
-    const QString applications = JoinPath(data, "applications");
+    const QString applications = data + "/applications";
     if (!QDir().mkpath(applications)) return false;
     KeepDefaultHandlers();
-    QSaveFile entry(JoinPath(applications, verbEntry));
+    QSaveFile entry(applications + '/' + verbEntry);
     if (!entry.open(QIODevice::WriteOnly)) return false;
     entry.write(EditVerbDesktopEntry(program).toUtf8());
     if (!entry.commit()) return false;
@@ -207,36 +206,6 @@ bool AddEditVerb(const QString& program) {
         QProcess::startDetached(update, {"-q", applications});
     }
     return true;
-}
-
-QString JoinPath(const QString& directory, const QString& name) {
-    if (directory.isEmpty() || directory.endsWith('/')) return directory + name;
-    return directory + '/' + name;
-}
-
-QString OwnDirectory() {
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const QString own = JoinPath(documents.isEmpty() ? QDir::homePath() : documents, "Vellumcraft");
-    return QDir().mkpath(own) ? own : QDir::homePath();
-}
-
-QString DataPath(const QString& relative) {
-    return DataPathFrom(QCoreApplication::applicationDirPath(), relative);
-}
-
-QString DataPathFrom(const QString& programDirectory, const QString& relative) {
-    if (relative.isEmpty()) return {};
-    QStringList roots{programDirectory, JoinPath(programDirectory, "../share/vellumcraft")};
-    // A build directory lies a few folders inside the source tree, which is told by its build file.
-    QDir above(programDirectory);
-    for (int level = 0; level < 4 && above.cdUp(); ++level) {
-        if (above.exists("CMakePresets.json")) roots << above.filePath("data");
-    }
-    for (const QString& root : roots) {
-        QString path = QDir::cleanPath(JoinPath(root, relative));
-        if (QFileInfo::exists(path)) return path;
-    }
-    return {};
 }
 
 }  // namespace vellum

@@ -1,8 +1,8 @@
 #include "website/website_commands.h"
 
+#include "files/paths.h"
 #include "files/rename_file.h"
 #include "system/file_search.h"
-#include "system/programs.h"
 #include "website/file_kind.h"
 #include "website/propform.h"
 #include "widgets/wait_pointer.h"

@@ -1,6 +1,6 @@
 #include "widgets/file_lists.h"
 
-#include "system/programs.h"
+#include "files/paths.h"
 #include "widgets/icons.h"
 #include "widgets/plain_tool_tip.h"
 

@@ -1,4 +1,3 @@
-#include "system/programs.h"
 #include "tests/shell/main_window_fixture.h"
 
 #include <QDir>

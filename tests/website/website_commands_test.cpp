@@ -1,6 +1,6 @@
 #include "website/website_commands.h"
 
-#include "system/programs.h"
+#include "files/paths.h"
 #include "tests/website/website_fixture.h"
 #include "website/propform.h"
 
