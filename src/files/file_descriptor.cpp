@@ -101,8 +101,4 @@ bool RemoveFile(const QByteArray& path) {
     return ::unlink(path.constData()) == 0 || errno == ENOENT;
 }
 
-QString SystemMessage(int number) {
-    return qt_error_string(number);
-}
-
 }  // namespace vellum

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
 #include <optional>
 #include <sys/types.h>
@@ -58,8 +57,5 @@ private:
 
 // Removes a file. A file that isn't there counts as removed.
 bool RemoveFile(const QByteArray& path);
-
-// What errno says, for a person.
-[[nodiscard]] QString SystemMessage(int number);
 
 }  // namespace vellum

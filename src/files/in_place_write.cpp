@@ -1,8 +1,8 @@
 #include "files/in_place_write.h"
 
 #include "files/file_descriptor.h"
+#include "files/file_errors.h"
 #include "files/state_folder.h"
-#include "files/text_file.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -142,10 +142,6 @@ bool Restore(const QByteArray& target, const QByteArray& backup) {
     return true;
 }
 
-void Say(QString* error, const QString& sentence) {
-    if (error != nullptr) *error = sentence;
-}
-
 }  // namespace
 
 QByteArray FollowLinks(const QByteArray& path) {
@@ -165,7 +161,7 @@ QByteArray FollowLinks(const QByteArray& path) {
 bool WriteInPlace(const QByteArray& target, QByteArrayView bytes, QString* error) {
     const QString name = QFile::decodeName(target);
     const auto fail = [&](int number) {
-        Say(error, QString("Cannot write \"%1\": %2.").arg(name, SystemMessage(number)));
+        Say(error, CannotWrite(name, number));
         return false;
     };
     RestoreInterruptedWrite(name);
@@ -210,14 +206,6 @@ QByteArray ContentBeforeCut(const QByteArray& target) {
     const FileDescriptor source = OpenFile(backup, O_RDONLY | O_NOFOLLOW);
     if (!descriptor.IsOpen() || !source.IsOpen() || !IsCutOff(descriptor.Get())) return {};
     return ReadAll(source.Get(), kAnySize).value_or(QByteArray());
-}
-
-QString BackupPathFor(const QString& path) {
-    const QByteArray target = FollowLinks(QFile::encodeName(path));
-    const QByteArray existing = ExistingBackup(target);
-    if (!existing.isEmpty()) return QFile::decodeName(existing);
-    const bool takesFiles = ::faccessat(AT_FDCWD, FolderOf(target).constData(), W_OK | X_OK, AT_EACCESS) == 0;
-    return QFile::decodeName(takesFiles ? BackupBeside(target) : BackupInState(target));
 }
 
 bool RestoreInterruptedWrite(const QString& path) {

@@ -1,7 +1,11 @@
 #include "files/text_file.h"
 
 #include "files/declared_encoding.h"
+#include "files/file_descriptor.h"
+#include "files/file_errors.h"
+#include "files/in_place_write.h"
 
+#include <QFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
 #include <QtEndian>
@@ -9,12 +13,19 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <memory>
+#include <new>
+#include <sys/stat.h>
 #include <unicode/ucnv.h>
 
 namespace vellum {
 namespace {
+
+// A text surface counts positions in 31 bits and a line end as two of them.
+constexpr qint64 kLargestFile = (qint64{1} << 30) - 1;
 
 constexpr const char* kUtf8 = "UTF-8";
 constexpr const char* kUtf16Le = "UTF-16LE";
@@ -328,6 +339,33 @@ bool ReadsAsWritten(const QByteArray& bytes, const TextFormat& format, QStringVi
     return found.text == text || (found.format.encoding == format.encoding && !found.format.byteOrderMark);
 }
 
+// The bytes of a regular file; empty with a sentence for anything else.
+std::optional<QByteArray> ReadRegularFile(const QString& path, QString* error) {
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    // Asked before the file is opened, for opening alone sets some devices going.
+    if (::stat(name.constData(), &status) != 0) {
+        Say(error, CannotRead(path, errno));
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Say(error, NotAFile(path, status.st_mode));
+        return std::nullopt;
+    }
+    const FileDescriptor descriptor = OpenFile(name, O_RDONLY);
+    if (!descriptor.IsOpen() || ::fstat(descriptor.Get(), &status) != 0) {
+        Say(error, CannotRead(path, errno));
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Say(error, NotAFile(path, status.st_mode));
+        return std::nullopt;
+    }
+    std::optional<QByteArray> bytes = ReadAll(descriptor.Get(), kLargestFile);
+    if (!bytes) Say(error, CannotRead(path, errno));
+    return bytes;
+}
+
 }  // namespace
 
 LoadedText DecodeText(const QByteArray& bytes) {
@@ -366,6 +404,25 @@ QByteArray EncodeText(QStringView text, TextFormat& format, bool keepMixed) {
     const QByteArray utf8 = EncodeUtf8(text);
     format.byteOrderMark = format.byteOrderMark || !ReadsAsWritten(utf8, format, text);
     return MarkOf(format) + utf8;
+}
+
+std::optional<LoadedText> ReadTextFile(const QString& path, QString* error) {
+    try {
+        std::optional<QByteArray> bytes = ReadRegularFile(path, error);
+        if (bytes && bytes->startsWith('\0')) {
+            if (RestoreInterruptedWrite(path)) {
+                bytes = ReadRegularFile(path, error);
+            } else {
+                const QByteArray before = ContentBeforeCut(FollowLinks(QFile::encodeName(path)));
+                if (!before.isEmpty()) bytes = before;
+            }
+        }
+        if (!bytes) return std::nullopt;
+        return DecodeText(*bytes);
+    } catch (const std::bad_alloc&) {
+        Say(error, CannotRead(path, ENOMEM));
+        return std::nullopt;
+    }
 }
 
 QString TextFormat::Description() const {

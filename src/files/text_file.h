@@ -41,23 +41,7 @@ struct LoadedText {
 [[nodiscard]] QByteArray EncodeText(QStringView text, TextFormat& format, bool keepMixed);
 
 // Reads a whole file of less than a gigabyte. Empty on failure, with a sentence for a person in *error when given.
-// Folders, pipes and devices are refused. A file whose writing was cut off is restored first, see below.
+// Folders, pipes and devices are refused. A file whose writing in place was cut off is restored first.
 [[nodiscard]] std::optional<LoadedText> ReadTextFile(const QString& path, QString* error = nullptr);
-
-// Writes bytes so that at every moment either the old or the new file is whole on disk. Follows symbolic links, keeps
-// mode and owner; a file with several hard links or another owner is written in place with a copy beside it until the
-// write is complete. A file that we may not write is refused, also where its folder would let us replace it. False on
-// failure, with a sentence in *error when given; the old file is then whole.
-[[nodiscard]] bool WriteFileSafely(const QString& path, const QByteArray& bytes, QString* error = nullptr);
-
-// Where a write in place keeps the copy of the old content: beside the file, or in $XDG_STATE_HOME/vellumcraft/backup
-// when the folder takes no new file. Names the copy that exists, else the one that would be made.
-[[nodiscard]] QString BackupPathFor(const QString& path);
-
-// Puts the old content back into a file whose write in place was cut off, and removes the copy. True when that was
-// needed and done. A file cut off begins with a NUL: that byte goes in first and the real one last, so any other
-// beginning means a whole file, be it the old, the new or one that somebody saved since; then only the copy goes. A
-// file that another process is writing right now is left alone.
-bool RestoreInterruptedWrite(const QString& path);
 
 }  // namespace vellum

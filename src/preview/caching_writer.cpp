@@ -1,6 +1,7 @@
 #include "preview/caching_writer.h"
 
 #include "files/declared_encoding.h"
+#include "files/safe_write.h"
 #include "preview/caching_file.h"
 
 #include <QCoreApplication>

@@ -1,5 +1,6 @@
 #include "surface/edit_surface.h"
 
+#include "files/safe_write.h"
 #include "surface/document_text.h"
 #include "surface/edit_surface_private.h"
 #include "system/fonts.h"

@@ -1,66 +1,22 @@
+#include "files/safe_write.h"
+
 #include "files/file_descriptor.h"
+#include "files/file_errors.h"
 #include "files/in_place_write.h"
-#include "files/text_file.h"
 
 #include <QFile>
+#include <QList>
 #include <QRandomGenerator>
 
 #include <cerrno>
 #include <fcntl.h>
-#include <new>
+#include <optional>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 namespace vellum {
 namespace {
-
-// A text surface counts positions in 31 bits and a line end as two of them.
-constexpr qint64 kLargestFile = (qint64{1} << 30) - 1;
-
-void Say(QString* error, const QString& sentence) {
-    if (error != nullptr) *error = sentence;
-}
-
-QString CannotRead(const QString& path, int number) {
-    if (number == EFBIG) return QString("Cannot read \"%1\": the file is too large.").arg(path);
-    return QString("Cannot read \"%1\": %2.").arg(path, SystemMessage(number));
-}
-
-QString CannotWrite(const QString& path, int number) {
-    return QString("Cannot write \"%1\": %2.").arg(path, SystemMessage(number));
-}
-
-QString NotAFile(const QString& path, mode_t mode) {
-    return S_ISDIR(mode) ? QString("\"%1\" is a folder.").arg(path) : QString("\"%1\" is not a text file.").arg(path);
-}
-
-// The bytes of a regular file; empty with a sentence for anything else.
-std::optional<QByteArray> ReadRegularFile(const QString& path, QString* error) {
-    const QByteArray name = QFile::encodeName(path);
-    struct stat status = {};
-    // Asked before the file is opened, for opening alone sets some devices going.
-    if (::stat(name.constData(), &status) != 0) {
-        Say(error, CannotRead(path, errno));
-        return std::nullopt;
-    }
-    if (!S_ISREG(status.st_mode)) {
-        Say(error, NotAFile(path, status.st_mode));
-        return std::nullopt;
-    }
-    const FileDescriptor descriptor = OpenFile(name, O_RDONLY);
-    if (!descriptor.IsOpen() || ::fstat(descriptor.Get(), &status) != 0) {
-        Say(error, CannotRead(path, errno));
-        return std::nullopt;
-    }
-    if (!S_ISREG(status.st_mode)) {
-        Say(error, NotAFile(path, status.st_mode));
-        return std::nullopt;
-    }
-    std::optional<QByteArray> bytes = ReadAll(descriptor.Get(), kLargestFile);
-    if (!bytes) Say(error, CannotRead(path, errno));
-    return bytes;
-}
 
 // The value of an extended attribute; empty with errno on failure.
 std::optional<QByteArray> Attribute(int descriptor, const QByteArray& name) {
@@ -185,25 +141,6 @@ bool OpenOldFile(const QByteArray& target, OldFile& old, const QString& path, QS
 }
 
 }  // namespace
-
-std::optional<LoadedText> ReadTextFile(const QString& path, QString* error) {
-    try {
-        std::optional<QByteArray> bytes = ReadRegularFile(path, error);
-        if (bytes && bytes->startsWith('\0')) {
-            if (RestoreInterruptedWrite(path)) {
-                bytes = ReadRegularFile(path, error);
-            } else {
-                const QByteArray before = ContentBeforeCut(FollowLinks(QFile::encodeName(path)));
-                if (!before.isEmpty()) bytes = before;
-            }
-        }
-        if (!bytes) return std::nullopt;
-        return DecodeText(*bytes);
-    } catch (const std::bad_alloc&) {
-        Say(error, CannotRead(path, ENOMEM));
-        return std::nullopt;
-    }
-}
 
 bool WriteFileSafely(const QString& path, const QByteArray& bytes, QString* error) {
     const QByteArray target = FollowLinks(QFile::encodeName(path));

@@ -1,6 +1,10 @@
+#include "files/safe_write.h"
+
+#include "files/in_place_write.h"
 #include "files/text_file.h"
 #include "tests/files/child_process.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -62,6 +66,10 @@ class FileWriting : public testing::Test {
 protected:
     [[nodiscard]] QString Path(const QString& name = "page.html") const { return folder_.filePath(name); }
     [[nodiscard]] QByteArray Name(const QString& name = "page.html") const { return QFile::encodeName(Path(name)); }
+    // Where a write in place keeps the old content of a file.
+    [[nodiscard]] QString CopyOf(const QString& name = "page.html") const {
+        return Path('.' + name + ".vellumcraft-backup");
+    }
     void ExpectOnly(const QStringList& names) const { EXPECT_EQ(NamesIn(folder_.path()), names); }
 
     QTemporaryDir folder_;
@@ -190,7 +198,7 @@ TEST_F(FileWriting, TakesTheLongestNameThereIs) {
 TEST_F(FileWriting, PutsBackWhatAWriteInPlaceLeftCutOff) {
     const QByteArray cut("\0ew conte", 9);
     Put(Path(), cut);
-    Put(BackupPathFor(Path()), "the old content");
+    Put(CopyOf(), "the old content");
     EXPECT_TRUE(RestoreInterruptedWrite(Path()));
     EXPECT_EQ(Content(Path()), "the old content");
     EXPECT_FALSE(RestoreInterruptedWrite(Path()));
@@ -199,7 +207,7 @@ TEST_F(FileWriting, PutsBackWhatAWriteInPlaceLeftCutOff) {
 
 TEST_F(FileWriting, ReadingPutsBackACutOffFile) {
     Put(Path(), QByteArray(1, '\0'));
-    Put(BackupPathFor(Path()), "old");
+    Put(CopyOf(), "old");
     const std::optional<LoadedText> loaded = ReadTextFile(Path());
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->text, "old");
@@ -209,7 +217,7 @@ TEST_F(FileWriting, ReadingPutsBackACutOffFile) {
 
 TEST_F(FileWriting, NeverPutsAnOldContentOverAWholeFile) {
     Put(Path(), "saved since");
-    Put(BackupPathFor(Path()), "old");
+    Put(CopyOf(), "old");
     EXPECT_FALSE(RestoreInterruptedWrite(Path()));
     EXPECT_EQ(Content(Path()), "saved since");
     ExpectOnly({"page.html"});
@@ -218,7 +226,7 @@ TEST_F(FileWriting, NeverPutsAnOldContentOverAWholeFile) {
 TEST_F(FileWriting, LeavesAFileAloneThatSomebodyIsWriting) {
     const QByteArray cut("\0ew conte", 9);
     Put(Path(), cut);
-    Put(BackupPathFor(Path()), "old");
+    Put(CopyOf(), "old");
     const int writer = ::open(Name().constData(), O_RDWR | O_CLOEXEC);
     ASSERT_EQ(::flock(writer, LOCK_EX), 0);
     EXPECT_FALSE(RestoreInterruptedWrite(Path()));
@@ -237,12 +245,12 @@ TEST_F(FileWriting, AFileThatBeginsWithANulAndHasNoCopyIsWhole) {
 
 TEST_F(FileWriting, SavingOverACutOffFileLeavesNoCopy) {
     Put(Path(), QByteArray(1, '\0'));
-    Put(BackupPathFor(Path()), "old");
+    Put(CopyOf(), "old");
     Write(Path(), "new");
     ExpectOnly({"page.html"});
 
     Put(Path("second.html"), QByteArray(1, '\0'));
-    Put(BackupPathFor(Path("second.html")), "old");
+    Put(CopyOf("second.html"), "old");
     ASSERT_EQ(::link(Name("second.html").constData(), Name("other.html").constData()), 0);
     Write(Path("second.html"), "new");
     ExpectOnly({"other.html", "page.html", "second.html"});
@@ -295,10 +303,10 @@ TEST_F(FileWriting, LeavesAWholeFileOrAWholeCopyWhenKilledInPlace) {
     Put(Path(), FirstContent());
     ASSERT_EQ(::link(Name().constData(), Name("other.html").constData()), 0);
     KillAgainAndAgain(folder_.path(), [&](int round) {
-        EXPECT_TRUE(IsWhole(Content(Path())) || IsWhole(Content(BackupPathFor(Path())))) << "round " << round;
+        EXPECT_TRUE(IsWhole(Content(Path())) || IsWhole(Content(CopyOf()))) << "round " << round;
         RestoreInterruptedWrite(Path());
         EXPECT_TRUE(IsWhole(Content(Path()))) << "round " << round;
-        EXPECT_FALSE(QFile::exists(BackupPathFor(Path()))) << "round " << round;
+        EXPECT_FALSE(QFile::exists(CopyOf())) << "round " << round;
         EXPECT_EQ(Content(Path("other.html")), Content(Path()));
     });
 }
@@ -333,14 +341,15 @@ TEST(FileWritingChild, DISABLED_HasNoPrivileges) {
     ASSERT_TRUE(QDir().mkdir(closed));
     Put(closed + "/page.html", "old");
     ASSERT_EQ(::chmod(QFile::encodeName(closed).constData(), 0555), 0);
-    EXPECT_TRUE(BackupPathFor(closed + "/page.html").startsWith(state));
     Write(closed + "/page.html", "new");
     EXPECT_EQ(NamesIn(closed), QStringList("page.html"));
     EXPECT_TRUE(NamesIn(state + "/vellumcraft/backup").isEmpty());
     ExpectRefused(closed + "/second.html");
 
     Put(closed + "/page.html", QByteArray("\0ew", 3));
-    Put(BackupPathFor(closed + "/page.html"), "old");
+    const QByteArray mark =
+        QCryptographicHash::hash(QFile::encodeName(closed + "/page.html"), QCryptographicHash::Sha1);
+    Put(state + "/vellumcraft/backup/" + mark.toHex() + ".vellumcraft-backup", "old");
     EXPECT_TRUE(RestoreInterruptedWrite(closed + "/page.html"));
     EXPECT_EQ(Content(closed + "/page.html"), "old");
 
@@ -349,7 +358,7 @@ TEST(FileWritingChild, DISABLED_HasNoPrivileges) {
         Write(foreign, "new");
         EXPECT_EQ(StatusOf(foreign).st_uid, 0U);
         EXPECT_EQ(StatusOf(foreign).st_mode & 07777, 0666U);
-        EXPECT_FALSE(QFile::exists(BackupPathFor(foreign)));
+        EXPECT_EQ(NamesIn(folder + "/open").filter("foreign"), QStringList("foreign.html"));
     }
     ASSERT_EQ(::chmod(QFile::encodeName(closed).constData(), 0755), 0);
 }
