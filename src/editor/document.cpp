@@ -28,23 +28,26 @@ Document::Document(Workbench& workbench, QWidget* parent)
       Text1(new EditSurface(this)),
       picAttr(new TagPopup(workbench, *this)),
       workbench_(workbench),
+      file_(*Text1),
       typing_(std::make_unique<TypingAssist>(workbench, *this)) {
     Text1->setObjectName(QStringLiteral("Text1"));
     setFocusProxy(Text1);
     connect(Text1, &EditSurface::Changed, this, [this] { SetSaver(false); });
     Text1->SetHandlers(typing_.get());
-    SetCaption(caption_);
+    ShowCaption();
     ResetRedo();
 }
 
 Document::~Document() = default;
 
 void Document::SetCaption(const QString& caption) {
-    caption_ = caption;
+    file_.SetPath(caption);
+    ShowCaption();
+}
+
+void Document::ShowCaption() {
     // The toolkit reads "[*]" as a mark of changes; twice in a row it means the three characters.
-    QString title = caption;
-    setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
-    emit CaptionChanged(caption_);
+    setWindowTitle(Caption().replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
 void Document::SetSaver(bool saver) {

@@ -1,6 +1,7 @@
 // What all code may see of a document window.
 #pragma once
 
+#include "editor/document_file.h"
 #include "editor/undo_history.h"
 #include "surface/edit_surface.h"
 
@@ -26,10 +27,11 @@ public:
     bool usingKeys = false;   // the typing run has its undo snapshot
     bool WordWrapOn = false;
 
+    [[nodiscard]] const DocumentFile& File() const { return file_; }
     // The path of the file; a caption that starts with "New" means never saved.
-    [[nodiscard]] QString Caption() const { return caption_; }
+    [[nodiscard]] QString Caption() const { return file_.Path(); }
     void SetCaption(const QString& caption);
-    [[nodiscard]] bool NeverSaved() const { return caption_.startsWith(QLatin1String("New")); }
+    [[nodiscard]] bool NeverSaved() const { return Caption().startsWith(QLatin1String("New")); }
 
     // True while the text equals the file.
     [[nodiscard]] bool Saver() const { return saver_; }
@@ -47,12 +49,14 @@ public:
     void HandleRedo();
 
 signals:
-    void CaptionChanged(const QString& caption);
     void SaverChanged(bool saver);
     void MenuWanted(QPoint place);  // the menu of the right button, at a point of the screen
 
 protected:
+    void ShowCaption();
+
     Workbench& workbench_;
+    DocumentFile file_;
 
 private:
     void ProcessRedo();
@@ -60,7 +64,6 @@ private:
     void TakeStep(UndoHistory::Texts& texts, UndoHistory::Carets& carets);
 
     std::unique_ptr<TypingAssist> typing_;
-    QString caption_ = QStringLiteral("New");
     bool saver_ = true;
     UndoHistory history_;
 };

@@ -27,16 +27,9 @@ QString Checksum(QByteArrayView units) {
     return QString::fromLatin1(hash.result().toHex());
 }
 
-QString Letters(const std::vector<LineEnd>& lineEnds) {
-    QString letters;
-    letters.reserve(static_cast<qsizetype>(lineEnds.size()));
-    for (const LineEnd lineEnd : lineEnds) letters += QChar(u'0' + static_cast<int>(lineEnd));
-    return letters;
-}
-
-LineEnd LineEndOf(QChar letter) {
-    const int number = letter.unicode() - u'0';
-    const bool known = number >= 0 && number <= static_cast<int>(LineEnd::Cr);
+LineEnd LineEndOf(const QString& digit) {
+    const int number = digit.toInt();
+    const bool known = number >= static_cast<int>(LineEnd::CrLf) && number <= static_cast<int>(LineEnd::Cr);
     return known ? static_cast<LineEnd>(number) : LineEnd::CrLf;
 }
 
@@ -46,8 +39,7 @@ QByteArray HeaderOf(const RecoveredText& copy) {
                                 {"writtenAt", copy.writtenAt},
                                 {"encoding", QString::fromLatin1(copy.format.encoding)},
                                 {"byteOrderMark", copy.format.byteOrderMark},
-                                {"lineEnd", Letters({copy.format.lineEnd})},
-                                {"lineEnds", Letters(copy.format.lineEnds)},
+                                {"lineEnd", QString::number(static_cast<int>(copy.format.lineEnd))},
                                 {"checksum", Checksum(UnitsOf(copy.text))}};
     return QJsonDocument(header).toJson(QJsonDocument::Compact) + '\n';
 }
@@ -56,9 +48,7 @@ TextFormat FormatOf(const QJsonObject& header) {
     TextFormat format;
     format.encoding = header["encoding"].toString().toLatin1();
     format.byteOrderMark = header["byteOrderMark"].toBool();
-    const QString lineEnd = header["lineEnd"].toString();
-    if (!lineEnd.isEmpty()) format.lineEnd = LineEndOf(lineEnd[0]);
-    for (const QChar letter : header["lineEnds"].toString()) format.lineEnds.push_back(LineEndOf(letter));
+    format.lineEnd = LineEndOf(header["lineEnd"].toString());
     return format;
 }
 

@@ -258,62 +258,32 @@ LineEndCounts CountLineEnds(QStringView text) {
     return counts;
 }
 
-// Makes every line end one "\n", and tells `each` what it was.
-template <typename Each>
-void UnifyLineEnds(QString& text, Each each) {
+// Makes every line end one "\n".
+void UnifyLineEnds(QString& text) {
     QChar* out = text.data();
     const QChar* const end = text.constData() + text.size();
     for (const QChar* in = text.constData(); in != end; ++in) {
-        if (*in == u'\r') {
-            const bool pair = in + 1 != end && in[1] == u'\n';
-            in += pair ? 1 : 0;
-            each(pair ? LineEnd::CrLf : LineEnd::Cr);
-            *out++ = u'\n';
-        } else {
-            if (*in == u'\n') each(LineEnd::Lf);
-            *out++ = *in;
-        }
+        const bool isReturn = *in == u'\r';
+        if (isReturn && in + 1 != end && in[1] == u'\n') ++in;
+        *out++ = isReturn ? QChar(u'\n') : *in;
     }
     text.truncate(out - text.constData());
 }
 
 void TakeLineEnds(LoadedText& loaded) {
     const LineEndCounts counts = CountLineEnds(loaded.text);
-    TextFormat& format = loaded.format;
-    format.lineEnd = counts.MostFrequent();
-    if (counts.Mixed()) {
-        format.lineEnds.reserve(counts.crLf + counts.lf + counts.cr + 1);
-        UnifyLineEnds(loaded.text, [&](LineEnd lineEnd) { format.lineEnds.push_back(lineEnd); });
-        format.lineEnds.push_back(LineEnd::None);
-    } else if (format.lineEnd != LineEnd::Lf && counts.crLf + counts.cr > 0) {
-        UnifyLineEnds(loaded.text, [](LineEnd) {});
-    }
+    loaded.format.lineEnd = counts.MostFrequent();
+    loaded.format.mixedLineEnds = counts.Mixed();
+    if (counts.crLf + counts.cr > 0) UnifyLineEnds(loaded.text);
 }
 
-QStringView Spelling(LineEnd lineEnd) {
-    switch (lineEnd) {
-        case LineEnd::Lf:
-            return u"\n";
-        case LineEnd::Cr:
-            return u"\r";
-        case LineEnd::None:
-            return u"";
-        case LineEnd::CrLf:
-            break;
-    }
-    return u"\r\n";
-}
-
-// `lineEndOf`: the line end of a line, counted from 0.
-template <typename LineEndOf>
-QString SpellLineEnds(QStringView text, qsizetype lines, LineEndOf lineEndOf) {
+// `text`, with "\n" at line ends, with others in their place.
+QString SpellLineEnds(QStringView text, QStringView lineEnd) {
     QString spelled;
-    spelled.reserve(text.size() + lines);
+    spelled.reserve(text.size() + text.count(u'\n'));
     qsizetype start = 0;
-    for (qsizetype line = 0;; ++line) {
-        const qsizetype feed = text.indexOf(u'\n', start);
-        if (feed < 0) break;
-        spelled.append(text.sliced(start, feed - start)).append(Spelling(lineEndOf(line)));
+    for (qsizetype feed = text.indexOf(u'\n'); feed >= 0; feed = text.indexOf(u'\n', start)) {
+        spelled.append(text.sliced(start, feed - start)).append(lineEnd);
         start = feed + 1;
     }
     return spelled.append(text.sliced(start));
@@ -372,29 +342,22 @@ LoadedText DecodeText(const QByteArray& bytes) {
     LoadedText loaded;
     if (!DecodeMarked(bytes, loaded)) DecodeUnmarked(bytes, loaded);
     TakeLineEnds(loaded);
+    loaded.bytes = bytes;
     return loaded;
 }
 
-QByteArray EncodeText(QStringView text, TextFormat& format, bool keepMixed) {
-    QString unified;
-    if (text.contains(u'\r')) {  // a stray carriage return is a line end like any other
-        unified = text.toString();
-        UnifyLineEnds(unified, [](LineEnd) {});
-        text = unified;
-    }
-    const qsizetype lines = text.count(u'\n') + 1;
-    keepMixed = keepMixed && static_cast<qsizetype>(format.lineEnds.size()) == lines;
-    if (!keepMixed) format.lineEnds.clear();
-    if (format.lineEnd == LineEnd::None) format.lineEnd = LineEnd::CrLf;
-
+QByteArray EncodeText(QStringView text, TextFormat& format) {
     QString spelled;
-    if (keepMixed) {
-        spelled = SpellLineEnds(text, lines, [&](qsizetype line) { return format.lineEnds[line]; });
-        text = spelled;
-    } else if (format.lineEnd != LineEnd::Lf && lines > 1) {
-        spelled = SpellLineEnds(text, lines, [&](qsizetype) { return format.lineEnd; });
+    if (text.contains(u'\r')) {  // a stray carriage return is a line end like any other
+        spelled = text.toString();
+        UnifyLineEnds(spelled);
         text = spelled;
     }
+    if (format.lineEnd != LineEnd::Lf && text.contains(u'\n')) {
+        spelled = SpellLineEnds(text, format.lineEnd == LineEnd::Cr ? u"\r" : u"\r\n");
+        text = spelled;
+    }
+    format.mixedLineEnds = false;
 
     if (format.encoding.startsWith("UTF-16")) format.byteOrderMark = true;  // without it nobody could read the file
     const std::optional<QByteArray> bytes = EncodeUnits(text, format.encoding);
@@ -431,7 +394,7 @@ QString TextFormat::Description() const {
     if (encoding == kUtf16Be) description = "UTF-16 BE";
     if (encoding.startsWith("windows-")) description[0] = u'W';
     if (encoding == kUtf8 && byteOrderMark) description += " with byte order mark";
-    if (!lineEnds.empty()) return description + ", mixed line ends";
+    if (mixedLineEnds) return description + ", mixed line ends";
     if (lineEnd == LineEnd::Lf) description += ", LF";
     if (lineEnd == LineEnd::Cr) description += ", CR";
     return description;

@@ -22,7 +22,7 @@ QStringList OpenCaptions(Workbench& workbench) {
 CachingJob DocumentJob(Workbench& workbench, const Document& document) {
     return {.path = CachingPath(document.Caption(), workbench.WebsiteDirectory()),
             .text = document.Text1->RawText(),
-            .format = document.Text1->Format(),
+            .format = document.File().Format(),
             .documents = OpenCaptions(workbench)};
 }
 

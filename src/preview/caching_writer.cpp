@@ -94,12 +94,11 @@ QByteArray CachingBytes(const CachingJob& job) {
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     TextFormat format = job.format;
     format.lineEnd = LineEnd::CrLf;
-    format.lineEnds.clear();
-    QByteArray bytes = EncodeText(text, format, false);
+    QByteArray bytes = EncodeText(text, format);
     if (format.byteOrderMark || format.encoding == "UTF-8" || !DeclaredEncoding(bytes).isEmpty()) return bytes;
     format.encoding = "UTF-8";
     format.byteOrderMark = true;
-    return EncodeText(text, format, false);
+    return EncodeText(text, format);
 }
 
 QFuture<QString> WriteCachingFileLater(CachingJob job) {

@@ -12,7 +12,7 @@ QString WriteVisualCopy(Workbench& workbench, const Document& document) {
         workbench.Ask().Message(workbench.Window(), QStringLiteral("Cannot load Frameset documents"));
         return {};
     }
-    QString path = WriteCachingFile(WebsiteJob(workbench, text, document.Text1->Format()));
+    QString path = WriteCachingFile(WebsiteJob(workbench, text, document.File().Format()));
     if (path.isEmpty())
         workbench.Ask().Message(workbench.Window(),
                                 QStringLiteral("Cannot save file.  It may be locked or read-only."));

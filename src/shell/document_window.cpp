@@ -1,6 +1,7 @@
 #include "shell/document_window.h"
 
 #include "editor/workbench.h"
+#include "files/recovery_store.h"
 #include "widgets/prompts.h"
 
 #include <QCloseEvent>
@@ -25,23 +26,31 @@ DocumentWindow::DocumentWindow(Workbench& workbench, QWidget* parent)
     lblFormat_->setMouseTracking(true);
     lblFormat_->setContentsMargins(6, 0, 6, 0);
     lblFormat_->setToolTip(tr("Encoding and line ends of the file"));
-    ShowFormat();
+    ShowFile();
 }
 
 bool DocumentWindow::LoadFile(const QString& path) {
-    const bool loaded = Text1->LoadFile(path);
-    ShowFormat();
-    return loaded;
+    if (!file_.Load(path)) return false;
+    ShowFile();
+    SetSaver(true);
+    return true;
 }
 
 bool DocumentWindow::SaveFile(const QString& path) {
-    const bool saved = Text1->SaveFile(path);
-    ShowFormat();
-    return saved;
+    if (!file_.Save(path)) return false;
+    ShowFile();
+    SetSaver(true);
+    return true;
 }
 
-void DocumentWindow::ShowFormat() {
-    lblFormat_->setText(Text1->Format().Description());
+void DocumentWindow::Recover(const RecoveredText& lost) {
+    file_.Recover(lost.text, lost.format);
+    ShowFile();
+}
+
+void DocumentWindow::ShowFile() {
+    ShowCaption();
+    lblFormat_->setText(file_.Format().Description());
 }
 
 void DocumentWindow::LoadWrap() {
@@ -132,7 +141,6 @@ bool DocumentWindow::SaveOnClose(bool& counted, bool& saved) {
     saved = SaveFile(path);
     if (!saved) return false;
     workbench_.AddRecentFile(path);
-    SetSaver(true);
     return true;
 }
 

@@ -8,16 +8,20 @@ class QLabel;
 namespace vellum {
 
 class Workbench;
+struct RecoveredText;
 
 class DocumentWindow : public Document {
     Q_OBJECT
 public:
     explicit DocumentWindow(Workbench& workbench, QWidget* parent = nullptr);
 
-    // Loads the file into Text1 as it is. False when it can't be read; the text is then untouched.
+    // Shows the file. False when it can't be read; nothing of the window changes then.
     bool LoadFile(const QString& path);
-    // Writes Text1 to the file. False when it can't be written; nothing of the window changes.
+    // Writes Text1 to the file, which is the document's from then on. False when it can't be written; nothing of the
+    // window changes then.
     bool SaveFile(const QString& path);
+    // Shows a text that a crash left behind.
+    void Recover(const RecoveredText& lost);
 
     // Lays the window out and puts the selection's start back.
     void ResizeMe() final;
@@ -47,7 +51,7 @@ private:
     // True when the window may close, with the open-document count settled.
     bool MayClose(bool& saved);
     bool SaveOnClose(bool& counted, bool& saved);
-    void ShowFormat();
+    void ShowFile();  // its path and format
 };
 
 }  // namespace vellum

@@ -40,11 +40,7 @@ Document* FileCommands::OpenFile(const QString& path) {
     {
         const WaitPointer wait;
         loaded = WindowOf(document).LoadFile(path);
-        if (loaded) {
-            document->SetCaption(path);
-            workbench_.Smartcolor();
-        }
-        document->SetSaver(true);
+        if (loaded) workbench_.Smartcolor();
     }
     workbench_.CountOpenedDocument();
     if (loaded) return document;
@@ -64,11 +60,7 @@ void FileCommands::OpenInNewWindow(const QString& path, const QString& failure) 
         const WaitPointer wait;
         workbench_.CountOpenedDocument();
         loaded = WindowOf(document).LoadFile(path);
-        if (loaded) {
-            document->SetCaption(path);
-            workbench_.Smartcolor();
-            document->SetSaver(true);
-        }
+        if (loaded) workbench_.Smartcolor();
     }
     if (!loaded) workbench_.Ask().Message(workbench_.Window(), failure);
 }
@@ -91,18 +83,15 @@ void FileCommands::SaveAs() {
 }
 
 void FileCommands::SaveTo(const QString& path, bool asNewName) {
-    Document* document = workbench_.ActiveDocument();
     bool saved = false;
     {
         const WaitPointer wait;
-        saved = WindowOf(document).SaveFile(path);
+        saved = WindowOf(workbench_.ActiveDocument()).SaveFile(path);
     }
     if (!saved) {
         workbench_.Ask().Message(workbench_.Window(), cannotSave);
         return;
     }
-    if (asNewName) document->SetCaption(path);
-    document->SetSaver(true);
     AddRecentFile(path);
     if (asNewName) workbench_.RefreshWebsite();
 }

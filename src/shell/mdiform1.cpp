@@ -146,7 +146,7 @@ void MDIform1::MakeFirstDocument(const QString& commandLine) {
     document->SetCaption("New 1");
     document->showMaximized();
     NewDocCount = 1;
-    if (!commandLine.isEmpty() && document->LoadFile(commandLine)) document->SetCaption(commandLine);
+    if (!commandLine.isEmpty()) document->LoadFile(commandLine);
 }
 
 // The documents go first, as they speak to the window until their end.

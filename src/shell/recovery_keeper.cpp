@@ -31,16 +31,13 @@ QString CaptionToKeep(const QString& caption) {
 }
 
 RecoveredText CopyOf(const DocumentWindow& window) {
-    return {CaptionToKeep(window.Caption()), window.Text1->RawText(), window.Text1->Format(),
+    return {CaptionToKeep(window.Caption()), window.Text1->RawText(), window.File().Format(),
             QDateTime::currentSecsSinceEpoch()};
 }
 
 void OpenLost(Workbench& workbench, const RecoveredText& copy) {
-    Document* document = workbench.CreateDocument();
-    document->Text1->SetText(copy.text);
-    TextFormat format = copy.format;
-    format.lineEnds.clear();  // the text was edited, so its line ends become one kind
-    document->Text1->SetFormatOfFile(format);
+    auto* document = qobject_cast<DocumentWindow*>(workbench.CreateDocument());
+    document->Recover(copy);
     if (IsBlankCaption(copy.caption)) {
         ++workbench.NewDocCount;
         document->SetCaption("New " + NumberText(workbench.NewDocCount));
@@ -48,7 +45,6 @@ void OpenLost(Workbench& workbench, const RecoveredText& copy) {
         document->SetCaption(copy.caption);
     }
     workbench.Smartcolor();
-    document->SetSaver(false);
     workbench.CountOpenedDocument();
 }
 

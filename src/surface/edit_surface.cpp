@@ -1,6 +1,5 @@
 #include "surface/edit_surface.h"
 
-#include "files/safe_write.h"
 #include "surface/document_text.h"
 #include "surface/edit_surface_private.h"
 #include "system/fonts.h"
@@ -272,33 +271,6 @@ int EditSurface::LineStart(int line) const {
 
 quint64 EditSurface::Revision() const {
     return d_->revision;
-}
-
-bool EditSurface::LoadFile(const QString& path, QString* error) {
-    std::optional<LoadedText> loaded = ReadTextFile(path, error);
-    if (!loaded) return false;
-    SetText(loaded->text);
-    SetFormatOfFile(loaded->format);
-    return true;
-}
-
-bool EditSurface::SaveFile(const QString& path, QString* error) {
-    const bool unedited = d_->revision == d_->savedRevision;
-    TextFormat format = d_->fileFormat;
-    const QByteArray bytes = EncodeText(RawText(), format, unedited);
-    if (!WriteFileSafely(path, bytes, error)) return false;
-    if (!unedited) format.lineEnds.clear();
-    SetFormatOfFile(format);
-    return true;
-}
-
-const TextFormat& EditSurface::Format() const {
-    return d_->fileFormat;
-}
-
-void EditSurface::SetFormatOfFile(const TextFormat& format) {
-    d_->fileFormat = format;
-    d_->savedRevision = d_->revision;
 }
 
 }  // namespace vellum

@@ -4,7 +4,6 @@
 // An offset between the two means the end of the line.
 #pragma once
 
-#include "files/text_file.h"
 #include "surface/format_store.h"
 #include "surface/surface_history.h"
 #include "values/units.h"
@@ -110,13 +109,6 @@ public:
     // 1000000 on nothing wraps.
     void SetRightMargin(int twips);
     [[nodiscard]] int RightMargin() const;
-
-    // Loads a file; the text stays as it was on failure. A sentence for a person goes to *error when given.
-    bool LoadFile(const QString& path, QString* error = nullptr);
-    // Writes the text: byte for byte as loaded when nothing was edited since, else in the format it came with.
-    bool SaveFile(const QString& path, QString* error = nullptr);
-    [[nodiscard]] const TextFormat& Format() const;
-    void SetFormatOfFile(const TextFormat& format);
 
     // A number that every change of the text raises.
     [[nodiscard]] quint64 Revision() const;

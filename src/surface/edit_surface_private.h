@@ -29,8 +29,6 @@ struct EditSurface::Private {
     std::optional<CharFormat> arriving;   // what the text being inserted takes
     QString untouched;                    // the text as it was set, until it is edited; else null
     quint64 revision = 0;
-    quint64 savedRevision = 0;
-    TextFormat fileFormat;
     bool loading = false;    // the document is being filled; its reports don't count
     bool restoring = false;  // and it is being filled with a snapshot, whose formats are here already
     bool composing = false;  // an input method shows or hides what isn't text yet

@@ -42,12 +42,9 @@ TEST_F(DocumentTest, StartsSavedAndUnnamed) {
 }
 
 TEST_F(DocumentTest, ACaptionIsShownAsTyped) {
-    QSignalSpy changed(&document, &Document::CaptionChanged);
     document.SetCaption("/x/a[*].htm");
     EXPECT_EQ(document.Caption(), "/x/a[*].htm");
     EXPECT_EQ(document.windowTitle(), "/x/a[*][*].htm");  // the toolkit's spelling of the three characters
-    ASSERT_EQ(changed.count(), 1);
-    EXPECT_EQ(changed.at(0).at(0).toString(), "/x/a[*].htm");
     EXPECT_FALSE(document.NeverSaved());
     document.SetCaption("Newsletter.htm");
     EXPECT_TRUE(document.NeverSaved());

@@ -32,7 +32,6 @@ RecoveredText OddText() {
     copy.format.encoding = "UTF-16BE";
     copy.format.byteOrderMark = true;
     copy.format.lineEnd = LineEnd::Cr;
-    copy.format.lineEnds = {LineEnd::Lf, LineEnd::CrLf, LineEnd::Cr, LineEnd::None};
     copy.writtenAt = 4'000'000'000;
     return copy;
 }
@@ -44,7 +43,6 @@ void ExpectSame(const RecoveredText& found, const RecoveredText& kept) {
     EXPECT_EQ(found.format.encoding, kept.format.encoding);
     EXPECT_EQ(found.format.byteOrderMark, kept.format.byteOrderMark);
     EXPECT_EQ(found.format.lineEnd, kept.format.lineEnd);
-    EXPECT_EQ(found.format.lineEnds, kept.format.lineEnds);
 }
 
 mode_t ModeOf(const QString& path) {

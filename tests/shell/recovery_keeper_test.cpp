@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLabel>
 
 namespace vellum::test {
 namespace {
@@ -70,6 +71,22 @@ TEST_F(RecoveryKeeperTest, OffersLostTextsInOneQuestionAndOpensThem) {
     }
     texts.sort();
     EXPECT_EQ(texts, (QStringList{"/site/page.htm=lost one", "New 1=", "New 2=lost\r\ntwo"}));
+}
+
+TEST_F(RecoveryKeeperTest, ALostTextKeepsTheFormatOfItsFile) {
+    RecoveredText lost{SitePath("page.htm"), u"lost\n\u00E9"_qs, {}, 1000};
+    lost.format.encoding = "windows-1252";
+    lost.format.lineEnd = LineEnd::Lf;
+    {
+        RecoveryStore dying(home.filePath("recovery"));
+        dying.Keep(1, lost);
+        dying.LeaveBehind(1);
+    }
+    prompts.answers = {Answer::Yes};
+    Open();
+    EXPECT_EQ(Active().findChild<QLabel*>("lblFormat")->text(), "Windows-1252, LF");
+    Trigger("mnuSaveregItem");
+    EXPECT_EQ(Bytes(SitePath("page.htm")), "lost\n\xE9");
 }
 
 TEST_F(RecoveryKeeperTest, TheTipsKeepAwayFromATextThatWasRecovered) {

@@ -7,7 +7,6 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -541,38 +540,6 @@ TEST_F(EditSurfaceTest, TheFontIsMonospacedAndOfTheGivenSize) {
     const QFontMetricsF metrics(surface.document()->defaultFont());
     EXPECT_DOUBLE_EQ(metrics.horizontalAdvance('i'), metrics.horizontalAdvance('W'));
     EXPECT_NEAR(surface.tabStopDistance(), 4 * metrics.horizontalAdvance(' '), 0.01);
-}
-
-TEST_F(EditSurfaceTest, SavesByteForByteWhatWasNotEdited) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("a.htm");
-    const QByteArray bytes = "one\r\ntwo\r\nthree\nfour\xE9";
-    QFile file(path);
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write(bytes);
-    file.close();
-    ASSERT_TRUE(surface.LoadFile(path));
-    EXPECT_EQ(surface.Text(), QString::fromLatin1("one\r\ntwo\r\nthree\r\nfour\xE9"));
-    EXPECT_EQ(surface.Format().lineEnds.size(), 4U);
-    const QString copy = folder.filePath("b.htm");
-    ASSERT_TRUE(surface.SaveFile(copy));
-    const auto bytesOf = [](const QString& name) {
-        QFile saved(name);
-        EXPECT_TRUE(saved.open(QFile::ReadOnly));
-        return saved.readAll();
-    };
-    EXPECT_EQ(bytesOf(copy), bytes);
-    surface.SetSelStart(0);
-    QTest::keyClicks(&surface, "X");
-    QTest::keyClick(&surface, Qt::Key_Backspace);
-    ASSERT_TRUE(surface.SaveFile(copy));  // edited: every line gets the one line end now
-    EXPECT_TRUE(surface.Format().lineEnds.empty());
-    EXPECT_EQ(bytesOf(copy), "one\r\ntwo\r\nthree\r\nfour\xE9");
-    QString error;
-    EXPECT_FALSE(surface.LoadFile(folder.filePath("missing.htm"), &error));
-    EXPECT_FALSE(error.isEmpty());
-    EXPECT_EQ(surface.Text(), QString::fromLatin1("one\r\ntwo\r\nthree\r\nfour\xE9"));
-    EXPECT_FALSE(surface.SaveFile(folder.filePath("missing/b.htm"), &error));
 }
 
 TEST_F(EditSurfaceTest, AnOverlongLineKeepsItsColors) {

@@ -1,11 +1,9 @@
 #include "surface/edit_surface.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QInputMethodEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 
@@ -98,26 +96,6 @@ TEST_F(SurfaceSnapshotTest, DropsTheInsertionFormat) {
     ASSERT_EQ(surface.SelColor(), red);
     ASSERT_TRUE(surface.Restore(snapshot));
     EXPECT_EQ(surface.SelColor(), surface.ForeColor());
-}
-
-TEST_F(SurfaceSnapshotTest, SavesWhatWasRestored) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("a.htm");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("one\ntwo\r\n");
-    file.close();
-    ASSERT_TRUE(surface.LoadFile(path));
-    const auto loaded = surface.TakeSnapshot();
-    surface.SetSelText("x");
-    const auto edited = surface.TakeSnapshot();
-    ASSERT_TRUE(surface.SaveFile(path));
-    ASSERT_TRUE(surface.Restore(loaded));
-    ASSERT_TRUE(surface.SaveFile(path));
-    ASSERT_TRUE(surface.LoadFile(path));
-    EXPECT_EQ(surface.Text(), "one\r\ntwo\r\n");
-    ASSERT_TRUE(surface.Restore(edited));
-    EXPECT_EQ(surface.Text(), "xone\r\ntwo\r\n");
 }
 
 TEST_F(SurfaceSnapshotTest, SurvivesANewText) {
