@@ -42,8 +42,8 @@ public:
     [[nodiscard]] SettingsStore& Settings() override { return settings_; }
     [[nodiscard]] Prompts& Ask() override { return prompts_; }
     [[nodiscard]] QWidget* Window() override { return nullptr; }
-    [[nodiscard]] QString OpenDocCount() const override { return QStringLiteral("1"); }
-    void SetOpenDocCount(const QString& /*count*/) override {}
+    [[nodiscard]] QList<Document*> Documents() const override { return {document_.get()}; }
+    [[nodiscard]] int OpenDocCount() const override { return 1; }
     void ShowStatus(StatusPanel /*panel*/, const QString& /*text*/) override {}
     [[nodiscard]] bool UsePreview() const override { return false; }
     [[nodiscard]] QStringList FontNames() const override { return {}; }
@@ -53,9 +53,7 @@ public:
     [[nodiscard]] QStringList DocumentTypes() const override { return {}; }
     void OpenInNewWindow(const QString& /*path*/, const QString& /*failure*/) override {}
     [[nodiscard]] const ReferenceTree& References() const override { return references_; }
-    void AddRecentFile(const QString& /*path*/) override {}
-    void SetWrapChecked(bool /*checked*/) override {}
-    Document* CreateDocument() override { return nullptr; }
+    Document* NewForm() override { return nullptr; }
     void LoadPage(QString& /*html*/) override {}
 
 private:

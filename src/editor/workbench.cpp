@@ -3,21 +3,11 @@
 #include "editor/document.h"
 #include "editor/portable_color.h"
 #include "editor/smartcolor.h"
-#include "values/number_rules.h"
 
 #include <algorithm>
 #include <array>
 
 namespace vellum {
-
-Document* Workbench::NewForm() {
-    Document* document = CreateDocument();
-    ++NewDocCount;
-    document->SetCaption("New " + NumberText(NewDocCount));
-    CountOpenedDocument();
-    Smartcolor();
-    return document;
-}
 
 void Workbench::Smartcolor() {
     if (Document* const document = ActiveDocument()) PaintMarkup(*this, *document);
@@ -32,14 +22,6 @@ void Workbench::Addstuff(const QString& open, const QString& close) {
     if (!document) return;
     QString markup = close.isEmpty() ? open : open + document->Text1->SelText() + close;
     PortableColor(markup);
-}
-
-void Workbench::CountOpenedDocument() {
-    SetOpenDocCount(NumberText(LeadingNumber(OpenDocCount()) + 1));
-}
-
-void Workbench::CountClosedDocument() {
-    SetOpenDocCount(NumberText(LeadingNumber(OpenDocCount()) - 1));
 }
 
 bool IsScriptCaption(const QString& caption) {

@@ -6,6 +6,7 @@
 #include "settings/settings_store.h"
 #include "widgets/prompts.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -28,16 +29,17 @@ public:
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
 
-    [[nodiscard]] virtual Document* ActiveDocument() const = 0;  // null when no document is open
+    [[nodiscard]] virtual Document* ActiveDocument() const = 0;    // null when no document is open
+    [[nodiscard]] virtual QList<Document*> Documents() const = 0;  // all open ones
     [[nodiscard]] virtual SettingsStore& Settings() = 0;
     [[nodiscard]] virtual Prompts& Ask() = 0;
     [[nodiscard]] virtual QWidget* Window() = 0;  // the parent of dialogs
     [[nodiscard]] SharedOptions& Options() { return options_; }
     [[nodiscard]] virtual bool UsePreview() const = 0;  // the session's document kind, fixed at start
 
-    // Open documents as decimal text; "0" switches off the commands that need one.
-    [[nodiscard]] virtual QString OpenDocCount() const = 0;
-    virtual void SetOpenDocCount(const QString& count) = 0;
+    // At 0 the commands that need a document are off. One more than there are documents after a close whose save dialog
+    // was left without a name.
+    [[nodiscard]] virtual int OpenDocCount() const = 0;
 
     virtual void ShowStatus(StatusPanel panel, const QString& text) = 0;
     void SetHint(const QString& text) { ShowStatus(StatusPanel::Hint, text); }
@@ -52,9 +54,6 @@ public:
     // What the panel TreeView1 shows.
     [[nodiscard]] virtual const ReferenceTree& References() const = 0;
 
-    std::int16_t NewDocCount = 1;  // blank documents made in this session
-    bool StopClosing = false;      // a document's close was cancelled
-
     // Paints the markup of the active document: all of it, or the range that ColorSpanStart and ColorSpanLength tell,
     // which is an offset and a number of characters; a length of 0 asks for all.
     std::int32_t ColorSpanStart = 0;
@@ -66,17 +65,11 @@ public:
     // The selection between `open` and `close` goes the same way; `open` alone when `close` is empty.
     virtual void Addstuff(const QString& open, const QString& close);
 
-    virtual void AddRecentFile(const QString& path) = 0;
-    virtual void SetWrapChecked(bool checked) = 0;  // the check mark of the Word Wrap item
-    // Makes a window of the session's kind and shows it. The caption is still "New", the count untouched.
-    virtual Document* CreateDocument() = 0;
     // A blank document with its number, counted among the open ones.
-    Document* NewForm();
+    virtual Document* NewForm() = 0;
     // Opens a file in a window of its own and counts it. When it can't be read, the window stays, blank, and `failure`
     // is shown.
     virtual void OpenInNewWindow(const QString& path, const QString& failure) = 0;
-    void CountOpenedDocument();
-    void CountClosedDocument();
     virtual void LoadPage(QString& html) = 0;
 
 private:

@@ -10,10 +10,7 @@ namespace {
 
 QStringList OpenCaptions(Workbench& workbench) {
     QStringList documents;
-    if (const Document* const active = workbench.ActiveDocument()) documents << active->Caption();
-    if (const QWidget* const window = workbench.Window()) {
-        for (const Document* const document : window->findChildren<Document*>()) documents << document->Caption();
-    }
+    for (const Document* const document : workbench.Documents()) documents << document->Caption();
     return documents;
 }
 

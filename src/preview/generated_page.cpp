@@ -29,7 +29,7 @@ void LoadPage(Workbench& workbench, const QString& html) {
         if (!path.isEmpty()) ShowInFirstBrowser(workbench, path);
         return;
     }
-    if (workbench.OpenDocCount() == QLatin1String("0")) workbench.NewForm();
+    if (workbench.OpenDocCount() == 0) workbench.NewForm();
     if (auto* const host = dynamic_cast<PreviewHost*>(workbench.ActiveDocument()))
         ShowPageIn(workbench, host->Pipeline(), html);
 }

@@ -33,7 +33,7 @@ Insertion PlanInsertion(const ReferenceTree& tree, int index, const QString& sel
 
 void RunInsertion(Workbench& bench, const Insertion& insertion) {
     Document* document = bench.ActiveDocument();
-    if (!document || bench.OpenDocCount() == QLatin1String("0") || insertion.kind == InsertionKind::Nothing) return;
+    if (!document || bench.OpenDocCount() == 0 || insertion.kind == InsertionKind::Nothing) return;
     if (insertion.kind == InsertionKind::Attribute) {
         document->usingKeys = true;
         document->picAttr->InsertAttr(insertion.text);

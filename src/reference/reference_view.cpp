@@ -185,7 +185,7 @@ void ReferenceView::Run(const QModelIndex& index) {
         setExpanded(index, !isExpanded(index));
         return;
     }
-    if (bench_->OpenDocCount() == QLatin1String("0")) return;
+    if (bench_->OpenDocCount() == 0) return;
     const Document* document = bench_->ActiveDocument();
     const QString selection = document ? document->Text1->SelText() : QString();
     const Insertion insertion = PlanInsertion(*tree_, node, selection);

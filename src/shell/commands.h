@@ -57,8 +57,8 @@ inline constexpr Command newPage{[](MDIform1& window) { ShowNewWizards(window); 
 inline constexpr Command openPages{[](MDIform1& window) { window.Files().Open(); }};
 template <int slot>
 inline constexpr Command openRecent{[](MDIform1& window) { window.Files().OpenRecent(slot); }};
-inline constexpr Command closePage{CloseDocument, needsDocument};
-inline constexpr Command closeAllPages{CloseAllDocuments, needsDocument};
+inline constexpr Command closePage{[](MDIform1& window) { window.documents.CloseActive(); }, needsDocument};
+inline constexpr Command closeAllPages{[](MDIform1& window) { window.documents.CloseAll(); }, needsDocument};
 inline constexpr Command savePage{[](MDIform1& window) { window.Files().Save(); }, needsDocument};
 inline constexpr Command savePageAs{[](MDIform1& window) { window.Files().SaveAs(); }, needsDocument};
 inline constexpr Command printPage{[](MDIform1& window) { window.Files().Print(); }, needsDocument};

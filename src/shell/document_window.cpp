@@ -3,6 +3,7 @@
 #include "editor/workbench.h"
 #include "files/recovery_store.h"
 #include "widgets/prompts.h"
+#include "widgets/wait_pointer.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -37,9 +38,17 @@ bool DocumentWindow::LoadFile(const QString& path) {
 }
 
 bool DocumentWindow::SaveFile(const QString& path) {
-    if (!file_.Save(path)) return false;
+    const bool saved = [&] {
+        const WaitPointer wait;
+        return file_.Save(path);
+    }();
+    if (!saved) {
+        workbench_.Ask().Message(workbench_.Window(), "Cannot save file.  It may be locked or read-only.");
+        return false;
+    }
     ShowFile();
     SetSaver(true);
+    emit Saved(path);
     return true;
 }
 
@@ -55,7 +64,6 @@ void DocumentWindow::ShowFile() {
 
 void DocumentWindow::LoadWrap() {
     WordWrapOn = workbench_.Options()->wordWrap;
-    workbench_.SetWrapChecked(WordWrapOn);
 }
 
 void DocumentWindow::LoadFont() {
@@ -89,59 +97,39 @@ void DocumentWindow::mouseMoveEvent(QMouseEvent* event) {
 
 bool DocumentWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseMove) workbench_.SetHint({});
-    if (event->type() == QEvent::FocusIn && watched == Text1) workbench_.SetWrapChecked(WordWrapOn);
+    if (event->type() == QEvent::FocusIn && watched == Text1) emit Focused();
     return Document::eventFilter(watched, event);
 }
 
 void DocumentWindow::closeEvent(QCloseEvent* event) {
-    bool saved = true;
-    if (!MayClose(saved)) {
+    Answer answer = Answer::No;
+    if (!Saver() && !(NeverSaved() && Text1->Length() == 0)) {
+        answer = workbench_.Ask().AskYesNoCancel(workbench_.Window(), "Do you want to save your document",
+                                                 "You have not saved your file");
+    }
+    if (answer == Answer::Cancel) {
+        emit CloseCancelled();
         event->ignore();
         return;
     }
-    emit Closing(saved);
+    bool saved = true;
+    bool counts = true;
+    if (answer == Answer::Yes) {
+        QString path = Caption();
+        if (NeverSaved()) {
+            path = workbench_.Ask().SaveFile(workbench_.Window(),
+                                             {"HTML Files (*.htm)|*.htm", workbench_.WebsiteDirectory(), false});
+        }
+        counts = !path.isEmpty();
+        saved = counts && SaveFile(path);
+    }
+    emit Closing(saved, counts);
     event->accept();
 }
 
 int DocumentWindow::FormatHeight() const {
     constexpr int least = 27;
     return std::max(lblFormat_->fontMetrics().height() + 4, least);
-}
-
-bool DocumentWindow::MayClose(bool& saved) {
-    if (Saver() || (NeverSaved() && Text1->Length() == 0)) {
-        workbench_.CountClosedDocument();
-        return true;
-    }
-    const Answer answer = workbench_.Ask().AskYesNoCancel(workbench_.Window(), "Do you want to save your document",
-                                                          "You have not saved your file");
-    if (answer == Answer::Cancel) {
-        workbench_.StopClosing = true;
-        return false;
-    }
-    bool counted = true;
-    if (answer == Answer::Yes && !SaveOnClose(counted, saved)) {
-        workbench_.Ask().Message(workbench_.Window(), "Cannot save file.  It may be locked or read-only.");
-    }
-    if (counted) workbench_.CountClosedDocument();
-    return true;
-}
-
-// False when the file can't be written. A save dialog without an answer leaves the count one too high, and the text
-// only among those that can be recovered.
-bool DocumentWindow::SaveOnClose(bool& counted, bool& saved) {
-    QString path = Caption();
-    if (NeverSaved()) {
-        path = workbench_.Ask().SaveFile(workbench_.Window(),
-                                         {"HTML Files (*.htm)|*.htm", workbench_.WebsiteDirectory(), false});
-        counted = !path.isEmpty();
-        saved = counted;
-        if (!counted) return true;
-    }
-    saved = SaveFile(path);
-    if (!saved) return false;
-    workbench_.AddRecentFile(path);
-    return true;
 }
 
 }  // namespace vellum

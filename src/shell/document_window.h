@@ -17,8 +17,8 @@ public:
 
     // Shows the file. False when it can't be read; nothing of the window changes then.
     bool LoadFile(const QString& path);
-    // Writes Text1 to the file, which is the document's from then on. False when it can't be written; nothing of the
-    // window changes then.
+    // Writes Text1 to the file, which is the document's from then on. False when it can't be written: the author has
+    // been told, and nothing of the window has changed.
     bool SaveFile(const QString& path);
     // Shows a text that a crash left behind.
     void Recover(const RecoveredText& lost);
@@ -27,8 +27,12 @@ public:
     void ResizeMe() final;
 
 signals:
-    // The window is closing for good. `saved` is false when the author wanted the text saved and it was not.
-    void Closing(bool saved);
+    // The window is closing for good. `saved` is false when the author wanted the text saved and it was not, `counts`
+    // is when that was for want of a name: the window then goes on being counted as open.
+    void Closing(bool saved, bool counts);
+    void CloseCancelled();
+    void Saved(const QString& path);
+    void Focused();  // the keyboard came to Text1
 
 protected:
     // The steps of the load that both kinds run, in two halves around those of the kinds.
@@ -48,9 +52,6 @@ protected:
     QLabel* const lblFormat_;  // how the file spells its text; stands in the strip below the editor
 
 private:
-    // True when the window may close, with the open-document count settled.
-    bool MayClose(bool& saved);
-    bool SaveOnClose(bool& counted, bool& saved);
     void ShowFile();  // its path and format
 };
 

@@ -1,21 +1,15 @@
 #include "shell/file_commands.h"
 
-#include "editor/document.h"
 #include "editor/workbench.h"
-#include "shell/document_window.h"
+#include "shell/open_documents.h"
 #include "surface/printing.h"
-#include "values/number_rules.h"
 #include "widgets/prompts.h"
 #include "widgets/wait_pointer.h"
 
 namespace vellum {
 namespace {
 
-constexpr auto cannotSave = "Cannot save file.  It may be locked or read-only.";
-
-DocumentWindow& WindowOf(Document* document) {
-    return *qobject_cast<DocumentWindow*>(document);
-}
+const QString unavailable = QStringLiteral("File Unavailable.");
 
 }  // namespace
 
@@ -24,76 +18,38 @@ const QString documentFilter = QStringLiteral(
     "Synchronized Multimedia Integration Language Files (*.smil)|*.smil|Style Sheet Files (*.css)|*.css|"
     "Extensible Markup Language Files (*.xml)|*.xml|Text Files (*.txt)|*.txt|All Files (*.*)|*.*");
 
-FileCommands::FileCommands(Workbench& workbench, QObject* parent) : QObject(parent), workbench_(workbench) {}
+FileCommands::FileCommands(Workbench& workbench, OpenDocuments& documents)
+    : workbench_(workbench), documents_(documents) {}
 
 void FileCommands::Open() {
     const QString chosen =
         workbench_.Ask().OpenFile(workbench_.Window(), {documentFilter, workbench_.WebsiteDirectory(), true});
     if (chosen.isEmpty()) return;
-    for (const QString& path : SplitChosenFiles(chosen)) OpenFile(path);
-}
-
-Document* FileCommands::OpenFile(const QString& path) {
-    Document* document = workbench_.CreateDocument();
-    document->setFocus();
-    bool loaded = false;
-    {
-        const WaitPointer wait;
-        loaded = WindowOf(document).LoadFile(path);
-        if (loaded) workbench_.Smartcolor();
+    for (const QString& path : SplitChosenFiles(chosen)) {
+        documents_.Open({.path = path, .failure = unavailable, .closesOnFailure = true});
     }
-    workbench_.CountOpenedDocument();
-    if (loaded) return document;
-    document->parentWidget()->close();
-    workbench_.Ask().Message(workbench_.Window(), "File Unavailable.");
-    return nullptr;
 }
 
 void FileCommands::OpenRecent(int index) {
-    OpenInNewWindow(QString(recent_.Slot(index)), "File Unavailable.");
-}
-
-void FileCommands::OpenInNewWindow(const QString& path, const QString& failure) {
-    Document* document = workbench_.CreateDocument();
-    bool loaded = false;
-    {
-        const WaitPointer wait;
-        workbench_.CountOpenedDocument();
-        loaded = WindowOf(document).LoadFile(path);
-        if (loaded) workbench_.Smartcolor();
-    }
-    if (!loaded) workbench_.Ask().Message(workbench_.Window(), failure);
+    documents_.Open({.path = recent_.Slot(index), .failure = unavailable});
 }
 
 void FileCommands::Save() {
-    const Document* document = workbench_.ActiveDocument();
+    DocumentWindow* document = documents_.Active();
     if (!document) return;
     if (document->NeverSaved()) {
         SaveAs();
     } else {
-        SaveTo(document->Caption(), false);
+        document->SaveFile(document->Caption());
     }
 }
 
 void FileCommands::SaveAs() {
-    if (!workbench_.ActiveDocument()) return;
+    DocumentWindow* document = documents_.Active();
+    if (!document) return;
     const QString path =
         workbench_.Ask().SaveFile(workbench_.Window(), {documentFilter, workbench_.WebsiteDirectory(), false});
-    if (!path.isEmpty()) SaveTo(path, true);
-}
-
-void FileCommands::SaveTo(const QString& path, bool asNewName) {
-    bool saved = false;
-    {
-        const WaitPointer wait;
-        saved = WindowOf(workbench_.ActiveDocument()).SaveFile(path);
-    }
-    if (!saved) {
-        workbench_.Ask().Message(workbench_.Window(), cannotSave);
-        return;
-    }
-    AddRecentFile(path);
-    if (asNewName) workbench_.RefreshWebsite();
+    if (!path.isEmpty() && document->SaveFile(path)) workbench_.RefreshWebsite();
 }
 
 void FileCommands::AddRecentFile(const QString& path) {
@@ -101,7 +57,7 @@ void FileCommands::AddRecentFile(const QString& path) {
 }
 
 void FileCommands::Print() {
-    const Document* document = workbench_.ActiveDocument();
+    const DocumentWindow* document = documents_.Active();
     if (!document) return;
     QString error;
     bool printed = false;

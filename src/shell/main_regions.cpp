@@ -54,7 +54,7 @@ MainRegions::MainRegions()
       lstDocTypes(new QListWidget(this)),
       List6(new QListWidget(this)),
       RichTextBox1(new EditSurface(this)),
-      Text5(new QLineEdit(QStringLiteral("1"), this)) {
+      Text5(new QLineEdit(this)) {
     setWindowTitle("Vellumcraft");
     setWindowIcon(ThemeIcon("vellumcraft"));
     BuildBars();

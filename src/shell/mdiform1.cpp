@@ -9,7 +9,6 @@
 #include "shell/color_bar.h"
 #include "shell/commands.h"
 #include "shell/form16.h"
-#include "shell/form26.h"
 #include "shell/main_state.h"
 #include "shell/menus.h"
 #include "shell/popup_menus.h"
@@ -73,9 +72,10 @@ FileTools MakeFileTools(Workbench& bench) {
 
 MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& recovery, QStringList fontNames,
                    bool usePreview)
-    : settings_(settings),
+    : documents(*this, *area),
+      settings_(settings),
       prompts_(prompts),
-      files_(*this),
+      files_(*this, documents),
       recovery_(recovery),
       website_(new WebsiteCommands(*this, *Picture11, MakeFileTools(*this))),
       fontNames_(std::move(fontNames)),
@@ -107,7 +107,8 @@ void MDIform1::WireRegions() {
     const auto showHint = [this](const QString& text) { SetHint(text); };
     connect(Picture1, &MainToolbar::Hint, this, showHint);
     connect(Picture11, &WebsitePanel::Hint, this, showHint);
-    connect(Text5, &QLineEdit::textChanged, this, &MDIform1::TellDocumentCount);
+    connect(&documents, &OpenDocuments::Made, this, &MDIform1::WireDocument);
+    connect(&documents, &OpenDocuments::CountChanged, this, &MDIform1::TellDocumentCount);
     connect(&Options(), &SharedOptions::Changed, this, &MDIform1::FollowOptions);
     connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
@@ -125,28 +126,13 @@ void MDIform1::Load(const QString& commandLine, const std::function<void()>& spl
     AddTags();
     splashDone();
     ShowLaidOut();
-    MakeFirstDocument(commandLine);
-    ColorSpanStart = 0;
-    ColorSpanLength = 0;
-    Document* document = ActiveDocument();
-    document->SetSaver(true);
+    if (QAction* item = Item("mnuVisualItem"); item && !usePreview_) item->setEnabled(false);
+    documents.Open({.path = commandLine, .isFirst = true});
     SetHint({});
-    Smartcolor();
     // What was lost comes before the tips, which keep away from a page that has text.
-    recovery_.OfferLost(*this);
+    recovery_.OfferLost(*this, documents);
     const Document* const active = ActiveDocument();
     if (active && active->Text1->Length() == 0) startup();
-}
-
-void MDIform1::MakeFirstDocument(const QString& commandLine) {
-    if (!usePreview_) {
-        if (QAction* item = Item("mnuVisualItem")) item->setEnabled(false);
-    }
-    auto* document = qobject_cast<DocumentWindow*>(CreateDocument());
-    document->SetCaption("New 1");
-    document->showMaximized();
-    NewDocCount = 1;
-    if (!commandLine.isEmpty()) document->LoadFile(commandLine);
 }
 
 // The documents go first, as they speak to the window until their end.
@@ -156,16 +142,11 @@ MDIform1::~MDIform1() {
     qDeleteAll(area->subWindowList());
 }
 
-Document* MDIform1::ActiveDocument() const {
-    const QMdiSubWindow* child = area->currentSubWindow();
-    return child ? qobject_cast<Document*>(child->widget()) : nullptr;
+Document* MDIform1::NewForm() {
+    return documents.Open({});
 }
-
-QString MDIform1::OpenDocCount() const {
-    return Text5->text();
-}
-void MDIform1::SetOpenDocCount(const QString& count) {
-    Text5->setText(count);
+void MDIform1::OpenInNewWindow(const QString& path, const QString& failure) {
+    documents.Open({.path = path, .failure = failure});
 }
 void MDIform1::ShowStatus(StatusPanel panel, const QString& text) {
     StatusBar1->SetPanel(panel, text);
@@ -178,9 +159,6 @@ QString MDIform1::WebsiteDirectory() const {
 }
 void MDIform1::RefreshWebsite() {
     Picture11->Refresh();
-}
-void MDIform1::AddRecentFile(const QString& path) {
-    files_.AddRecentFile(path);
 }
 
 void MDIform1::startup() {
@@ -223,32 +201,16 @@ void MDIform1::SetWrapChecked(bool checked) {
     if (QAction* item = Item("mnuWrapItem")) item->setChecked(checked);
 }
 
-Document* MDIform1::CreateDocument() {
-    auto* document = usePreview_ ? static_cast<DocumentWindow*>(new Form16(*this)) : new Form26(*this);
-    QMdiSubWindow* child = area->addSubWindow(document);
-    child->setAttribute(Qt::WA_DeleteOnClose);
-    child->setWindowIcon(windowIcon());
-    // The File menu has the same shortcut, and two of them cancel each other out.
-    for (QAction* item : child->systemMenu()->actions()) item->setShortcut({});
-    child->resize(area->viewport()->size() * 3 / 4);
-    recovery_.Watch(*document);
-    connect(document->Text1, &EditSurface::Changed, this, [this, document] { ShowDocumentFacts(*document); });
-    connect(document->Text1, &EditSurface::SelChanged, this, [this, document] { ShowDocumentFacts(*document); });
-    connect(document, &Document::MenuWanted, this, [this](QPoint place) { ShowTextMenu(*this, place); });
-    connect(document, &Document::SaverChanged, this, [this, document] { ShowDocumentFacts(*document); });
-    if (area->subWindowList().size() == 1) {
-        document->showMaximized();
-    } else {
-        document->show();
-    }
-    area->setActiveSubWindow(child);
-    document->ResizeMe();  // its first layout may have measured the window that was active before
-    document->setFocus();
-    return document;
-}
-
-void MDIform1::OpenInNewWindow(const QString& path, const QString& failure) {
-    files_.OpenInNewWindow(path, failure);
+void MDIform1::WireDocument(DocumentWindow* window) {
+    recovery_.Watch(*window);
+    SetWrapChecked(window->WordWrapOn);
+    connect(window, &DocumentWindow::Focused, this, [this, window] { SetWrapChecked(window->WordWrapOn); });
+    connect(window, &DocumentWindow::Saved, &files_, &FileCommands::AddRecentFile);
+    connect(window, &Document::MenuWanted, this, [this](QPoint place) { ShowTextMenu(*this, place); });
+    const auto showFacts = [this, window] { ShowDocumentFacts(*window); };
+    connect(window->Text1, &EditSurface::Changed, this, showFacts);
+    connect(window->Text1, &EditSurface::SelChanged, this, showFacts);
+    connect(window, &Document::SaverChanged, this, showFacts);
 }
 
 void MDIform1::LoadPage(QString& html) {
@@ -285,14 +247,9 @@ void MDIform1::ShowRecentFiles() {
 }
 
 void MDIform1::TellDocumentCount() {
+    Text5->setText(QString::number(OpenDocCount()));
     ShowStatus(StatusPanel::OpenDocuments, tr("%1 open").arg(OpenDocCount()));
-    emit DocumentsOpen(OpenDocCount() != QLatin1String("0"));
-}
-
-bool MDIform1::UnloadActiveDocument() {
-    QMdiSubWindow* child = area->currentSubWindow();
-    if (!child && !area->subWindowList().isEmpty()) child = area->subWindowList().last();
-    return child && child->close();
+    emit DocumentsOpen(OpenDocCount() != 0);
 }
 
 QStringList MDIform1::ImageTypes() const {
@@ -317,20 +274,20 @@ bool MDIform1::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MDIform1::closeEvent(QCloseEvent* event) {
-    StopClosing = false;
-    while (!StopClosing) {
-        if (LeadingNumber(OpenDocCount()) < 1) {
+    documents.StopClosing = false;
+    while (!documents.StopClosing) {
+        if (OpenDocCount() < 1) {
             WriteState(*this, files_.Recent(), settings_);
             hide();
             break;
         }
-        if (UnloadActiveDocument() || StopClosing) continue;
+        if (documents.CloseActive() || documents.StopClosing) continue;
         // With a count that is too high the documents run out first; the window then goes without writing its state.
         if (area->subWindowList().isEmpty()) break;
-        StopClosing = true;
+        documents.StopClosing = true;
     }
-    event->setAccepted(!StopClosing);
-    if (!StopClosing) emit Unloaded();
+    event->setAccepted(!documents.StopClosing);
+    if (!documents.StopClosing) emit Unloaded();
 }
 
 }  // namespace vellum

@@ -6,13 +6,13 @@
 #include "shell/file_commands.h"
 #include "shell/frm_settings.h"
 #include "shell/main_regions.h"
+#include "shell/open_documents.h"
 #include "shell/recovery_keeper.h"
 
 #include <functional>
 
 namespace vellum {
 
-class DocumentWindow;
 class RecoveryStore;
 class WebsiteCommands;
 
@@ -29,12 +29,12 @@ public:
     void Load(const QString& commandLine, const std::function<void()>& splashDone);
 
     // Workbench
-    Document* ActiveDocument() const override;
+    Document* ActiveDocument() const override { return documents.Active(); }
+    QList<Document*> Documents() const override { return documents.All(); }
     SettingsStore& Settings() override { return settings_; }
     Prompts& Ask() override { return prompts_; }
     QWidget* Window() override { return this; }
-    QString OpenDocCount() const override;
-    void SetOpenDocCount(const QString& count) override;
+    int OpenDocCount() const override { return documents.OpenDocCount(); }
     void ShowStatus(StatusPanel panel, const QString& text) override;
     bool UsePreview() const override { return usePreview_; }
     QStringList FontNames() const override;
@@ -43,9 +43,7 @@ public:
     QStringList ImageTypes() const override;
     QStringList DocumentTypes() const override;
     const ReferenceTree& References() const override { return references_; }
-    void AddRecentFile(const QString& path) override;
-    void SetWrapChecked(bool checked) override;
-    Document* CreateDocument() override;
+    Document* NewForm() override;
     void OpenInNewWindow(const QString& path, const QString& failure) override;
     void LoadPage(QString& html) override;
 
@@ -58,9 +56,9 @@ public:
     void AddTags() override;
 
     // What the commands work on.
+    OpenDocuments documents;
     [[nodiscard]] FileCommands& Files() { return files_; }
     [[nodiscard]] WebsiteCommands& Website() { return *website_; }
-    bool UnloadActiveDocument();
 
     virtual void startup();  // the tips, when the author wants them
 
@@ -76,7 +74,8 @@ private:
     void WireCommands();
     void WireRegions();
     void FollowOptions();
-    void MakeFirstDocument(const QString& commandLine);
+    void WireDocument(DocumentWindow* window);
+    void SetWrapChecked(bool checked);
     void ShowRecentFiles();
     void TellDocumentCount();
     void ShowActiveDocument();

@@ -1,8 +1,7 @@
 #include "shell/recovery_keeper.h"
 
 #include "editor/workbench.h"
-#include "shell/document_window.h"
-#include "values/number_rules.h"
+#include "shell/open_documents.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -33,19 +32,6 @@ QString CaptionToKeep(const QString& caption) {
 RecoveredText CopyOf(const DocumentWindow& window) {
     return {CaptionToKeep(window.Caption()), window.Text1->RawText(), window.File().Format(),
             QDateTime::currentSecsSinceEpoch()};
-}
-
-void OpenLost(Workbench& workbench, const RecoveredText& copy) {
-    auto* document = qobject_cast<DocumentWindow*>(workbench.CreateDocument());
-    document->Recover(copy);
-    if (IsBlankCaption(copy.caption)) {
-        ++workbench.NewDocCount;
-        document->SetCaption("New " + NumberText(workbench.NewDocCount));
-    } else {
-        document->SetCaption(copy.caption);
-    }
-    workbench.Smartcolor();
-    workbench.CountOpenedDocument();
 }
 
 }  // namespace
@@ -110,14 +96,16 @@ void RecoveryKeeper::KeepAll() {
     }
 }
 
-void RecoveryKeeper::OfferLost(Workbench& workbench) {
+void RecoveryKeeper::OfferLost(Workbench& workbench, OpenDocuments& documents) {
     const std::vector<RecoveredText> lost = store_.FindLost();
     if (lost.empty()) return;
     const Answer answer =
         workbench.Ask().AskYesNoCancel(workbench.Window(), RecoveryQuestion(lost), tr("Recover unsaved documents"));
     if (answer == Answer::Cancel) return;
     if (answer == Answer::Yes) {
-        for (const RecoveredText& copy : lost) OpenLost(workbench, copy);
+        for (const RecoveredText& copy : lost) {
+            documents.Open({.path = IsBlankCaption(copy.caption) ? QString() : copy.caption, .recovered = &copy});
+        }
         KeepAll();
         // The old copies go only when this session has its own.
         if (!store_.Flush()) return;

@@ -9,6 +9,7 @@
 namespace vellum {
 
 class DocumentWindow;
+class OpenDocuments;
 class Workbench;
 
 class RecoveryKeeper : public QObject {
@@ -22,7 +23,7 @@ public:
 
     // One question that lists what can be recovered. Yes opens it as unsaved documents, No discards it; Cancel leaves
     // it for the next start.
-    void OfferLost(Workbench& workbench);
+    void OfferLost(Workbench& workbench, OpenDocuments& documents);
 
 private:
     void KeepAll();  // every open document that differs from its file, at once

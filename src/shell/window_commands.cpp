@@ -27,17 +27,6 @@ void WriteColor(const Document& document, ColorNumber color) {
 
 }  // namespace
 
-void CloseDocument(MDIform1& window) {
-    if (window.OpenDocCount() != QLatin1String("0")) window.UnloadActiveDocument();
-}
-
-void CloseAllDocuments(MDIform1& window) {
-    window.StopClosing = false;
-    while (window.OpenDocCount() != QLatin1String("0") && !window.StopClosing) {
-        if (!window.UnloadActiveDocument()) return;
-    }
-}
-
 void StepDocument(MDIform1& window, int step) {
     const QList<QMdiSubWindow*> children = window.area->subWindowList(QMdiArea::CreationOrder);
     if (children.size() < 2) return;

@@ -10,10 +10,6 @@ namespace vellum {
 
 class MDIform1;
 
-// Closes the active document, with the question whether to save it.
-void CloseDocument(MDIform1& window);
-// Closes one after the other until none is left or the author cancels.
-void CloseAllDocuments(MDIform1& window);
 // The next document, or with -1 the one before, in the order in which they were opened.
 void StepDocument(MDIform1& window, int step);
 

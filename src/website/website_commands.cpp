@@ -58,7 +58,7 @@ void WebsiteCommands::PopUp(QMenu& menu, QAbstractItemView& list, const QContext
 
 void WebsiteCommands::OpenFile(const QString& path) {
     const QString name = QFileInfo(path).fileName();
-    if (bench_.OpenDocCount() != QLatin1String("0")) {
+    if (bench_.OpenDocCount() != 0) {
         const QStringList images = MatchingTypes(name, bench_.ImageTypes());
         for (qsizetype i = 0; i < images.size() && tools_.insertImage; ++i) tools_.insertImage(path);
         if (IsPageSound(name) && tools_.insertSound) tools_.insertSound(path);

@@ -58,14 +58,15 @@ class PreviewBench : public TestWorkbench {
 public:
     explicit PreviewBench(const QString& directory) {
         website = directory + "/site";
-        count = "0";
+        count = 0;
         QDir().mkpath(website);
     }
 
     Document* ActiveDocument() const override { return active.get(); }
     QWidget* Window() override { return active.get(); }
-    void Smartcolor() override { ++colored; }
-    Document* CreateDocument() override {
+    QList<Document*> Documents() const override { return TestWorkbench::Documents() + others; }
+    Document* NewForm() override {
+        ++count;
         if (usePreview) {
             active = std::make_unique<PreviewedDocument>(*this);
         } else {
@@ -76,8 +77,8 @@ public:
     }
     void LoadPage(QString& html) override { vellum::LoadPage(*this, html); }
 
-    int colored = 0;
     std::unique_ptr<Document> active;
+    QList<Document*> others;
 };
 
 // A shown document with a preview, and browsers outside that note what they are given.
@@ -87,9 +88,8 @@ protected:
 
     void SetUp() override {
         ASSERT_TRUE(directory_.isValid());
-        document_ = static_cast<PreviewedDocument*>(bench_.CreateDocument());
+        document_ = static_cast<PreviewedDocument*>(bench_.NewForm());
         document_->SetCaption("New 1");
-        bench_.count = "1";
         document_->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(document_));
     }

@@ -196,7 +196,7 @@ TEST_F(PreviewPipelineTest, ADocumentIsNeverOverwrittenByItsOwnPreview) {
 TEST_F(PreviewPipelineTest, NorByThePreviewOfAnother) {
     WriteFile(Site("caching.htm"), "as saved");
     PlainDocument other(bench_);
-    other.setParent(document_);  // the window that holds all documents
+    bench_.others << &other;
     other.SetCaption(Site("caching.htm"));
     document_->Text1->SetText("x");
     Tick();

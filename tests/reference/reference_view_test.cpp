@@ -135,7 +135,7 @@ TEST_F(ReferenceViewTest, ARootOnlyOpensAndCloses) {
 }
 
 TEST_F(ReferenceViewTest, NothingGoesInWithoutADocument) {
-    bench.count = "0";
+    bench.count = 0;
     DoubleClick(br);
     EXPECT_EQ(Text(), "");
     bench.active = nullptr;

@@ -180,7 +180,7 @@ TEST_F(ColorBarTest, WithoutADocumentNothingHappens) {
     emit window->Picture14->ColorTaken(Rgb(1, 2, 3));
     emit window->clrbutton->TabClicked(1);
     EXPECT_EQ(prompts.colors.size(), 1U) << "no one is asked for a colour";
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
 }
 
 TEST_F(ColorBarTest, WorksByTheKeyboard) {

@@ -17,7 +17,7 @@ TEST_F(DocumentWindowTest, ABlankDocumentClosesWithoutAQuestion) {
     Open();
     Trigger("mnuClose");
     EXPECT_TRUE(prompts.questions.isEmpty());
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
     EXPECT_EQ(window->ActiveDocument(), nullptr);
 }
 
@@ -25,7 +25,7 @@ TEST_F(DocumentWindowTest, TheShortcutOfCloseReachesTheDocument) {
     Open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     QTest::keyClick(Active().Text1, Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
 }
 
 TEST_F(DocumentWindowTest, ABlankDocumentThatWasEmptiedAgainClosesWithoutAQuestion) {
@@ -35,7 +35,7 @@ TEST_F(DocumentWindowTest, ABlankDocumentThatWasEmptiedAgainClosesWithoutAQuesti
     ASSERT_FALSE(Active().Saver());
     Trigger("mnuClose");
     EXPECT_TRUE(prompts.questions.isEmpty());
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
 }
 
 TEST_F(DocumentWindowTest, AChangedDocumentAsksAndNoDropsIt) {
@@ -44,7 +44,7 @@ TEST_F(DocumentWindowTest, AChangedDocumentAsksAndNoDropsIt) {
     prompts.answers.push_back(Answer::No);
     Trigger("mnuClose");
     EXPECT_EQ(prompts.questions, QStringList{"You have not saved your file|Do you want to save your document"});
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
 }
 
 TEST_F(DocumentWindowTest, CancelKeepsTheDocument) {
@@ -52,8 +52,8 @@ TEST_F(DocumentWindowTest, CancelKeepsTheDocument) {
     Type("x");
     prompts.answers.push_back(Answer::Cancel);
     Trigger("mnuClose");
-    EXPECT_EQ(window->OpenDocCount(), "1");
-    EXPECT_TRUE(window->StopClosing);
+    EXPECT_EQ(window->OpenDocCount(), 1);
+    EXPECT_TRUE(window->documents.StopClosing);
     EXPECT_EQ(Active().Text1->Text(), "x");
 }
 
@@ -66,7 +66,7 @@ TEST_F(DocumentWindowTest, YesSavesAFileToItsPathAndListsIt) {
     EXPECT_EQ(Bytes(path), "xy");
     EXPECT_TRUE(prompts.requests.empty());
     EXPECT_EQ(window->findChild<QAction*>("mnuRecents(0)")->text(), path);
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
 }
 
 TEST_F(DocumentWindowTest, YesAsksABlankDocumentForItsName) {
@@ -79,7 +79,7 @@ TEST_F(DocumentWindowTest, YesAsksABlankDocumentForItsName) {
     EXPECT_EQ(prompts.requests[0].filter, "HTML Files (*.htm)|*.htm");
     EXPECT_EQ(prompts.requests[0].directory, site.path());
     EXPECT_EQ(Bytes(SitePath("new.htm")), "x");
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
 }
 
 TEST_F(DocumentWindowTest, YesWithoutANameClosesAndLeavesTheCountOneTooHigh) {
@@ -88,7 +88,7 @@ TEST_F(DocumentWindowTest, YesWithoutANameClosesAndLeavesTheCountOneTooHigh) {
     prompts.answers.push_back(Answer::Yes);
     Trigger("mnuClose");
     EXPECT_EQ(window->ActiveDocument(), nullptr);
-    EXPECT_EQ(window->OpenDocCount(), "1");
+    EXPECT_EQ(window->OpenDocCount(), 1);
     const QSignalSpy unloaded(window.get(), &MDIform1::Unloaded);
     EXPECT_TRUE(window->close()) << "the close loop ends when no document is left to unload";
     EXPECT_EQ(unloaded.count(), 1);
@@ -102,7 +102,7 @@ TEST_F(DocumentWindowTest, AFailedSaveIsToldAndTheWindowClosesAllTheSame) {
     prompts.saveNames.push_back(SitePath("no/such/folder/x.htm"));
     Trigger("mnuClose");
     EXPECT_EQ(prompts.messages, QStringList{"Cannot save file.  It may be locked or read-only."});
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
     EXPECT_EQ(window->ActiveDocument(), nullptr);
 }
 
@@ -130,11 +130,11 @@ TEST_F(DocumentWindowTest, CloseAllStopsAtACancel) {
     window->NewForm();
     prompts.answers.push_back(Answer::Cancel);
     Trigger("mnuCloseAll");
-    EXPECT_EQ(window->OpenDocCount(), "2");
+    EXPECT_EQ(window->OpenDocCount(), 2);
     EXPECT_EQ(prompts.questions.size(), 1);
     prompts.answers.push_back(Answer::No);
     Trigger("mnuCloseAll");
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
 }
 
 TEST_F(DocumentWindowTest, TheWrapItemFollowsTheActiveWindow) {

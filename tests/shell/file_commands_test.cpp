@@ -19,7 +19,7 @@ TEST_F(FileCommandsTest, OpenAsksWithTheWholeFilterInTheWebsiteDirectory) {
         "Markup Language Files (*.xml)|*.xml|Text Files (*.txt)|*.txt|All Files (*.*)|*.*");
     EXPECT_EQ(prompts.requests[0].directory, site.path());
     EXPECT_TRUE(prompts.requests[0].several);
-    EXPECT_EQ(window->OpenDocCount(), "1");
+    EXPECT_EQ(window->OpenDocCount(), 1);
     EXPECT_TRUE(prompts.messages.isEmpty());
 }
 
@@ -28,7 +28,7 @@ TEST_F(FileCommandsTest, OpenPutsOneFileIntoANewWindowBesideTheBlankOne) {
     const QString path = MakeFile("page.htm", "<p>\r\n</p>");
     prompts.openNames.push_back(path);
     Trigger("mnuOpenItem");
-    EXPECT_EQ(window->OpenDocCount(), "2");
+    EXPECT_EQ(window->OpenDocCount(), 2);
     EXPECT_EQ(Active().Caption(), path);
     EXPECT_EQ(Active().Text1->Text(), "<p>\r\n</p>");
     EXPECT_TRUE(Active().Saver());
@@ -46,7 +46,7 @@ TEST_F(FileCommandsTest, OpenTakesSeveralFilesInTheDialogsOrder) {
         captions << qobject_cast<Document*>(child->widget())->Caption();
     }
     EXPECT_EQ(captions, (QStringList{"New 1", SitePath("b.htm"), SitePath("c.htm"), SitePath("a.htm")}));
-    EXPECT_EQ(window->OpenDocCount(), "4");
+    EXPECT_EQ(window->OpenDocCount(), 4);
     EXPECT_EQ(window->colored, 1 + 3) << "the first document and each of the three";
 }
 
@@ -55,7 +55,7 @@ TEST_F(FileCommandsTest, AFileThatCantBeReadIsToldAndLeavesNoWindow) {
     prompts.openNames.push_back(SitePath("missing.htm"));
     Trigger("mnuOpenItem");
     EXPECT_EQ(prompts.messages, QStringList{"File Unavailable."});
-    EXPECT_EQ(window->OpenDocCount(), "1");
+    EXPECT_EQ(window->OpenDocCount(), 1);
     EXPECT_EQ(window->area->subWindowList().size(), 1);
 }
 
@@ -135,11 +135,11 @@ TEST_F(FileCommandsTest, ARecentFileOpensAndAMissingOneLeavesAnEmptyWindow) {
     Trigger("mnuRecents(0)");
     EXPECT_EQ(Active().Caption(), SitePath("kept.htm"));
     EXPECT_EQ(Active().Text1->Text(), "kept");
-    EXPECT_EQ(window->OpenDocCount(), "2");
+    EXPECT_EQ(window->OpenDocCount(), 2);
     Trigger("mnuRecents(1)");
     EXPECT_EQ(prompts.messages, QStringList{"File Unavailable."});
     EXPECT_EQ(Active().Caption(), "New");
-    EXPECT_EQ(window->OpenDocCount(), "3");
+    EXPECT_EQ(window->OpenDocCount(), 3);
 }
 
 TEST_F(FileCommandsTest, OnlySaveAsRefreshesTheFileList) {
@@ -167,7 +167,7 @@ TEST_F(FileCommandsTest, BlankDocumentsAreNumberedAndNumbersAreNotReused) {
     EXPECT_EQ(window->NewForm()->Caption(), "New 3");
     Trigger("mnuClose");
     EXPECT_EQ(window->NewForm()->Caption(), "New 4");
-    EXPECT_EQ(window->OpenDocCount(), "3");
+    EXPECT_EQ(window->OpenDocCount(), 3);
 }
 
 }  // namespace

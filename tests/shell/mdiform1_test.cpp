@@ -30,8 +30,8 @@ TEST_F(MainWindowTest, StartsWithOneBlankMaximisedDocument) {
     EXPECT_EQ(Active().Caption(), "New 1");
     EXPECT_TRUE(window->area->currentSubWindow()->isMaximized());
     EXPECT_TRUE(Active().Saver());
-    EXPECT_EQ(window->NewDocCount, 1);
-    EXPECT_EQ(window->OpenDocCount(), "1");
+    EXPECT_EQ(window->documents.NewDocCount, 1);
+    EXPECT_EQ(window->OpenDocCount(), 1);
     EXPECT_EQ(window->StatusBar1->Panel(StatusPanel::Hint), "");
 }
 
@@ -198,7 +198,7 @@ TEST_F(MainWindowTest, ThePanelRefusesCachingFiles) {
     Open();
     emit window->Picture11->FileActivated(path);
     EXPECT_EQ(prompts.messages, QStringList{"Cannot Load Caching File"});
-    EXPECT_EQ(window->OpenDocCount(), "1");
+    EXPECT_EQ(window->OpenDocCount(), 1);
 }
 
 TEST_F(MainWindowTest, CustomizeOpensTheSettingsAndTheyReachTheWindow) {
@@ -254,7 +254,7 @@ TEST_F(MainWindowTest, WritesItsStateWhenTheLastDocumentHasGone) {
 TEST_F(MainWindowTest, WithNoDocumentOpenTheStopWritesAtOnceWithoutAQuestion) {
     Open();
     Trigger("mnuClose");
-    ASSERT_EQ(window->OpenDocCount(), "0");
+    ASSERT_EQ(window->OpenDocCount(), 0);
     EXPECT_TRUE(window->close());
     EXPECT_TRUE(prompts.questions.isEmpty());
     EXPECT_EQ(State(keys::windowState), "2");
@@ -272,7 +272,7 @@ TEST_F(MainWindowTest, ACancelKeepsTheDocumentsThatAreLeftAndWritesNoState) {
     prompts.answers = {Answer::No, Answer::Cancel};
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(window->OpenDocCount(), "1");
+    EXPECT_EQ(window->OpenDocCount(), 1);
     EXPECT_EQ(Active().Text1->Text(), "first");
     EXPECT_EQ(State(keys::windowWidth), "9000");
     prompts.answers = {Answer::No};

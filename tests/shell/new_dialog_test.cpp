@@ -30,7 +30,7 @@ TEST_F(NewCommand, OpensABlankDocument) {
     Pick(0);
     EXPECT_EQ(Active().Caption(), "New 2");
     EXPECT_EQ(Text(), "");
-    EXPECT_EQ(window->OpenDocCount(), "2");
+    EXPECT_EQ(window->OpenDocCount(), 2);
 }
 
 TEST_F(NewCommand, WritesTheStructuralTags) {

@@ -35,7 +35,7 @@ TEST_F(PanelTools, APictureOfThePanelGoesIntoThePage) {
     Open();
     InModal<ToolDialog>([&] { DoubleClick("a photo.jpg"); }, PressOk);
     EXPECT_EQ(Text(), "<img src=\"a photo.jpg\" height=\"20\" width=\"30\" />");
-    EXPECT_EQ(window->OpenDocCount(), "1");
+    EXPECT_EQ(window->OpenDocCount(), 1);
 }
 
 TEST_F(PanelTools, ASoundOfThePanelGoesIntoThePage) {
@@ -87,7 +87,7 @@ TEST_F(PanelTools, WithoutADocumentAPictureOfThePanelDoesNothing) {
     Trigger("mnuClose");
     DoubleClick("a.gif");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-    EXPECT_EQ(window->OpenDocCount(), "0");
+    EXPECT_EQ(window->OpenDocCount(), 0);
     EXPECT_FALSE(window->findChild<QAction*>("mnuWebsiteLinkItem")->isEnabled());
 }
 

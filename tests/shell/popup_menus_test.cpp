@@ -198,7 +198,7 @@ TEST_F(WebsiteMenuTest, PropertiesOpenByTheirKeysAndByTheMenu) {
     const auto look = [](propform& form) { EXPECT_EQ(form.txtName->text(), "two words.htm"); };
     InModal<propform>([&] { QTest::keyClick(&Files(), Qt::Key_Return, Qt::AltModifier); }, look);
     InModal<propform>([&] { Pick(Files(), Qt::Key_P); }, look);
-    EXPECT_EQ(window->OpenDocCount(), "1") << "Alt+Enter is not Enter";
+    EXPECT_EQ(window->OpenDocCount(), 1) << "Alt+Enter is not Enter";
 }
 
 TEST_F(WebsiteMenuTest, ADirectoryIsMadeAndTheListsAreReadAgain) {

@@ -62,7 +62,7 @@ TEST_F(RecoveryKeeperTest, OffersLostTextsInOneQuestionAndOpensThem) {
     ASSERT_EQ(prompts.questions.size(), 1);
     EXPECT_TRUE(prompts.questions[0].contains("/site/page.htm"));
     EXPECT_TRUE(prompts.questions[0].contains("New 3"));
-    EXPECT_EQ(window->OpenDocCount(), "3");
+    EXPECT_EQ(window->OpenDocCount(), 3);
     QStringList texts;
     for (const QMdiSubWindow* child : window->area->subWindowList()) {
         const auto* document = qobject_cast<Document*>(child->widget());
@@ -138,14 +138,14 @@ TEST_F(RecoveryKeeperTest, NoDiscardsAndCancelLeavesTheTextsForTheNextStart) {
         RecoveryStore store(home.filePath("recovery"));
         prompts.questions.clear();
         prompts.answers = {answer};
-        RecoveryKeeper(store).OfferLost(*window);
+        RecoveryKeeper(store).OfferLost(*window, window->documents);
         EXPECT_EQ(prompts.questions.size(), 1);
-        EXPECT_EQ(window->OpenDocCount(), "1");
+        EXPECT_EQ(window->OpenDocCount(), 1);
         EXPECT_EQ(CopyFiles().size(), left);
     }
     prompts.questions.clear();
     RecoveryStore store(home.filePath("recovery"));
-    RecoveryKeeper(store).OfferLost(*window);
+    RecoveryKeeper(store).OfferLost(*window, window->documents);
     EXPECT_TRUE(prompts.questions.isEmpty());
 }
 

@@ -20,7 +20,6 @@ public:
 
     [[nodiscard]] Document* ActiveDocument() const override { return document; }
     [[nodiscard]] SettingsStore& Settings() override { return store; }
-    [[nodiscard]] QString OpenDocCount() const override { return openDocCount; }
     [[nodiscard]] QStringList FontNames() const override { return {"Arial", "Courier New", "Times"}; }
     void Smartcolor() override { events << "Smartcolor"; }
 
@@ -54,7 +53,6 @@ public:
 
     QTemporaryDir folder;
     SettingsStore store{folder.filePath("settings.json")};
-    QString openDocCount = "1";
     Document* document = nullptr;
     QStringList events;  // what happened, in order
 };

@@ -43,13 +43,13 @@ TEST_F(TipsTest, StayAwayOnceTheirBoxWasCleared) {
     EXPECT_EQ(ReadSetting(settings, keys::showStart), "no");
     shown.reset();
     Start();  // would wait here for the tips to close
-    EXPECT_EQ(shown->OpenDocCount(), "1");
+    EXPECT_EQ(shown->OpenDocCount(), 1);
 }
 
 TEST_F(TipsTest, StayAwayForAnyWordButYes) {
     WriteSetting(settings, keys::showStart, "Yes");
     Start();
-    EXPECT_EQ(shown->OpenDocCount(), "1");
+    EXPECT_EQ(shown->OpenDocCount(), 1);
 }
 
 TEST_F(TipsTest, StayAwayWhenThePageOfTheCommandLineHasText) {

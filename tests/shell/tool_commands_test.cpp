@@ -108,7 +108,7 @@ TEST_F(ToolCommands, AFormOutlivesItsDocument) {
                                 QTest::keyClick(form.focusWidget(), Qt::Key_Return);
                                 EXPECT_FALSE(form.isVisible()) << tool.item;
                             });
-        EXPECT_EQ(window->OpenDocCount(), "0");
+        EXPECT_EQ(window->OpenDocCount(), 0);
     }
 }
 

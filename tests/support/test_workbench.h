@@ -18,11 +18,13 @@ public:
     TestWorkbench() { Options().Set(ReadEditorOptions(settings_)); }
 
     [[nodiscard]] Document* ActiveDocument() const override { return active; }
+    [[nodiscard]] QList<Document*> Documents() const override {
+        return ActiveDocument() ? QList{ActiveDocument()} : QList<Document*>();
+    }
     [[nodiscard]] SettingsStore& Settings() override { return settings_; }
     [[nodiscard]] Prompts& Ask() override { return prompts; }
     [[nodiscard]] QWidget* Window() override { return nullptr; }
-    [[nodiscard]] QString OpenDocCount() const override { return count; }
-    void SetOpenDocCount(const QString& text) override { count = text; }
+    [[nodiscard]] int OpenDocCount() const override { return count; }
     [[nodiscard]] bool UsePreview() const override { return usePreview; }
     void ShowStatus(StatusPanel panel, const QString& text) override { panels[panel] = text; }
     [[nodiscard]] QStringList FontNames() const override { return fontNames; }
@@ -35,16 +37,14 @@ public:
         if (!QFileInfo(path).isReadable()) prompts.Message(nullptr, failure, {});
     }
     [[nodiscard]] const ReferenceTree& References() const override { return references; }
-    void AddRecentFile(const QString& /*path*/) override {}
-    void SetWrapChecked(bool /*checked*/) override {}
-    Document* CreateDocument() override { return nullptr; }
+    Document* NewForm() override { return nullptr; }
     void LoadPage(QString& /*html*/) override {}
 
     Document* active = nullptr;
     ScriptedPrompts prompts;
     ReferenceTree references;
     QMap<StatusPanel, QString> panels;  // what each panel of the status bar shows
-    QString count = QStringLiteral("1");
+    int count = 1;                      // open documents
     bool usePreview = true;
     QString website;
     QStringList fontNames;

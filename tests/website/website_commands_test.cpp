@@ -75,7 +75,7 @@ TEST_F(Commands, AllKindsOfOneNameFireInTheirOrder) {
 }
 
 TEST_F(Commands, WithNoDocumentOnlyDocumentsOpen) {
-    bench.count = "0";
+    bench.count = 0;
     Fill({"a.gif", "a.wav", "index.htm"});
     DoubleClick("a.gif");
     DoubleClick("a.wav");
