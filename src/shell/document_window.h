@@ -28,7 +28,7 @@ public:
 
 signals:
     // The window is closing for good. `saved` is false when the author wanted the text saved and it was not, `counts`
-    // is when that was for want of a name: the window then goes on being counted as open.
+    // is false when the save dialog was left without a name: the window then goes on being counted as open.
     void Closing(bool saved, bool counts);
     void CloseCancelled();
     void Saved(const QString& path);
