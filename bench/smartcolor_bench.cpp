@@ -54,7 +54,7 @@ public:
     void OpenInNewWindow(const QString& /*path*/, const QString& /*failure*/) override {}
     [[nodiscard]] const ReferenceTree& References() const override { return references_; }
     Document* NewForm() override { return nullptr; }
-    void LoadPage(QString& /*html*/) override {}
+    void LoadPage(const QString& /*html*/) override {}
 
 private:
     QTemporaryDir folder_;

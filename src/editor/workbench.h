@@ -63,14 +63,14 @@ public:
     // `markup` may come back with the indentation of the line.
     virtual void PortableColor(QString& markup);
     // The selection between `open` and `close` goes the same way; `open` alone when `close` is empty.
-    virtual void Addstuff(const QString& open, const QString& close);
+    void Addstuff(const QString& open, const QString& close);
 
     // A blank document with its number, counted among the open ones.
     virtual Document* NewForm() = 0;
     // Opens a file in a window of its own and counts it. When it can't be read, the window stays, blank, and `failure`
     // is shown.
     virtual void OpenInNewWindow(const QString& path, const QString& failure) = 0;
-    virtual void LoadPage(QString& html) = 0;
+    virtual void LoadPage(const QString& html) = 0;
 
 private:
     SharedOptions options_;

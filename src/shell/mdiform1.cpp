@@ -213,7 +213,7 @@ void MDIform1::WireDocument(DocumentWindow* window) {
     connect(window, &Document::SaverChanged, this, showFacts);
 }
 
-void MDIform1::LoadPage(QString& html) {
+void MDIform1::LoadPage(const QString& html) {
     vellum::LoadPage(*this, html);
 }
 

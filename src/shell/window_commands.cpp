@@ -89,8 +89,7 @@ void StartAccessory(MDIform1& window, const QString& program) {
 }
 
 void ShowManual(MDIform1& window) {
-    QString page = ManualPage();
-    window.LoadPage(page);
+    window.LoadPage(ManualPage());
 }
 
 void ShowTips(MDIform1& window) {

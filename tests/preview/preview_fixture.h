@@ -75,7 +75,7 @@ public:
         active->show();
         return active.get();
     }
-    void LoadPage(QString& html) override { vellum::LoadPage(*this, html); }
+    void LoadPage(const QString& html) override { vellum::LoadPage(*this, html); }
 
     std::unique_ptr<Document> active;
     QList<Document*> others;

@@ -326,6 +326,8 @@ TEST_F(MenusTest, AMenuWorksByItsLetters) {
     InPopup([&] { QTest::keyClick(&surface, Qt::Key_X, Qt::AltModifier); },
             [](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_B); });
     EXPECT_EQ(surface.Text(), "<b>word</b>");
+    window->activateWindow();  // which the popup has taken the keyboard from
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_TRUE(surface.hasFocus());
     QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(surface.Text(), "word");
