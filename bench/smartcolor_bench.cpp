@@ -1,68 +1,49 @@
 // Colouring the markup of a page, against a well-known editor's lexer over the same page.
 #include "bench/page.h"
 #include "bench/timing.h"
-#include "editor/document.h"
 #include "editor/markup_scan.h"
-#include "editor/reference_tree.h"
-#include "editor/workbench.h"
+#include "tests/support/test_workbench.h"
 
 #include <QApplication>
-#include <QTemporaryDir>
 #include <Qsci/qscilexerhtml.h>
 #include <Qsci/qsciscintilla.h>
 
 #include <benchmark/benchmark.h>
-#include <memory>
 #include <vector>
 
 namespace vellum::bench {
 namespace {
 
-class OneDocument : public Document {
+// A shown document with a page in it, that is coloured.
+class ColoredPage {
 public:
-    using Document::Document;
-    void ResizeMe() override {}
-};
-
-// A main window with nothing but the document that is coloured.
-class ColoringWorkbench : public Workbench {
-public:
-    explicit ColoringWorkbench(const QString& page) {
-        Options().Set(ReadEditorOptions(settings_));
-        document_->SetCaption("page.htm");
-        document_->Text1->resize(900, 700);
-        document_->Text1->SetText(page);
-        document_->Text1->show();
+    explicit ColoredPage(qsizetype size) {
+        bench.active = &document_;
+        document_.SetCaption("page.htm");
+        document_.resize(900, 700);
+        Surface().resize(900, 700);
+        Surface().SetText(MakePage(size));
+        document_.show();
         QApplication::processEvents();
     }
 
-    [[nodiscard]] EditSurface& Surface() { return *document_->Text1; }
+    [[nodiscard]] EditSurface& Surface() { return *document_.Text1; }
 
-    [[nodiscard]] Document* ActiveDocument() const override { return document_.get(); }
-    [[nodiscard]] SettingsStore& Settings() override { return settings_; }
-    [[nodiscard]] Prompts& Ask() override { return prompts_; }
-    [[nodiscard]] QWidget* Window() override { return nullptr; }
-    [[nodiscard]] QList<Document*> Documents() const override { return {document_.get()}; }
-    [[nodiscard]] int OpenDocCount() const override { return 1; }
-    void ShowStatus(StatusPanel /*panel*/, const QString& /*text*/) override {}
-    [[nodiscard]] bool UsePreview() const override { return false; }
-    [[nodiscard]] QStringList FontNames() const override { return {}; }
-    [[nodiscard]] QString WebsiteDirectory() const override { return {}; }
-    void RefreshWebsite() override {}
-    [[nodiscard]] QStringList ImageTypes() const override { return {}; }
-    [[nodiscard]] QStringList DocumentTypes() const override { return {}; }
-    void OpenInNewWindow(const QString& /*path*/, const QString& /*failure*/) override {}
-    [[nodiscard]] const ReferenceTree& References() const override { return references_; }
-    Document* NewForm() override { return nullptr; }
-    void LoadPage(const QString& /*html*/) override {}
+    test::TestWorkbench bench;
 
 private:
-    QTemporaryDir folder_;
-    SettingsStore settings_{folder_.filePath("settings.json")};
-    DialogPrompts prompts_;
-    ReferenceTree references_;
-    std::unique_ptr<OneDocument> document_ = std::make_unique<OneDocument>(*this);
+    test::PlainDocument document_{bench};
 };
+
+// Colours the whole page anew at every run, and paints it.
+void ColorWholePage(benchmark::State& state, ColoredPage& page) {
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        page.bench.Smartcolor();
+        page.Surface().viewport()->repaint();
+        state.SetIterationTime(SecondsSince(start));
+    }
+}
 
 void ScanPage(benchmark::State& state) {
     const QString page = MakePage(state.range(0) * megabyte);
@@ -78,25 +59,15 @@ void ScanPage(benchmark::State& state) {
 
 // Scan and paint, as after a document was loaded.
 void ColorPage(benchmark::State& state) {
-    ColoringWorkbench bench(MakePage(state.range(0) * megabyte));
-    for (auto _ : state) {
-        const auto start = Clock::now();
-        bench.Smartcolor();
-        bench.Surface().viewport()->repaint();
-        state.SetIterationTime(SecondsSince(start));
-    }
+    ColoredPage page(state.range(0) * megabyte);
+    ColorWholePage(state, page);
 }
 
 // The same once the text was edited: the pass asks the document for all of it.
 void ColorEditedPage(benchmark::State& state) {
-    ColoringWorkbench bench(MakePage(state.range(0) * megabyte));
-    bench.Surface().SetSelText("x");
-    for (auto _ : state) {
-        const auto start = Clock::now();
-        bench.Smartcolor();
-        bench.Surface().viewport()->repaint();
-        state.SetIterationTime(SecondsSince(start));
-    }
+    ColoredPage page(state.range(0) * megabyte);
+    page.Surface().SetSelText("x");
+    ColorWholePage(state, page);
 }
 
 void LexPageInScintilla(benchmark::State& state) {
@@ -121,9 +92,10 @@ void ColorPastedMarkup(benchmark::State& state) {
     const QString markup = MakePage(megabyte).replace(u'\n', QLatin1String("\r\n"));
     double painting = 0;
     for (auto _ : state) {
-        ColoringWorkbench bench(MakePage(state.range(0) * megabyte));
+        ColoredPage page(state.range(0) * megabyte);
+        test::TestWorkbench& bench = page.bench;
         bench.Smartcolor();
-        EditSurface& surface = bench.Surface();
+        EditSurface& surface = page.Surface();
         surface.SetSelStart(surface.Length() / 2);
         bench.ColorSpanStart = surface.SelStart();
         bench.ColorSpanLength = static_cast<std::int32_t>(markup.size());

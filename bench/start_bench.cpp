@@ -1,27 +1,14 @@
 // From the end of the splash to the main window on the screen, as a whole and by its parts.
+#include "bench/silent_start.h"
 #include "bench/timing.h"
-#include "files/recovery_store.h"
-#include "settings/settings_keys.h"
-#include "shell/mdiform1.h"
-#include "shell/start.h"
-#include "system/fonts.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-#include <memory>
 
 namespace vellum::bench {
 namespace {
-
-// Nobody is asked anything during a start.
-class SilentPrompts : public DialogPrompts {
-public:
-    Answer AskYesNo(QWidget* /*parent*/, const QString& /*text*/, const QString& /*title*/) override {
-        return Answer::Yes;
-    }
-};
 
 // Times the steps of one start and adds them up by name.
 class Stopwatch {
@@ -47,27 +34,17 @@ private:
 };
 
 void StartToMainWindow(benchmark::State& state) {
-    qputenv("VELLUMCRAFT_NO_BROWSER", "1");  // the engine starts after the window has been shown
     const QTemporaryDir home;
-    SilentPrompts prompts;
     for (auto _ : state) {
         Stopwatch watch(state);
-        std::unique_ptr<SettingsStore> settings;
-        QStringList fonts;
-        std::unique_ptr<RecoveryStore> recovery;
-        std::unique_ptr<MDIform1> window;
-        watch.Time("part_settings_ms",
-                   [&] { settings = std::make_unique<SettingsStore>(home.filePath("settings.json")); });
-        WriteSetting(*settings, keys::showStart, "no");  // the tips would wait for an answer
-        watch.Time("part_fonts_ms", [&] { fonts = PreparedFontNames(*settings, SystemFontNames()); });
-        watch.Time("part_build_ms", [&] {
-            recovery = std::make_unique<RecoveryStore>(home.filePath("recovery"));
-            window = std::make_unique<MDIform1>(*settings, prompts, *recovery, fonts, true);
-        });
-        watch.Time("part_load_ms", [&] { window->Load({}, [] {}); });
+        SilentStart session(home.path(), true);
+        watch.Time("part_settings_ms", [&] { session.ReadSettings(); });
+        watch.Time("part_fonts_ms", [&] { session.PrepareFonts(); });
+        watch.Time("part_build_ms", [&] { session.Build(); });
+        watch.Time("part_load_ms", [&] { session.Load(); });
         watch.Time("part_paint_ms", [&] {
             QApplication::processEvents();
-            window->repaint();
+            session.Window().repaint();
         });
         state.SetIterationTime(watch.Total());
     }

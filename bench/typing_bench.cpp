@@ -1,16 +1,14 @@
 // Typing, pasting and replacing in a document of the main window, with all that follows a key.
 #include "bench/page.h"
+#include "bench/silent_start.h"
 #include "bench/timing.h"
-#include "files/recovery_store.h"
-#include "shell/document_window.h"
-#include "shell/mdiform1.h"
+#include "editor/document.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <benchmark/benchmark.h>
-#include <memory>
 #include <vector>
 
 namespace vellum::bench {
@@ -20,22 +18,20 @@ namespace {
 class OpenPage {
 public:
     explicit OpenPage(qsizetype size) {
-        qputenv("VELLUMCRAFT_NO_BROWSER", "1");
-        window_.Load({}, [] {});
-        window_.resize(1280, 800);
+        session_.ReadSettings();
+        session_.PrepareFonts();
+        session_.Build();
+        session_.Load();
+        Window().resize(1280, 800);
         Surface().SetText(MakePage(size));
-        window_.Smartcolor();
+        Window().Smartcolor();
         Surface().SetSelStart(Surface().Length() / 2);
         Surface().setFocus();
         Show();
     }
-    // No question about the text at the end.
-    ~OpenPage() { window_.ActiveDocument()->SetSaver(true); }
-    OpenPage(const OpenPage&) = delete;
-    OpenPage& operator=(const OpenPage&) = delete;
 
-    [[nodiscard]] EditSurface& Surface() { return *window_.ActiveDocument()->Text1; }
-    [[nodiscard]] MDIform1& Window() { return window_; }
+    [[nodiscard]] MDIform1& Window() { return session_.Window(); }
+    [[nodiscard]] EditSurface& Surface() { return *Window().ActiveDocument()->Text1; }
     void Show() {
         Surface().ensureCursorVisible();
         Surface().viewport()->repaint();
@@ -44,10 +40,7 @@ public:
 
 private:
     QTemporaryDir home_;
-    DialogPrompts prompts_;
-    SettingsStore settings_{home_.filePath("settings.json")};
-    RecoveryStore recovery_{home_.filePath("recovery")};
-    MDIform1 window_{settings_, prompts_, recovery_, {}, false};
+    SilentStart session_{home_.path(), false};
 };
 
 void TypeKeys(benchmark::State& state, const QString& before) {
