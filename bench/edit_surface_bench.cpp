@@ -24,7 +24,7 @@ std::unique_ptr<Widget> ShownWidget() {
 }
 
 void LoadIntoEditSurface(benchmark::State& state) {
-    const QString page = MakePage(state.range(0) * megabyte);
+    const QString page = MakePage(Megabytes(state.range(0)));
     for (auto _ : state) {
         const auto surface = ShownWidget<EditSurface>();
         const auto start = Clock::now();
@@ -35,7 +35,7 @@ void LoadIntoEditSurface(benchmark::State& state) {
 }
 
 void LoadIntoPlainTextEdit(benchmark::State& state) {
-    const QString page = MakePage(state.range(0) * megabyte);
+    const QString page = MakePage(Megabytes(state.range(0)));
     for (auto _ : state) {
         const auto edit = ShownWidget<QPlainTextEdit>();
         edit->setUndoRedoEnabled(false);
@@ -47,7 +47,7 @@ void LoadIntoPlainTextEdit(benchmark::State& state) {
 }
 
 void PaintWholePage(benchmark::State& state) {
-    const QString page = MakePage(state.range(0) * megabyte);
+    const QString page = MakePage(Megabytes(state.range(0)));
     const std::vector<FormatSpan> spans = TagSpans(page);
     const auto surface = ShownWidget<EditSurface>();
     surface->SetText(page);
@@ -76,7 +76,7 @@ void PressKeys(benchmark::State& state, EditSurface& surface, Qt::Key key) {
 }
 
 void PressInColoredPage(benchmark::State& state, Qt::Key key) {
-    const QString page = MakePage(state.range(0) * megabyte);
+    const QString page = MakePage(Megabytes(state.range(0)));
     const auto surface = ShownWidget<EditSurface>();
     surface->SetText(page);
     surface->SetAllFormats({}, TagSpans(page));
@@ -99,7 +99,7 @@ QString OneLine(qsizetype size) {
 
 void PressLetterInOneLine(benchmark::State& state) {
     const auto surface = ShownWidget<EditSurface>();
-    const QString line = OneLine(state.range(0) * 1000);
+    const QString line = OneLine(Kilobytes(state.range(0)));
     surface->SetText(line);
     surface->SetAllFormats({}, TagSpans(line));
     surface->SetSelStart(surface->Length() / 2);
@@ -107,7 +107,7 @@ void PressLetterInOneLine(benchmark::State& state) {
 }
 
 void OpenOneLine(benchmark::State& state) {
-    const QString line = OneLine(state.range(0) * 1000);
+    const QString line = OneLine(Kilobytes(state.range(0)));
     const std::vector<FormatSpan> spans = TagSpans(line);
     for (auto _ : state) {
         const auto surface = ShownWidget<EditSurface>();
@@ -121,7 +121,7 @@ void OpenOneLine(benchmark::State& state) {
 
 void ScrollOneLine(benchmark::State& state) {
     const auto surface = ShownWidget<EditSurface>();
-    const QString line = OneLine(state.range(0) * 1000);
+    const QString line = OneLine(Kilobytes(state.range(0)));
     surface->SetText(line);
     surface->SetAllFormats({}, TagSpans(line));
     surface->SetSelStart(surface->Length() / 2);
@@ -137,15 +137,15 @@ void ScrollOneLine(benchmark::State& state) {
     ReportPresses(state, std::move(seconds));
 }
 
-BENCHMARK(LoadIntoPlainTextEdit)->Arg(10)->UseManualTime()->Iterations(8)->Unit(benchmark::kMillisecond);
-BENCHMARK(LoadIntoEditSurface)->Arg(10)->UseManualTime()->Iterations(8)->Unit(benchmark::kMillisecond);
-BENCHMARK(LoadIntoEditSurface)->Arg(50)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(PaintWholePage)->Arg(10)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
-BENCHMARK(PressLetter)->Arg(1)->Arg(10)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
-BENCHMARK(PressEnter)->Arg(1)->Arg(10)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
-BENCHMARK(OpenOneLine)->Arg(1000)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
-BENCHMARK(PressLetterInOneLine)->Arg(10)->Arg(1000)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
-BENCHMARK(ScrollOneLine)->Arg(1000)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadIntoPlainTextEdit)->Arg(10)->Apply(Times<8>);
+BENCHMARK(LoadIntoEditSurface)->Arg(10)->Apply(Times<8>);
+BENCHMARK(LoadIntoEditSurface)->Arg(50)->Apply(Times<1>);
+BENCHMARK(PaintWholePage)->Arg(10)->Apply(Times<10>);
+BENCHMARK(PressLetter)->Arg(1)->Arg(10)->Apply(Times<300>);
+BENCHMARK(PressEnter)->Arg(1)->Arg(10)->Apply(Times<300>);
+BENCHMARK(OpenOneLine)->Arg(1000)->Apply(Times<2>);
+BENCHMARK(PressLetterInOneLine)->Arg(10)->Arg(1000)->Apply(Times<10>);
+BENCHMARK(ScrollOneLine)->Arg(1000)->Apply(Times<10>);
 
 }  // namespace
 }  // namespace vellum::bench

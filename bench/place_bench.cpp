@@ -34,7 +34,7 @@ void PlaceOfCaret(benchmark::State& state) {
     ReportPresses(state, std::move(seconds));
 }
 
-BENCHMARK(PlaceOfCaret)->Arg(20)->Arg(10000)->UseManualTime()->Iterations(500)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlaceOfCaret)->Arg(20)->Arg(10000)->Apply(Times<500>);
 
 }  // namespace
 }  // namespace vellum::bench

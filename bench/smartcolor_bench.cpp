@@ -46,7 +46,7 @@ void ColorWholePage(benchmark::State& state, ColoredPage& page) {
 }
 
 void ScanPage(benchmark::State& state) {
-    const QString page = MakePage(state.range(0) * megabyte);
+    const QString page = MakePage(Megabytes(state.range(0)));
     std::size_t stretches = 0;
     for (auto _ : state) {
         const auto start = Clock::now();
@@ -59,13 +59,13 @@ void ScanPage(benchmark::State& state) {
 
 // Scan and paint, as after a document was loaded.
 void ColorPage(benchmark::State& state) {
-    ColoredPage page(state.range(0) * megabyte);
+    ColoredPage page(Megabytes(state.range(0)));
     ColorWholePage(state, page);
 }
 
 // The same once the text was edited: the pass asks the document for all of it.
 void ColorEditedPage(benchmark::State& state) {
-    ColoredPage page(state.range(0) * megabyte);
+    ColoredPage page(Megabytes(state.range(0)));
     page.Surface().SetSelText("x");
     ColorWholePage(state, page);
 }
@@ -76,7 +76,7 @@ void LexPageInScintilla(benchmark::State& state) {
     editor.setLexer(&lexer);
     editor.resize(900, 700);
     editor.show();
-    editor.setText(MakePage(state.range(0) * megabyte));
+    editor.setText(MakePage(Megabytes(state.range(0))));
     QApplication::processEvents();
     for (auto _ : state) {
         editor.SendScintilla(QsciScintilla::SCI_CLEARDOCUMENTSTYLE);
@@ -89,10 +89,10 @@ void LexPageInScintilla(benchmark::State& state) {
 
 // Markup that is pasted into the middle of a page; the argument is the size of the page in MB, the markup has 1 MB.
 void ColorPastedMarkup(benchmark::State& state) {
-    const QString markup = MakePage(megabyte).replace(u'\n', QLatin1String("\r\n"));
+    const QString markup = MakePage(Megabytes(1)).replace(u'\n', QLatin1String("\r\n"));
     double painting = 0;
     for (auto _ : state) {
-        ColoredPage page(state.range(0) * megabyte);
+        ColoredPage page(Megabytes(state.range(0)));
         test::TestWorkbench& bench = page.bench;
         bench.Smartcolor();
         EditSurface& surface = page.Surface();
@@ -111,11 +111,11 @@ void ColorPastedMarkup(benchmark::State& state) {
     state.counters["part_painting_ms"] = {1000 * painting, benchmark::Counter::kAvgIterations};
 }
 
-BENCHMARK(ScanPage)->Arg(10)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
-BENCHMARK(ColorPage)->Arg(10)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
-BENCHMARK(ColorEditedPage)->Arg(10)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
-BENCHMARK(LexPageInScintilla)->Arg(10)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
-BENCHMARK(ColorPastedMarkup)->Arg(1)->Arg(10)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(ScanPage)->Arg(10)->Apply(Times<20>);
+BENCHMARK(ColorPage)->Arg(10)->Apply(Times<20>);
+BENCHMARK(ColorEditedPage)->Arg(10)->Apply(Times<20>);
+BENCHMARK(LexPageInScintilla)->Arg(10)->Apply(Times<5>);
+BENCHMARK(ColorPastedMarkup)->Arg(1)->Arg(10)->Apply(Times<3>);
 
 }  // namespace
 }  // namespace vellum::bench

@@ -50,7 +50,7 @@ void StartToMainWindow(benchmark::State& state) {
     }
 }
 
-BENCHMARK(StartToMainWindow)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(StartToMainWindow)->Apply(Times<10>);
 
 }  // namespace
 }  // namespace vellum::bench

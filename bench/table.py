@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Turns the benchmarks' JSON into a table, with the ratios and limits that are a goal.
 
-Usage: table.py <bench.json>. Exits with 1 when a goal is missed.
+Usage: table.py <bench.json>. Exits with 1 when a goal is missed or a benchmark failed.
 """
 
 import json
@@ -49,6 +49,8 @@ def main():
         runs = {short_name(run["name"]): run for run in json.load(file)["benchmarks"]}
     rows = [["Benchmark", "mean", "median", "95 %"]]
     for name, run in runs.items():
+        if run.get("error_occurred"):
+            sys.exit(f"{name}: {run['error_message']}")
         unit = run["time_unit"]
         counters = [f"{run[key]:.3f} ms" if key in run else "" for key in ("median_ms", "p95_ms")]
         rows.append([name, f"{run['real_time']:.3f} {unit}", *counters])

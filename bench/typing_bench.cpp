@@ -44,7 +44,7 @@ private:
 };
 
 void TypeKeys(benchmark::State& state, const QString& before) {
-    OpenPage page(state.range(0) * megabyte);
+    OpenPage page(Megabytes(state.range(0)));
     page.Surface().SetSelStart(page.Surface().LineStart(page.Surface().GetLineFromChar(page.Surface().SelStart())));
     QTest::keyClicks(&page.Surface(), before);
     page.Show();
@@ -67,8 +67,8 @@ void TypeInTag(benchmark::State& state) {
 }
 
 void PasteMarkup(benchmark::State& state) {
-    const QString page = MakePage(megabyte);
-    OpenPage target(megabyte / 100);
+    const QString page = MakePage(Megabytes(1));
+    OpenPage target(Kilobytes(10));
     for (auto _ : state) {
         QString markup = page;
         const auto start = Clock::now();
@@ -79,8 +79,8 @@ void PasteMarkup(benchmark::State& state) {
 }
 
 void ReplaceWholeText(benchmark::State& state) {
-    const QString page = MakePage(megabyte);
-    OpenPage target(megabyte);
+    const QString page = MakePage(Megabytes(1));
+    OpenPage target(Megabytes(1));
     for (auto _ : state) {
         const auto start = Clock::now();
         target.Window().ActiveDocument()->ProcessUndo();
@@ -91,10 +91,10 @@ void ReplaceWholeText(benchmark::State& state) {
     }
 }
 
-BENCHMARK(TypeInText)->Arg(1)->Arg(10)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
-BENCHMARK(TypeInTag)->Arg(1)->Arg(10)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
-BENCHMARK(PasteMarkup)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
-BENCHMARK(ReplaceWholeText)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(TypeInText)->Arg(1)->Arg(10)->Apply(Times<300>);
+BENCHMARK(TypeInTag)->Arg(1)->Arg(10)->Apply(Times<300>);
+BENCHMARK(PasteMarkup)->Apply(Times<5>);
+BENCHMARK(ReplaceWholeText)->Apply(Times<5>);
 
 }  // namespace
 }  // namespace vellum::bench

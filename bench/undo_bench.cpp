@@ -37,7 +37,7 @@ void TypeRun(EditSurface& surface, int step) {
 }
 
 void SnapshotAfterTyping(benchmark::State& state) {
-    const auto surface = ColoredPage(state.range(0) * megabyte);
+    const auto surface = ColoredPage(Megabytes(state.range(0)));
     std::vector<EditSurface::Snapshot> kept;
     int step = 0;
     for (auto _ : state) {
@@ -65,7 +65,7 @@ WholeCopy CopyOf(const EditSurface& surface) {
 }
 
 void CopyAfterTyping(benchmark::State& state) {
-    const auto surface = ColoredPage(state.range(0) * megabyte);
+    const auto surface = ColoredPage(Megabytes(state.range(0)));
     int step = 0;
     const auto bytesBefore = mallinfo2().uordblks + mallinfo2().hblkhd;
     std::vector<WholeCopy> kept;
@@ -83,7 +83,7 @@ void CopyAfterTyping(benchmark::State& state) {
 
 // One step of one line back, and painted.
 void UndoOneLine(benchmark::State& state) {
-    const auto surface = ColoredPage(state.range(0) * megabyte);
+    const auto surface = ColoredPage(Megabytes(state.range(0)));
     const int middle = surface->SelStart();
     for (auto _ : state) {
         const auto snapshot = surface->TakeSnapshot();
@@ -101,7 +101,7 @@ void UndoOneLine(benchmark::State& state) {
 
 // The same when the text and all colours have to come anew.
 void UndoByLoading(benchmark::State& state) {
-    const auto surface = ColoredPage(state.range(0) * megabyte);
+    const auto surface = ColoredPage(Megabytes(state.range(0)));
     const int middle = surface->SelStart();
     const QString text = surface->RawText();
     const std::vector<FormatSpan> spans = TagSpans(text);
@@ -118,7 +118,7 @@ void UndoByLoading(benchmark::State& state) {
 
 // Full stacks of undo and redo, of steps of one line each.
 void FullHistory(benchmark::State& state) {
-    const auto surface = ColoredPage(state.range(0) * megabyte);
+    const auto surface = ColoredPage(Megabytes(state.range(0)));
     for (int step = 0; step < steps; ++step) TypeRun(*surface, step);  // what the text itself takes for such edits
     for (auto _ : state) {
         UndoHistory history;
@@ -147,11 +147,11 @@ void FullHistory(benchmark::State& state) {
     }
 }
 
-BENCHMARK(CopyAfterTyping)->Arg(10)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
-BENCHMARK(SnapshotAfterTyping)->Arg(1)->Arg(10)->UseManualTime()->Iterations(100)->Unit(benchmark::kMillisecond);
-BENCHMARK(UndoByLoading)->Arg(10)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
-BENCHMARK(UndoOneLine)->Arg(1)->Arg(10)->UseManualTime()->Iterations(50)->Unit(benchmark::kMillisecond);
-BENCHMARK(FullHistory)->Arg(10)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(CopyAfterTyping)->Arg(10)->Apply(Times<5>);
+BENCHMARK(SnapshotAfterTyping)->Arg(1)->Arg(10)->Apply(Times<100>);
+BENCHMARK(UndoByLoading)->Arg(10)->Apply(Times<3>);
+BENCHMARK(UndoOneLine)->Arg(1)->Arg(10)->Apply(Times<50>);
+BENCHMARK(FullHistory)->Arg(10)->Apply(Times<1>);
 
 }  // namespace
 }  // namespace vellum::bench
