@@ -1,12 +1,11 @@
 // Colouring the markup of a page, against a well-known editor's lexer over the same page.
 #include "bench/page.h"
+#include "bench/scintilla_page.h"
 #include "bench/timing.h"
 #include "editor/markup_scan.h"
 #include "tests/support/test_workbench.h"
 
 #include <QApplication>
-#include <Qsci/qscilexerhtml.h>
-#include <Qsci/qsciscintilla.h>
 
 #include <benchmark/benchmark.h>
 #include <vector>
@@ -14,14 +13,16 @@
 namespace vellum::bench {
 namespace {
 
+constexpr QSize pageSize(900, 700);
+
 // A shown document with a page in it, that is coloured.
 class ColoredPage {
 public:
     explicit ColoredPage(qsizetype size) {
         bench.active = &document_;
         document_.SetCaption("page.htm");
-        document_.resize(900, 700);
-        Surface().resize(900, 700);
+        document_.resize(pageSize);
+        Surface().resize(pageSize);
         Surface().SetText(MakePage(size));
         document_.show();
         QApplication::processEvents();
@@ -71,18 +72,12 @@ void ColorEditedPage(benchmark::State& state) {
 }
 
 void LexPageInScintilla(benchmark::State& state) {
-    QsciScintilla editor;
-    QsciLexerHTML lexer(&editor);
-    editor.setLexer(&lexer);
-    editor.resize(900, 700);
-    editor.show();
-    editor.setText(MakePage(Megabytes(state.range(0))));
-    QApplication::processEvents();
+    ScintillaPage page(MakePage(Megabytes(state.range(0))), pageSize, {});
     for (auto _ : state) {
-        editor.SendScintilla(QsciScintilla::SCI_CLEARDOCUMENTSTYLE);
+        page.SendScintilla(QsciScintilla::SCI_CLEARDOCUMENTSTYLE);
         const auto start = Clock::now();
-        editor.SendScintilla(QsciScintilla::SCI_COLOURISE, 0L, -1L);
-        editor.viewport()->repaint();
+        page.ColorAll();
+        page.viewport()->repaint();
         state.SetIterationTime(SecondsSince(start));
     }
 }

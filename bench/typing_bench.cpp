@@ -1,9 +1,11 @@
 // Typing, pasting and replacing in a document of the main window, with all that follows a key.
 #include "bench/page.h"
+#include "bench/scintilla_page.h"
 #include "bench/silent_start.h"
 #include "bench/timing.h"
 #include "editor/document.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QTemporaryDir>
 #include <QTest>
@@ -43,27 +45,55 @@ private:
     SilentStart session_{home_.path(), false};
 };
 
-void TypeKeys(benchmark::State& state, const QString& before) {
-    OpenPage page(Megabytes(state.range(0)));
-    page.Surface().SetSelStart(page.Surface().LineStart(page.Surface().GetLineFromChar(page.Surface().SelStart())));
-    QTest::keyClicks(&page.Surface(), before);
-    page.Show();
+// Presses one letter after another, and has each painted.
+void PressLetters(benchmark::State& state, QAbstractScrollArea& editor) {
     std::vector<double> seconds;
     for (auto _ : state) {
         const auto start = Clock::now();
-        QTest::keyClick(&page.Surface(), Qt::Key_X);
-        page.Surface().viewport()->repaint();
+        QTest::keyClick(&editor, Qt::Key_X);
+        editor.viewport()->repaint();
         seconds.push_back(SecondsSince(start));
         state.SetIterationTime(seconds.back());
     }
     ReportPresses(state, std::move(seconds));
 }
 
+// From the start of the line in the middle, where `before` has been typed.
+void TypeKeys(benchmark::State& state, const QString& before) {
+    OpenPage page(Megabytes(state.range(0)));
+    page.Surface().SetSelStart(page.Surface().LineStart(page.Surface().GetLineFromChar(page.Surface().SelStart())));
+    QTest::keyClicks(&page.Surface(), before);
+    page.Show();
+    PressLetters(state, page.Surface());
+}
+
+// The same in a well-known editor, on a page of the same look.
+void TypeKeysInScintilla(benchmark::State& state, const QString& before) {
+    OpenPage ours(0);
+    ScintillaPage page(MakePage(Megabytes(state.range(0))), ours.Surface().size(), ours.Surface().font());
+    page.ColorAll();
+    page.setCursorPosition(page.lines() / 2, 0);
+    page.ensureCursorVisible();
+    page.setFocus();
+    QTest::keyClicks(&page, before);
+    QApplication::processEvents();
+    PressLetters(state, page);
+}
+
+constexpr const char* inText = "word ";
+constexpr const char* inTag = "<a ";
+
 void TypeInText(benchmark::State& state) {
-    TypeKeys(state, "word ");
+    TypeKeys(state, inText);
 }
 void TypeInTag(benchmark::State& state) {
-    TypeKeys(state, "<a ");
+    TypeKeys(state, inTag);
+}
+void TypeInTextInScintilla(benchmark::State& state) {
+    TypeKeysInScintilla(state, inText);
+}
+void TypeInTagInScintilla(benchmark::State& state) {
+    TypeKeysInScintilla(state, inTag);
 }
 
 void PasteMarkup(benchmark::State& state) {
@@ -93,6 +123,8 @@ void ReplaceWholeText(benchmark::State& state) {
 
 BENCHMARK(TypeInText)->Arg(1)->Arg(10)->Apply(Times<300>);
 BENCHMARK(TypeInTag)->Arg(1)->Arg(10)->Apply(Times<300>);
+BENCHMARK(TypeInTextInScintilla)->Arg(10)->Apply(Times<100>);
+BENCHMARK(TypeInTagInScintilla)->Arg(10)->Apply(Times<100>);
 BENCHMARK(PasteMarkup)->Apply(Times<5>);
 BENCHMARK(ReplaceWholeText)->Apply(Times<5>);
 
