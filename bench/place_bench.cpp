@@ -22,7 +22,7 @@ void PlaceOfCaret(benchmark::State& state) {
     surface.SetText(MakePage(state.range(0) * 1000));
     const int middle = std::max(surface.Length() / 2, leastOffset);
     surface.SetSelStart(surface.IndexOf(QStringLiteral("and so the story"), middle) + 4);
-    if (PosInfoAtCaret(surface).kind != PlaceKind::Plain) state.SkipWithError("not in plain text");
+    if (PosInfoAtCaret(surface).kind != PlaceKind::Plain) return state.SkipWithError("not in plain text");
     std::vector<double> seconds;
     for (auto _ : state) {
         surface.SetSelText(QStringLiteral("x"));
