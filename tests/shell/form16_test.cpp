@@ -2,6 +2,7 @@
 
 #include "shell/form26.h"
 #include "tests/shell/main_window_fixture.h"
+#include "tests/support/wait_for.h"
 
 #include <QLabel>
 #include <QSignalSpy>
@@ -155,7 +156,7 @@ TEST_F(Form16Test, TimersRunAtTheirPeriods) {
 TEST_F(Form16Test, TheFirstViewIsTheManualAndStopsTheRefresh) {
     const Form16& form = OpenWithPreview(MakeFile("page.htm", "<p>x</p>"));
     EXPECT_FALSE(form.WebBrowser1->isVisible());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return form.WebBrowser1->isVisible(); }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return form.WebBrowser1->isVisible(); }));
     EXPECT_FALSE(form.Timer1->isActive());
     EXPECT_FALSE(Timer2(form).isActive()) << "the manual stays until the text changes";
     EXPECT_TRUE(Bytes(SitePath("caching.htm")).contains("<title>Vellumcraft Manual</title>"));
@@ -189,11 +190,11 @@ TEST_F(Form16Test, WithAutoPreviewOffNoFileIsWrittenAndTheTimerGoesOn) {
     Timer2(form).setInterval(10);
     QTest::keyClicks(form.Text1, "y");
     const QSignalSpy ticks(&Timer2(form), &QTimer::timeout);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.count() > 3; }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return ticks.count() > 3; }));
     EXPECT_TRUE(Timer2(form).isActive());
     EXPECT_FALSE(QFile::exists(SitePath("caching.html")));
     QTest::mouseClick(form.Check1, Qt::LeftButton, {}, {8, form.Check1->height() / 2});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(SitePath("caching.html")); }, 5000));
+    EXPECT_TRUE(WaitFor([&] { return QFile::exists(SitePath("caching.html")); }));
 }
 
 TEST_F(Form16Test, TheKeyboardStaysWithTheTextWhenACommandIsClicked) {
@@ -213,7 +214,7 @@ TEST_F(Form16Test, TheKeyboardStaysWithTheTextWhenACommandIsClicked) {
 TEST_F(Form16Test, WithoutAnEngineThePreviewTabSaysSo) {
     Form16& form = OpenWithPreview(MakeFile("page.html", "<p>x</p>"));
     ClickTab(*form.TabStrip1, 1);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !prompts.messages.isEmpty(); }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return !prompts.messages.isEmpty(); }));
     EXPECT_EQ(prompts.messages, QStringList{"Trouble with IE"});
     EXPECT_TRUE(form.Saver());
     EXPECT_EQ(Bytes(SitePath("page.html")), "<p>x</p>");

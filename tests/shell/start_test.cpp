@@ -2,6 +2,7 @@
 
 #include "settings/settings_keys.h"
 #include "tests/support/scripted_prompts.h"
+#include "tests/support/wait_for.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,6 +25,16 @@ TEST(SplashStroke, GrowsFromTick5To20) {
 
 class StartTest : public testing::Test {
 protected:
+    // Milliseconds. What a test isn't about goes fast, and what it waits for by itself doesn't come before.
+    static constexpr int atOnce = 0;
+    static constexpr int never = 3'600'000;
+
+    static void SetPeriods(const Start& start, int animation, int preparation = atOnce) {
+        start.timAnimation->setInterval(animation);
+        start.Timer1->setInterval(preparation);
+        start.Timer2->setInterval(atOnce);
+    }
+
     QTemporaryDir home;
     SettingsStore settings{home.filePath("settings.json")};
     ScriptedPrompts prompts;
@@ -36,15 +47,23 @@ TEST_F(StartTest, TakesStoredFontNamesWhileTheCountIsTheSame) {
     EXPECT_EQ(PreparedFontNames(settings, {"System A"}), QStringList{"System A"});
 }
 
+TEST_F(StartTest, TimersHaveTheirPeriods) {
+    const Start start(settings, prompts);
+    EXPECT_EQ(start.timAnimation->interval(), 50);
+    EXPECT_EQ(start.Timer1->interval(), 500);
+    EXPECT_EQ(start.Timer2->interval(), 100);
+}
+
 TEST_F(StartTest, AsksAboutTheBrowserOnceAfterTheSplashHasGone) {
     prompts.answers = {Answer::No};
     Start start(settings, prompts);
+    SetPeriods(start, atOnce);
     const QSignalSpy ready(&start, &Start::Ready);
     start.Load();
     EXPECT_TRUE(start.isVisible());
     EXPECT_TRUE(start.timAnimation->isActive());
     EXPECT_FALSE(start.Timer2->isActive());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 10000));
+    ASSERT_TRUE(WaitFor([&] { return ready.count() == 1; }));
     EXPECT_FALSE(start.isVisible());
     EXPECT_EQ(prompts.questions, QStringList{"Important|Is Internet Explorer 5.0 or higher installed on your system?"});
     EXPECT_EQ(ReadSetting(settings, keys::useIE), "No");
@@ -52,11 +71,10 @@ TEST_F(StartTest, AsksAboutTheBrowserOnceAfterTheSplashHasGone) {
     EXPECT_FALSE(start.FontNames().isEmpty());
 
     Start second(settings, prompts);
+    SetPeriods(second, atOnce);
     const QSignalSpy readyAgain(&second, &Start::Ready);
     second.Load();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return second.Timer2->isActive(); }, 5000));
-    QTest::mouseClick(&second, Qt::LeftButton);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return readyAgain.count() == 1; }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return readyAgain.count() == 1; }));
     EXPECT_EQ(prompts.questions.size(), 1);
 }
 
@@ -79,11 +97,12 @@ TEST_F(StartTest, TheQuestionStandsBetweenTheSplashAndTheMainWindow) {
     WatchingPrompts watching;
     watching.answers = {Answer::Yes};
     Start start(settings, watching);
+    SetPeriods(start, atOnce);
     const QSignalSpy ready(&start, &Start::Ready);
     watching.start = &start;
     watching.ready = &ready;
     start.Load();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 10000));
+    ASSERT_TRUE(WaitFor([&] { return ready.count() == 1; }));
     EXPECT_EQ(watching.splashWasVisible, QList<bool>{false});
     EXPECT_EQ(watching.readyCounts, QList<int>{0});
     EXPECT_EQ(ReadSetting(settings, keys::useIE), "Yes");
@@ -95,20 +114,17 @@ TEST_F(StartTest, AClickBeforeThePreparationOnlyPausesTheAnimation) {
     Start start(settings, prompts);
     const QSignalSpy ready(&start, &Start::Ready);
     const QSignalSpy ticks(start.timAnimation, &QTimer::timeout);
-    EXPECT_EQ(start.timAnimation->interval(), 50);
-    EXPECT_EQ(start.Timer1->interval(), 500);
-    start.Timer1->setInterval(1500);  // leaves time for a few ticks before the click on a busy machine too
+    SetPeriods(start, 1, never);
     start.Load();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.count() >= 3; }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return ticks.count() >= 3; }));
     QTest::mouseClick(&start, Qt::LeftButton);
     EXPECT_FALSE(start.timAnimation->isActive());
     EXPECT_FALSE(start.Timer2->isActive());
     const auto ticksBefore = ticks.count();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return start.timAnimation->isActive(); }, 5000));
-    EXPECT_EQ(ticks.count(), ticksBefore) << "the animation stood still";
-    EXPECT_TRUE(start.Timer2->isActive());
-    EXPECT_EQ(ready.count(), 0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 10000));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ticks.count(), ticksBefore) << "the animation stands still";
+    start.Timer1->setInterval(atOnce);
+    ASSERT_TRUE(WaitFor([&] { return ready.count() == 1; }));
     EXPECT_TRUE(ready.at(0).at(0).toBool());
     EXPECT_EQ(ticks.count(), 36) << "ticks 0 to 35, none lost in the pause";
 }
@@ -117,22 +133,23 @@ TEST_F(StartTest, AClickOnTheTitleAfterThePreparationEndsTheSplashAtTheNextLook)
     WriteSetting(settings, keys::useIE, "Yes");
     Start start(settings, prompts);
     const QSignalSpy ready(&start, &Start::Ready);
+    SetPeriods(start, never);
     start.Load();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return start.Timer2->isActive(); }, 5000));
-    EXPECT_EQ(start.Timer2->interval(), 100);
+    ASSERT_TRUE(WaitFor([&] { return start.Timer2->isActive(); }));
     QTest::mouseClick(&start, Qt::LeftButton, {}, start.lblmessage->geometry().center());
     EXPECT_FALSE(start.timAnimation->isActive());
     const QSignalSpy looks(start.Timer2, &QTimer::timeout);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 1; }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return ready.count() == 1; }));
     EXPECT_LE(looks.count(), 1);
 }
 
 TEST_F(StartTest, DrawsTheBlackCrossOverTheTitle) {
     WriteSetting(settings, keys::useIE, "Yes");
     Start start(settings, prompts);
+    SetPeriods(start, 1, never);
     start.Load();
     EXPECT_FALSE(start.lblX->isVisible());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return start.lblX->isVisible(); }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return start.lblX->isVisible(); }));
     EXPECT_FALSE(start.lblmessage->isVisible());
     EXPECT_FALSE(start.Label1->isVisible());
     EXPECT_TRUE(start.Label2->isVisible());
@@ -150,8 +167,9 @@ protected:
         qputenv("XDG_DATA_HOME", QFile::encodeName(dataFolder));
         WriteSetting(settings, keys::useIE, "Yes");
         Start start(settings, prompts);
+        SetPeriods(start, never);
         start.Load();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return start.Timer2->isActive(); }, 5000));
+        ASSERT_TRUE(WaitFor([&] { return start.Timer2->isActive(); }));
     }
 
     [[nodiscard]] QStringList Entries() const {
@@ -192,11 +210,10 @@ TEST_F(EditVerbTest, IsTriedAgainByTheNextStartWhenItCantBeWritten) {
 TEST_F(StartTest, AnyOtherStoredAnswerLoadsNothing) {
     WriteSetting(settings, keys::useIE, "Maybe");
     Start start(settings, prompts);
+    SetPeriods(start, atOnce);
     const QSignalSpy ready(&start, &Start::Ready);
     start.Load();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return start.Timer2->isActive(); }, 5000));
-    QTest::mouseClick(&start, Qt::LeftButton);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !start.isVisible(); }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return !start.isVisible(); }));
     EXPECT_EQ(ready.count(), 0);
     EXPECT_TRUE(prompts.questions.isEmpty());
 }
