@@ -34,6 +34,11 @@ protected:
         return ReadSetting(SettingsStore(home.filePath(".config/vellumcraft/settings.json")), key);
     }
 
+    void Store(const SettingKey& key, const QString& value) const {
+        SettingsStore settings(home.filePath(".config/vellumcraft/settings.json"));
+        WriteSetting(settings, key, value);
+    }
+
     // Through the last tab of the Settings dialog.
     static void SetRefreshRate(ProgramUnderTest& program, const QString& rate) {
         const auto isVisible = [&program](const QString& widget) {
@@ -106,6 +111,7 @@ TEST_F(ProgramTest, APageIsEditedBesideItsPreviewSavedAndFoundAgain) {
 }
 
 TEST_F(ProgramTest, AFirstPageIsWrittenWithTools) {
+    Store(keys::refreshRate, "1");
     ProgramUnderTest program(home.path());
     ASSERT_TRUE(program.StartToMainWindow({}));
     CloseTips(program);

@@ -58,6 +58,7 @@ bool ProgramUnderTest::StartToMainWindow(const QStringList& arguments) {
     return WaitFor([this] {
         const QJsonObject dialog = Ask("dialog");
         if (dialog.value("value").toString().startsWith("Is Internet Explorer")) Click("&Yes");
+        if (Ask("get", "Start").value("visible").toBool()) Ask("key", "Start", "Esc");  // ends the splash
         return Ask("get", "MDIform1").value("visible").toBool() && !Get("Text1", "objectName").isEmpty();
     });
 }

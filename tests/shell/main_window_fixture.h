@@ -36,15 +36,18 @@ public:
     int tips = 0;
 };
 
-class MainWindowFixture : public testing::Test {
+template <typename Window>
+class WindowFixture : public testing::Test {
 protected:
     // Starts the main window as the session does, with or without preview.
-    CountingWindow& Open(bool usePreview = false, const QString& commandLine = {}) {
-        WriteSetting(settings, keys::drive, "/");
-        WriteSetting(settings, keys::director, site.path());
-        WriteSetting(settings, keys::filePath, site.path());
-        window =
-            std::make_unique<CountingWindow>(settings, prompts, recovery, QStringList{"Alpha", "Beta"}, usePreview);
+    Window& Open(bool usePreview = false, const QString& commandLine = {}) {
+        {
+            const SettingsStore::Batch batch(settings);
+            WriteSetting(settings, keys::drive, "/");
+            WriteSetting(settings, keys::director, site.path());
+            WriteSetting(settings, keys::filePath, site.path());
+        }
+        window = std::make_unique<Window>(settings, prompts, recovery, QStringList{"Alpha", "Beta"}, usePreview);
         window->Load(commandLine, [] {});
         return *window;
     }
@@ -52,7 +55,8 @@ protected:
     [[nodiscard]] DocumentWindow& Active() const { return *qobject_cast<DocumentWindow*>(window->ActiveDocument()); }
 
     void Trigger(const char* item) const {
-        auto* action = window->findChild<QAction*>(item);
+        const QObject& owner = *window;
+        auto* action = owner.findChild<QAction*>(item);
         ASSERT_NE(action, nullptr) << item;
         ASSERT_TRUE(action->isEnabled()) << item;
         action->trigger();
@@ -77,7 +81,9 @@ protected:
     SettingsStore settings{home.filePath("settings.json")};
     ScriptedPrompts prompts;
     RecoveryStore recovery{home.filePath("recovery")};
-    std::unique_ptr<CountingWindow> window;
+    std::unique_ptr<Window> window;
 };
+
+using MainWindowFixture = WindowFixture<CountingWindow>;
 
 }  // namespace vellum::test
