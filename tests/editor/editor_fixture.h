@@ -5,6 +5,7 @@
 #include "editor/tag_popup.h"
 #include "surface/edit_surface.h"
 #include "tests/support/test_workbench.h"
+#include "tests/support/type_text.h"
 
 #include <QTest>
 
@@ -46,19 +47,8 @@ protected:
         document.Text1->setFocus();
     }
 
-    // Types as a person does, Enter and Tab among it.
-    void Type(const QString& text) {
-        for (const QChar character : text) {
-            if (character == u'\n') {
-                Press(Qt::Key_Return);
-            } else if (character == u'\t') {
-                Press(Qt::Key_Tab);
-            } else {
-                QTest::sendKeyEvent(QTest::Click, &Surface(), KeyOf(character), QString(character),
-                                    ModifiersOf(character));
-            }
-        }
-    }
+    // Enter and Tab stand in `text` as "\n" and "\t".
+    void Type(const QString& text) { TypeText(Surface(), text); }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(&Surface(), key, modifiers);
     }
@@ -124,12 +114,6 @@ protected:
 
     TestWorkbench workbench;
     PlainDocument document{workbench};
-
-private:
-    static Qt::KeyboardModifiers ModifiersOf(QChar character) {
-        return character.isUpper() || QStringView(u"<>\"&%|!").contains(character) ? Qt::ShiftModifier : Qt::NoModifier;
-    }
-    static Qt::Key KeyOf(QChar character) { return static_cast<Qt::Key>(character.toUpper().unicode()); }
 };
 
 }  // namespace vellum::test
