@@ -1,5 +1,7 @@
 #include "tests/program/program_under_test.h"
 
+#include "tests/support/test_home.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QJsonDocument>
@@ -18,15 +20,8 @@ ProgramUnderTest::ProgramUnderTest(QString home)
     : home_(std::move(home)),
       socketName_(QDir::tempPath() + "/vellum-" + QUuid::createUuid().toString(QUuid::Id128).left(12)) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const std::pair<const char*, const char*> folders[] = {{"HOME", ""},
-                                                           {"XDG_CONFIG_HOME", "/.config"},
-                                                           {"XDG_STATE_HOME", "/.local/state"},
-                                                           {"XDG_DATA_HOME", "/.local/share"},
-                                                           {"XDG_CACHE_HOME", "/.cache"}};
-    for (const auto& [name, folder] : folders) {
-        QDir().mkpath(home_ + folder);
-        environment.insert(name, home_ + folder);
-    }
+    MakeHomeFolders(home_);
+    for (const auto& [name, folder] : homeFolders) environment.insert(name, home_ + folder);
     environment.insert("QT_PLUGIN_PATH", VELLUM_DRIVER_FOLDER);
     environment.insert("QT_QPA_GENERIC_PLUGINS", "vellumdriver:" + socketName_);
     environment.insert("QT_QPA_PLATFORM", "offscreen");
