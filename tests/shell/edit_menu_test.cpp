@@ -4,7 +4,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QSignalSpy>
 
 namespace vellum::test {
@@ -12,14 +11,6 @@ namespace {
 
 class EditMenuTest : public MainWindowFixture {
 protected:
-    // What stands in the Edit menu, one text an item.
-    [[nodiscard]] QStringList Captions() const {
-        QStringList captions;
-        const QMenu* const menu = window->findChild<QAction*>("mnuEdit")->menu();
-        for (const QAction* item : menu->actions()) captions << (item->isSeparator() ? "-" : item->text());
-        return captions;
-    }
-
     // Opens a document with what stands between two "|" selected.
     EditSurface& OpenText(QString marked) {
         Open();
@@ -33,14 +24,6 @@ protected:
         return surface;
     }
 };
-
-TEST_F(EditMenuTest, HasItsItemsInTheirOrder) {
-    Open();
-    const QString captions = Captions().join('|');
-    EXPECT_TRUE(captions.startsWith("&Undo|Redo|-|&Cut|Cop&y|&Paste|&Delete|Select All|-|")) << captions.toStdString();
-    EXPECT_TRUE(captions.endsWith("|-|UpperCase All Tags|LowerCase All Tags|Word Wrap|Goto Line..."))
-        << captions.toStdString();
-}
 
 TEST_F(EditMenuTest, ShowsTheKeysThatItLeavesToTheEditor) {
     EditSurface& surface = OpenText("a|b|c");

@@ -35,20 +35,8 @@ TEST_F(MainWindowTest, StartsWithOneBlankMaximisedDocument) {
     EXPECT_EQ(window->StatusBar1->Panel(StatusPanel::Hint), "");
 }
 
-TEST_F(MainWindowTest, AnEmptyStoreGivesEveryDefault) {
+TEST_F(MainWindowTest, AnEmptyStoreGivesTheBuiltInListsAndPlaces) {
     Open();
-    EXPECT_EQ(window->Options()->EditorFontSize, "8.5");
-    EXPECT_EQ(window->Options()->EditorFontName, "Courier New");
-    EXPECT_EQ(window->Options()->TablesColor, 8388736U);
-    EXPECT_EQ(window->Options()->FramesColor, 192U);
-    EXPECT_EQ(window->Options()->LinksColor, 8388608U);
-    EXPECT_EQ(window->Options()->CommentsColor, 8421504U);
-    EXPECT_EQ(window->Options()->OtherColor, 32768U);
-    EXPECT_EQ(window->Options()->AspColor, 6776628U);
-    EXPECT_EQ(window->Options()->RefreshRate, 7);
-    EXPECT_FALSE(window->Options()->AutoQuote);
-    EXPECT_TRUE(window->Options()->AutoEmptySlash);
-    EXPECT_TRUE(window->Options()->AutoCase);
     EXPECT_EQ(Items(*window->List4), (QStringList{".bmp", ".jpg", ".gif", ".png", ".wrl"}));
     EXPECT_EQ(Items(*window->lstDocTypes), (QStringList{".asa", ".asp", ".css", ".hta", ".htm", ".html", ".inc", ".js",
                                                         ".jsp", ".smil", ".txt", ".vbs", ".xml"}));
@@ -149,11 +137,6 @@ TEST_F(MainWindowTest, AnEmptyCommandLineFileGivesItsPathAsCaption) {
     EXPECT_EQ(Active().Text1->Length(), 0);
     EXPECT_TRUE(Active().Saver());
     EXPECT_EQ(window->tips, 1) << "the tips look at the text and not at the caption";
-}
-
-TEST_F(MainWindowTest, ASessionWithoutPreviewHasNoVisualEditor) {
-    Open(false);
-    EXPECT_FALSE(window->findChild<QAction*>("mnuVisualItem")->isEnabled());
 }
 
 TEST_F(MainWindowTest, ASessionWithPreviewHasTheVisualEditorAndItRefusesFramesets) {
@@ -278,24 +261,6 @@ TEST_F(MainWindowTest, ACancelKeepsTheDocumentsThatAreLeftAndWritesNoState) {
     prompts.answers = {Answer::No};
     EXPECT_TRUE(window->close());
     EXPECT_EQ(State(keys::windowWidth), "15000");
-}
-
-TEST_F(MainWindowTest, WithNoDocumentTheCommandsThatNeedOneAreOff) {
-    Open();
-    Trigger("mnuClose");
-    for (const char* item :
-         {"mnuEdit", "mnuClose", "mnuCloseAll", "mnuSaveItem", "mnuSaveregItem", "mnuPrintItem", "mnuSettingsItem"}) {
-        EXPECT_FALSE(window->findChild<QAction*>(item)->isEnabled()) << item;
-    }
-    for (const int index : {2, 3, 4, 5, 6, 8, 9, 10}) {
-        EXPECT_FALSE(window->Picture1->Button(ButtonArray::Command44, index)->isEnabled()) << index;
-    }
-    for (const int index : {0, 1, 7}) EXPECT_TRUE(window->Picture1->Button(ButtonArray::Command44, index)->isEnabled());
-    EXPECT_FALSE(window->Picture14->isEnabled());
-    EXPECT_FALSE(window->TabStrip1->isEnabled());
-    window->NewForm();
-    EXPECT_TRUE(window->findChild<QAction*>("mnuSaveItem")->isEnabled());
-    EXPECT_TRUE(window->TabStrip2->isEnabled());
 }
 
 TEST_F(MainWindowTest, ToolbarButtonsGiveTheirTipsAndHints) {

@@ -21,44 +21,6 @@ protected:
     void Apply(const SettingsFields& fields) { ApplySettings(fields, bench, bench); }
 };
 
-TEST_F(SettingsFieldsTest, AnEmptyStoreGivesTheDefaults) {
-    const SettingsFields fields = Load();
-    EXPECT_EQ(fields.fontSize, "8.5");
-    EXPECT_EQ(fields.fontName, "Courier New");
-    EXPECT_EQ(fields.foreColor, 0U);
-    EXPECT_EQ(fields.backColor, 16777215U);
-    EXPECT_FALSE(fields.wordWrap);
-    EXPECT_TRUE(fields.autoTab);
-    EXPECT_TRUE(fields.popupTag);
-    EXPECT_FALSE(fields.lowerCase);
-    EXPECT_FALSE(fields.colorCodingOff);
-    EXPECT_EQ(fields.tagColors, (std::array<ColorNumber, 6>{8388736, 192, 8388608, 8421504, 6776628, 32768}));
-    EXPECT_TRUE(fields.aspBold);
-    EXPECT_EQ(fields.documentTypes, bench.documentTypes);
-    EXPECT_EQ(fields.imageTypes, bench.imageTypes);
-    EXPECT_EQ(fields.customCaptions,
-              (std::array<QString, 6>{"Custom1", "Custom2", "Custom3", "Custom4", "Custom5", "Custom6"}));
-    EXPECT_EQ(fields.customTexts, (std::array<QString, 6>{}));
-    EXPECT_EQ(fields.customTags, QStringList());
-    EXPECT_EQ(fields.ftpUrl, "");
-    EXPECT_EQ(fields.ftpUserName, "");
-    EXPECT_EQ(fields.ftpPassword, "");
-    EXPECT_TRUE(fields.autoCase);
-    EXPECT_FALSE(fields.autoQuote);
-    EXPECT_TRUE(fields.autoEmptySlash);
-    EXPECT_EQ(fields.xhtmlVariant, 0);
-    EXPECT_FALSE(fields.dtdMath);
-    EXPECT_TRUE(fields.dtdSmil);
-    EXPECT_FALSE(fields.dtdSvg);
-    EXPECT_TRUE(fields.dtdOpen);
-    EXPECT_FALSE(fields.dtdWml);
-    EXPECT_FALSE(fields.dtdX3d);
-    EXPECT_EQ(fields.browsers, (std::array<QString, 3>{"None", "None", "None"}));
-    EXPECT_EQ(fields.refreshRate, "7");
-    EXPECT_TRUE(fields.splitVertical);
-    EXPECT_EQ(fields.editPercent, "50");
-}
-
 TEST_F(SettingsFieldsTest, FontRateAndTypesAreThoseInForce) {
     EditorOptions options = bench.Options().Now();
     options.EditorFontSize = "11";
@@ -77,12 +39,12 @@ TEST_F(SettingsFieldsTest, FontRateAndTypesAreThoseInForce) {
     EXPECT_EQ(fields.imageTypes, QStringList{".svg"});
 }
 
-TEST_F(SettingsFieldsTest, WhatWasAppliedIsLoadedAgainButForMath) {
+TEST_F(SettingsFieldsTest, EachFieldGoesToItsKeyAndComesBackButForMath) {
     SettingsFields fields;
     fields.fontSize = "12";
     fields.fontName = "Arial";
-    fields.foreColor = 0x123456;
-    fields.backColor = 0x654321;
+    fields.foreColor = 7;
+    fields.backColor = 8;
     fields.wordWrap = true;
     fields.autoTab = false;
     fields.popupTag = false;
@@ -112,96 +74,79 @@ TEST_F(SettingsFieldsTest, WhatWasAppliedIsLoadedAgainButForMath) {
     fields.splitVertical = false;
     fields.editPercent = "0";
     Apply(fields);
+    const std::pair<const SettingKey*, const char*> stored[] = {
+        {&keys::fontSize, "12"},
+        {&keys::fontName, "Arial"},
+        {&keys::foreColor, "7"},
+        {&keys::backColor, "8"},
+        {&keys::wordWrap, "1"},
+        {&keys::autoTab, "0"},
+        {&keys::popupTag, "0"},
+        {&keys::colorOnOff, "1"},
+        {&keys::tablesColor, "1"},
+        {&keys::framesColor, "2"},
+        {&keys::linksColor, "3"},
+        {&keys::commentsColor, "4"},
+        {&keys::aspColor, "5"},
+        {&keys::otherColor, "6"},
+        {&keys::aspBold, "0"},
+        {&keys::docTypesCount, "3"},
+        {&keys::graphicsCount, "1"},
+        {&keys::customTagsCount, "2"},
+        {&keys::ftpUrl, "ftp.example.org"},
+        {&keys::ftpUserName, "me"},
+        {&keys::ftpPassword, " secret "},
+        {&keys::autoCase, "0"},
+        {&keys::autoQuote, "1"},
+        {&keys::autoEmptySlash, "0"},
+        {&keys::dtdXhtml, "2"},
+        {&keys::dtdMath, "1"},
+        {&keys::dtdSmil, "0"},
+        {&keys::dtdSvg, "1"},
+        {&keys::dtdOpen, "0"},
+        {&keys::dtdWml, "1"},
+        {&keys::dtdX3d, "1"},
+        {&keys::browser1, "firefox"},
+        {&keys::browser2, ""},
+        {&keys::browser3, "/opt/a browser/run"},
+        {&keys::refreshRate, "30"},
+        {&keys::verticalMain, "False"},
+        {&keys::editPercent, "0"},
+    };
+    for (const auto& [key, text] : stored) EXPECT_EQ(bench.Stored(*key), text) << key->key.toString().toStdString();
+    EXPECT_EQ(bench.StoredEntry(keys::docTypesEntry, 2), "two");
+    EXPECT_EQ(bench.StoredEntry(keys::graphicsEntry, 0), ".png");
+    EXPECT_EQ(bench.StoredEntry(keys::customTagsEntry, 1), "<y>");
+
+    // What is loaded now leaves the same in another store.
     const SettingsFields again = Load();
-    EXPECT_EQ(again.fontSize, "12");
-    EXPECT_EQ(again.fontName, "Arial");
-    EXPECT_EQ(again.foreColor, 0x123456U);
-    EXPECT_EQ(again.backColor, 0x654321U);
-    EXPECT_TRUE(again.wordWrap);
-    EXPECT_FALSE(again.autoTab);
-    EXPECT_FALSE(again.popupTag);
-    EXPECT_TRUE(again.colorCodingOff);
-    EXPECT_EQ(again.tagColors, fields.tagColors);
-    EXPECT_FALSE(again.aspBold);
+    test::SettingsBench other;
+    ApplySettings(again, other, other);
+    for (const auto& [key, text] : stored) {
+        EXPECT_EQ(other.Stored(*key), key == &keys::dtdMath ? "0" : text) << key->key.toString().toStdString();
+    }
     EXPECT_EQ(again.documentTypes, fields.documentTypes);
     EXPECT_EQ(again.imageTypes, fields.imageTypes);
     EXPECT_EQ(again.customCaptions, fields.customCaptions);
     EXPECT_EQ(again.customTexts, fields.customTexts);
     EXPECT_EQ(again.customTags, fields.customTags);
-    EXPECT_EQ(again.ftpUrl, "ftp.example.org");
-    EXPECT_EQ(again.ftpUserName, "me");
-    EXPECT_EQ(again.ftpPassword, " secret ");
-    EXPECT_FALSE(again.autoCase);
-    EXPECT_TRUE(again.autoQuote);
-    EXPECT_FALSE(again.autoEmptySlash);
-    EXPECT_EQ(again.xhtmlVariant, 2);
-    EXPECT_EQ(bench.Stored(keys::dtdMath), "1");
-    EXPECT_FALSE(again.dtdMath);
-    EXPECT_FALSE(again.dtdSmil);
-    EXPECT_TRUE(again.dtdSvg);
-    EXPECT_FALSE(again.dtdOpen);
-    EXPECT_TRUE(again.dtdWml);
-    EXPECT_TRUE(again.dtdX3d);
-    EXPECT_EQ(again.browsers, fields.browsers);
-    EXPECT_EQ(again.refreshRate, "30");
-    EXPECT_FALSE(again.splitVertical);
-    EXPECT_EQ(again.editPercent, "0");
 }
 
-TEST_F(SettingsFieldsTest, ValuesAreStoredAsTheKeysHaveThem) {
-    SettingsFields fields = Load();
-    fields.foreColor = 255;
-    fields.tagColors[aspTag] = 65280;
-    fields.tagColors[otherTag] = 16711680;
-    fields.imageTypes = QStringList{".png", ".gif", ".svg"};
-    fields.customTags = QStringList{"<hr />"};
-    fields.xhtmlVariant = 1;
-    Apply(fields);
-    EXPECT_EQ(bench.Stored(keys::foreColor), "255");
-    EXPECT_EQ(bench.Stored(keys::aspColor), "65280");
-    EXPECT_EQ(bench.Stored(keys::otherColor), "16711680");
+TEST_F(SettingsFieldsTest, ChecksAndChoicesAreStoredByTheirWords) {
+    Apply(Load());
     EXPECT_EQ(bench.Stored(keys::colorOnOff), "0");
     EXPECT_EQ(bench.Stored(keys::aspBold), "1");
-    EXPECT_EQ(bench.Stored(keys::wordWrap), "0");
     EXPECT_EQ(bench.Stored(keys::verticalMain), "True");
-    EXPECT_EQ(bench.Stored(keys::dtdXhtml), "1");
-    EXPECT_EQ(bench.Stored(keys::graphicsCount), "3");
-    EXPECT_EQ(bench.StoredEntry(keys::graphicsEntry, 2), ".svg");
-    EXPECT_EQ(bench.Stored(keys::docTypesCount), "2");
-    EXPECT_EQ(bench.StoredEntry(keys::docTypesEntry, 0), ".htm");
-    EXPECT_EQ(bench.Stored(keys::customTagsCount), "1");
-    EXPECT_EQ(bench.StoredEntry(keys::customTagsEntry, 0), "<hr />");
-    EXPECT_EQ(ReadCustomCaption(bench.store, 5), "Custom6");
-    EXPECT_EQ(bench.Stored(keys::lowerCase), "(none)");
-    fields.splitVertical = false;
-    Apply(fields);
-    EXPECT_EQ(bench.Stored(keys::verticalMain), "False");
 }
 
-TEST_F(SettingsFieldsTest, TheOptionsFollow) {
+TEST_F(SettingsFieldsTest, TheOptionsFollowWithAWholeRate) {
     SettingsFields fields = Load();
-    fields.tagColors = {1, 2, 3, 4, 5, 6};
-    fields.autoCase = false;
-    fields.autoQuote = true;
-    fields.autoEmptySlash = false;
-    fields.fontSize = "14";
-    fields.fontName = "Arial";
+    fields.tagColors[tablesTag] = 1;
     fields.refreshRate = "1.5";
     Apply(fields);
     EXPECT_EQ(bench.Options()->TablesColor, 1U);
-    EXPECT_EQ(bench.Options()->FramesColor, 2U);
-    EXPECT_EQ(bench.Options()->LinksColor, 3U);
-    EXPECT_EQ(bench.Options()->CommentsColor, 4U);
-    EXPECT_EQ(bench.Options()->AspColor, 5U);
-    EXPECT_EQ(bench.Options()->OtherColor, 6U);
-    EXPECT_FALSE(bench.Options()->AutoCase);
-    EXPECT_TRUE(bench.Options()->AutoQuote);
-    EXPECT_FALSE(bench.Options()->AutoEmptySlash);
-    EXPECT_EQ(bench.Options()->EditorFontSize, "14");
-    EXPECT_EQ(bench.Options()->EditorFontName, "Arial");
     EXPECT_EQ(bench.Options()->RefreshRate, 1);
     EXPECT_EQ(bench.Stored(keys::refreshRate), "1.5");
-    EXPECT_EQ(bench.imageTypes, fields.imageTypes);
 }
 
 TEST_F(SettingsFieldsTest, StepsComeInOrder) {
