@@ -345,8 +345,7 @@ TEST_F(BrowserSurfaceTest, AlertsAreShownQuietly) {
 TEST_F(BrowserSurfaceTest, AnEndlessAlertLoopStallsNothing) {
     surface_.Navigate(Write("a.html", Page("a", "<script>while(true)alert('again');</script>")));
     ASSERT_TRUE(WaitForTitle("a"));
-    EXPECT_TRUE(test::WaitFor([&] { return RendererProcess() == 0; }))
-        << "stopped, lest it keeps this thread busy";
+    EXPECT_TRUE(test::WaitFor([&] { return RendererProcess() == 0; })) << "stopped, lest it keeps this thread busy";
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     Show(Write("b.html", Page("good", "x")));
     EXPECT_EQ(surface_.Title(), "good");
@@ -355,8 +354,7 @@ TEST_F(BrowserSurfaceTest, AnEndlessAlertLoopStallsNothing) {
 TEST_F(BrowserSurfaceTest, AnEndlessConsoleLoopStallsNothing) {
     Show(Write("a.html", Page("a", "x")));
     surface_.Navigate(Write("b.html", Page("b", "<script>while(true)console.log('again');</script>")));
-    EXPECT_TRUE(test::WaitFor([&] { return RendererProcess() == 0; }))
-        << "stopped, lest it keeps this thread busy";
+    EXPECT_TRUE(test::WaitFor([&] { return RendererProcess() == 0; })) << "stopped, lest it keeps this thread busy";
     Show(Write("c.html", Page("good", "x")));
     EXPECT_EQ(surface_.Title(), "good");
 }
