@@ -48,16 +48,16 @@ void LoadIntoPlainTextEdit(benchmark::State& state) {
 
 void PaintWholePage(benchmark::State& state) {
     const QString page = MakePage(Megabytes(state.range(0)));
-    const std::vector<FormatSpan> spans = TagSpans(page);
+    const std::vector<FormatRun> runs = TagRuns(page);
     const auto surface = ShownWidget<EditSurface>();
     surface->SetText(page);
     for (auto _ : state) {
         const auto start = Clock::now();
-        surface->SetAllFormats({}, spans);
+        surface->SetAllFormats({}, runs);
         surface->viewport()->repaint();
         state.SetIterationTime(SecondsSince(start));
     }
-    state.counters["stretches"] = static_cast<double>(spans.size());
+    state.counters["runs"] = static_cast<double>(runs.size());
 }
 
 void PressKeys(benchmark::State& state, EditSurface& surface, Qt::Key key) {
@@ -79,7 +79,7 @@ void PressInColoredPage(benchmark::State& state, Qt::Key key) {
     const QString page = MakePage(Megabytes(state.range(0)));
     const auto surface = ShownWidget<EditSurface>();
     surface->SetText(page);
-    surface->SetAllFormats({}, TagSpans(page));
+    surface->SetAllFormats({}, TagRuns(page));
     surface->SetSelStart(surface->Length() / 2);
     PressKeys(state, *surface, key);
 }
@@ -101,19 +101,19 @@ void PressLetterInOneLine(benchmark::State& state) {
     const auto surface = ShownWidget<EditSurface>();
     const QString line = OneLine(Kilobytes(state.range(0)));
     surface->SetText(line);
-    surface->SetAllFormats({}, TagSpans(line));
+    surface->SetAllFormats({}, TagRuns(line));
     surface->SetSelStart(surface->Length() / 2);
     PressKeys(state, *surface, Qt::Key_X);
 }
 
 void OpenOneLine(benchmark::State& state) {
     const QString line = OneLine(Kilobytes(state.range(0)));
-    const std::vector<FormatSpan> spans = TagSpans(line);
+    const std::vector<FormatRun> runs = TagRuns(line);
     for (auto _ : state) {
         const auto surface = ShownWidget<EditSurface>();
         const auto start = Clock::now();
         surface->SetText(line);
-        surface->SetAllFormats({}, spans);
+        surface->SetAllFormats({}, runs);
         surface->viewport()->repaint();
         state.SetIterationTime(SecondsSince(start));
     }
@@ -123,7 +123,7 @@ void ScrollOneLine(benchmark::State& state) {
     const auto surface = ShownWidget<EditSurface>();
     const QString line = OneLine(Kilobytes(state.range(0)));
     surface->SetText(line);
-    surface->SetAllFormats({}, TagSpans(line));
+    surface->SetAllFormats({}, TagRuns(line));
     surface->SetSelStart(surface->Length() / 2);
     surface->viewport()->repaint();
     std::vector<double> seconds;

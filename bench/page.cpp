@@ -27,21 +27,19 @@ QString MakePage(qsizetype size) {
     return page;
 }
 
-std::vector<FormatSpan> TagSpans(const QString& page) {
+std::vector<FormatRun> TagRuns(const QString& page) {
     constexpr CharFormat tag{.color = 32768, .bold = false};
-    std::vector<FormatSpan> spans;
-    int lineEnds = 0;
+    std::vector<FormatRun> runs;
     int open = -1;
     for (int index = 0; index < page.size(); ++index) {
         const QChar character = page.at(index);
-        if (character == u'\n') ++lineEnds;
         if (character == u'<') open = index;
         if (character == u'>' && open >= 0) {
-            spans.push_back({open + lineEnds, index + 1 - open, tag});
+            runs.push_back({{open, index + 1 - open}, tag});
             open = -1;
         }
     }
-    return spans;
+    return runs;
 }
 
 }  // namespace vellum::bench

@@ -12,7 +12,7 @@ namespace vellum::bench {
 // XHTML in lines of some 40 to 80 characters with "\n" between them; at least `size` characters.
 [[nodiscard]] QString MakePage(qsizetype size);
 
-// A stretch for every tag of `page`, in offsets that count a line end as two.
-[[nodiscard]] std::vector<FormatSpan> TagSpans(const QString& page);
+// A run for every tag of `page`.
+[[nodiscard]] std::vector<FormatRun> TagRuns(const QString& page);
 
 }  // namespace vellum::bench

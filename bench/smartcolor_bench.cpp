@@ -48,14 +48,14 @@ void ColorWholePage(benchmark::State& state, ColoredPage& page) {
 
 void ScanPage(benchmark::State& state) {
     const QString page = MakePage(Megabytes(state.range(0)));
-    std::size_t stretches = 0;
+    std::size_t runs = 0;
     for (auto _ : state) {
         const auto start = Clock::now();
-        const std::vector<FormatSpan> formats = MarkupFormats(page, {}, {.color = 0, .bold = false}, LineEnds::Lf);
+        const std::vector<FormatRun> formats = MarkupFormats(page, {}, {.color = 0, .bold = false}, LineEnds::Lf);
         state.SetIterationTime(SecondsSince(start));
-        stretches = formats.size();
+        runs = formats.size();
     }
-    state.counters["stretches"] = static_cast<double>(stretches);
+    state.counters["runs"] = static_cast<double>(runs);
 }
 
 // Scan and paint, as after a document was loaded.

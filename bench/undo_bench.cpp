@@ -23,7 +23,7 @@ std::unique_ptr<EditSurface> ColoredPage(qsizetype size) {
     surface->show();
     const QString page = MakePage(size);
     surface->SetText(page);
-    surface->SetAllFormats({}, TagSpans(page));
+    surface->SetAllFormats({}, TagRuns(page));
     surface->SetSelStart(surface->Length() / 2);
     surface->viewport()->repaint();
     QApplication::processEvents();
@@ -48,18 +48,18 @@ void SnapshotAfterTyping(benchmark::State& state) {
     }
 }
 
-// What a snapshot costs that holds a text and its stretches whole.
+// What a snapshot costs that holds a text and its formats whole.
 struct WholeCopy {
     QString text;
-    std::vector<std::vector<Stretch>> stretches;
+    std::vector<std::vector<FormatRun>> runs;
 };
 
 WholeCopy CopyOf(const EditSurface& surface) {
     WholeCopy copy{surface.RawText(), {}};
-    copy.stretches.reserve(static_cast<std::size_t>(surface.Formats().LineCount()));
+    copy.runs.reserve(static_cast<std::size_t>(surface.Formats().LineCount()));
     for (int line = 0; line < surface.Formats().LineCount(); ++line) {
-        const auto list = surface.Formats().Stretches(line);
-        copy.stretches.emplace_back(list.begin(), list.end());
+        const auto list = surface.Formats().Runs(line);
+        copy.runs.emplace_back(list.begin(), list.end());
     }
     return copy;
 }
@@ -104,11 +104,11 @@ void UndoByLoading(benchmark::State& state) {
     const auto surface = ColoredPage(Megabytes(state.range(0)));
     const int middle = surface->SelStart();
     const QString text = surface->RawText();
-    const std::vector<FormatSpan> spans = TagSpans(text);
+    const std::vector<FormatRun> runs = TagRuns(text);
     for (auto _ : state) {
         const auto start = Clock::now();
         surface->SetText(text);
-        surface->SetAllFormats({}, spans);
+        surface->SetAllFormats({}, runs);
         surface->SetSelStart(middle);
         surface->PlaceCaretLine(4);
         surface->viewport()->repaint();

@@ -1,5 +1,5 @@
-// Any text, span and settings through the colour coding scan: its steps stay inside the text, a full pass has no
-// overlaps, and a stretch without the text around it gets the same steps as within it.
+// Any text, range and settings through the colour coding scan: its steps stay inside the text, a full pass has no
+// overlaps, and a range without the text around it gets the same steps as within it.
 #include "editor/markup_scan.h"
 
 #include <QString>
@@ -17,28 +17,28 @@ void Demand(bool holds) {
     if (!holds) std::abort();
 }
 
-void CheckSpan(const QString& text, const MarkupSpan& span, const MarkupColors& colors) {
-    const MarkupScan scan = ScanMarkup(text, colors, span);
+void CheckRange(const QString& text, const TextRange& range, const MarkupColors& colors) {
+    const MarkupScan scan = ScanMarkup(text, colors, range);
     const auto size = static_cast<int>(text.size());
-    for (const PaintStep& step : scan.steps) {
-        Demand(step.offset >= span.start && step.length > 0 && step.offset + step.length <= size);
+    for (const FormatStep& step : scan.steps) {
+        Demand(step.range.offset >= range.offset && step.range.length > 0 && step.range.End() <= size);
     }
     Demand(scan.selected >= -1 && scan.selected <= size);
 
-    const QString piece = text.mid(span.start, span.length + 1);
+    const QString piece = text.mid(range.offset, range.length + 1);
     const auto find = [&text](QStringView closing, int offset) {
         return static_cast<int>(text.indexOf(closing, offset, Qt::CaseInsensitive));
     };
-    const MarkupScan alone = ScanStretch({.text = piece, .span = span, .endOfText = size, .find = find}, colors);
+    const MarkupScan alone = ScanRange({.text = piece, .range = range, .endOfText = size, .find = find}, colors);
     Demand(alone.steps == scan.steps && alone.tagCount == scan.tagCount && alone.selected == scan.selected);
 }
 
 void CheckWhole(QString text, const MarkupColors& colors) {
     const CharFormat rest{.color = 0, .bold = false};
     int end = 0;
-    for (const FormatSpan& span : MarkupFormats(text, colors, rest)) {
-        Demand(span.offset >= end && span.length > 0);
-        end = span.offset + span.length;
+    for (const FormatRun& run : MarkupFormats(text, colors, rest)) {
+        Demand(run.range.offset >= end && run.range.length > 0);
+        end = run.range.End();
         Demand(end <= text.size());
     }
     // A text of whole line ends counts as many tags when these are single characters.
@@ -53,7 +53,7 @@ void CheckWhole(QString text, const MarkupColors& colors) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::size_t settings = 3;  // switches, and the span in parts of the text
+    constexpr std::size_t settings = 3;  // switches, and the range in parts of the text
     constexpr int parts = 256;
     if (size < settings) return 0;
     const MarkupColors colors{.off = (data[0] & 1U) != 0, .aspBold = (data[0] & 2U) != 0};
@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if ((data[0] & 4U) != 0) text = QString::fromUtf8(text.toLatin1());
     const auto length = static_cast<int>(text.size());
     const int start = length * data[1] / parts;
-    CheckSpan(text, {.start = start, .length = (length - start) * data[2] / (parts - 1)}, colors);
+    CheckRange(text, {.offset = start, .length = (length - start) * data[2] / (parts - 1)}, colors);
     CheckWhole(text, colors);
     return 0;
 }

@@ -16,7 +16,7 @@ bool StartsAt(QStringView text, qsizetype offset, QStringView what) {
     return text.sliced(offset).startsWith(what);
 }
 
-// The first match of a closing tag at or behind an offset, without regard to case; -1 when there is none.
+// The first match of a closing tag at or after an offset, without regard to case; -1 when there is none.
 qsizetype FindClosing(QStringView text, QStringView closing, qsizetype offset) {
     for (auto found = text.indexOf(u'<', offset); found >= 0; found = text.indexOf(u'<', found + 1)) {
         if (text.sliced(found).startsWith(closing, Qt::CaseInsensitive)) return found;
@@ -25,13 +25,13 @@ qsizetype FindClosing(QStringView text, QStringView closing, qsizetype offset) {
 }
 
 // The walk over a text. `Canvas` takes what is found in the order of painting:
-//   Tag(offset, length, color, compare)   a stretch that takes a colour
-//   Block(offset, length)                 a server-side block
+//   Tag(offset, length, color, ofOneColor)   a range that takes a colour, unless it should be of one and isn't
+//   Block(offset, length)                    a server-side block
 // `Closing` answers where a region ends: (closing tag, offset) to an offset, or to -1.
 template <typename Canvas, typename Closing>
 class Walk {
 public:
-    // Nothing that reaches `limit` is painted. `end` is where the text ends, which may be far behind `text`.
+    // Nothing that reaches `limit` is painted. `end` is where the text ends, which may be far after `text`.
     struct Bounds {
         qsizetype first;
         qsizetype limit;
@@ -76,7 +76,7 @@ public:
     [[nodiscard]] qsizetype Selected() const { return selected_; }
 
 private:
-    // The first "<" at or behind an offset. Remembered, since the search for a tag's inner ones runs ahead.
+    // The first "<" at or after an offset. Remembered, since the search for a tag's inner ones runs ahead.
     qsizetype Opener(qsizetype from) {
         if (nextOpener_ < from && !noMoreOpeners_) {
             nextOpener_ = text_.indexOf(u'<', from);
@@ -187,38 +187,32 @@ class StepCanvas {
 public:
     StepCanvas(const MarkupColors& colors, int shift) : colors_(colors), shift_(shift) {}
 
-    void Tag(qsizetype offset, qsizetype length, ColorNumber color, bool compare) {
-        Add({.offset = static_cast<int>(offset),
-             .length = static_cast<int>(length),
-             .color = color,
-             .bold = false,
-             .compare = compare});
+    void Tag(qsizetype offset, qsizetype length, ColorNumber color, bool ofOneColor) {
+        Add(offset, length, {.color = color, .bold = {}}, ofOneColor);
     }
 
     void Block(qsizetype offset, qsizetype length) {
         if (colors_.off && !colors_.aspBold) return;
-        Add({.offset = static_cast<int>(offset),
-             .length = static_cast<int>(length),
-             .color = colors_.off ? std::nullopt : std::optional(colors_.asp),
-             .bold = colors_.aspBold,
-             .compare = false});
+        FormatChange change;
+        if (!colors_.off) change.color = colors_.asp;
+        if (colors_.aspBold) change.bold = true;
+        Add(offset, length, change, false);
     }
 
-    std::vector<PaintStep> Taken() { return std::move(steps_); }
+    std::vector<FormatStep> Taken() { return std::move(steps_); }
 
 private:
-    void Add(PaintStep step) {
-        step.offset += shift_;
-        steps_.push_back(step);
+    void Add(qsizetype offset, qsizetype length, const FormatChange& change, bool ofOneColor) {
+        steps_.push_back({{static_cast<int>(offset) + shift_, static_cast<int>(length)}, change, ofOneColor});
     }
 
     const MarkupColors& colors_;
     int shift_;
-    std::vector<PaintStep> steps_;
+    std::vector<FormatStep> steps_;
 };
 
-// Keeps what shows in the end. Text in one colour gives compared steps nothing to spare: a construct lies in plain
-// text, and the one that may begin within another, the "<" before a region's closing tag, is painted without comparing.
+// Keeps what shows in the end. Text in one colour gives steps of one colour nothing to spare: a construct lies in plain
+// text, and the one that may begin within another, the "<" before a region's closing tag, is painted in any case.
 class FormatCanvas {
 public:
     FormatCanvas(const MarkupColors& colors, const CharFormat& rest, qsizetype textLength)
@@ -226,35 +220,35 @@ public:
         if (!colors.off) tags_.reserve(static_cast<std::size_t>(textLength / charactersPerTag));
     }
 
-    void Tag(qsizetype offset, qsizetype length, ColorNumber color, bool /*compare*/) {
+    void Tag(qsizetype offset, qsizetype length, ColorNumber color, bool /*ofOneColor*/) {
         const int begin = static_cast<int>(offset);
-        if (!tags_.empty() && tags_.back().offset + tags_.back().length > begin) {
-            tags_.back().length = begin - tags_.back().offset;
-            if (tags_.back().length == 0) tags_.pop_back();
+        if (!tags_.empty() && tags_.back().range.End() > begin) {
+            tags_.back().range.length = begin - tags_.back().range.offset;
+            if (tags_.back().range.length == 0) tags_.pop_back();
         }
-        tags_.push_back({begin, static_cast<int>(length), {.color = color, .bold = false}});
+        tags_.push_back({{begin, static_cast<int>(length)}, {.color = color, .bold = false}});
     }
 
     void Block(qsizetype offset, qsizetype length) {
-        blocks_.push_back({static_cast<int>(offset), static_cast<int>(length), block_});
+        blocks_.push_back({{static_cast<int>(offset), static_cast<int>(length)}, block_});
     }
 
-    std::vector<FormatSpan> Taken() {
+    std::vector<FormatRun> Taken() {
         if (blocks_.empty()) return std::move(tags_);
-        std::vector<FormatSpan> all;
+        std::vector<FormatRun> all;
         all.reserve(tags_.size() + 2 * blocks_.size());
         auto block = blocks_.cbegin();
         int covered = 0;  // the end of the last block
-        for (const FormatSpan& tag : tags_) {
-            const int end = tag.offset + tag.length;
-            int begin = std::max(tag.offset, covered);
-            for (; block != blocks_.cend() && block->offset < end; ++block) {
-                if (begin < block->offset) all.push_back({begin, block->offset - begin, tag.format});
+        for (const FormatRun& tag : tags_) {
+            const int end = tag.range.End();
+            int begin = std::max(tag.range.offset, covered);
+            for (; block != blocks_.cend() && block->range.offset < end; ++block) {
+                if (begin < block->range.offset) all.push_back({{begin, block->range.offset - begin}, tag.format});
                 all.push_back(*block);
-                covered = block->offset + block->length;
+                covered = block->range.End();
                 begin = std::max(begin, covered);
             }
-            if (begin < end) all.push_back({begin, end - begin, tag.format});
+            if (begin < end) all.push_back({{begin, end - begin}, tag.format});
         }
         all.insert(all.end(), block, blocks_.cend());
         return all;
@@ -262,16 +256,16 @@ public:
 
 private:
     CharFormat block_;
-    std::vector<FormatSpan> tags_;
-    std::vector<FormatSpan> blocks_;
+    std::vector<FormatRun> tags_;
+    std::vector<FormatRun> blocks_;
 };
 
 }  // namespace
 
-MarkupScan ScanMarkup(QStringView text, const MarkupColors& colors, const std::optional<MarkupSpan>& span,
+MarkupScan ScanMarkup(QStringView text, const MarkupColors& colors, const std::optional<TextRange>& range,
                       LineEnds lineEnds) {
-    const qsizetype first = span ? std::clamp<qsizetype>(span->start, 0, text.size()) : 0;
-    const qsizetype limit = span ? qsizetype{span->start} + span->length : text.size();
+    const qsizetype first = range ? std::clamp<qsizetype>(range->offset, 0, text.size()) : 0;
+    const qsizetype limit = range ? qsizetype{range->offset} + range->length : text.size();
     StepCanvas canvas(colors, 0);
     const auto closing = [text](QStringView tag, qsizetype from) { return FindClosing(text, tag, from); };
     Walk walk(text, {.first = first, .limit = limit, .end = text.size()}, lineEnds, colors, canvas, closing);
@@ -280,19 +274,19 @@ MarkupScan ScanMarkup(QStringView text, const MarkupColors& colors, const std::o
     return {canvas.Taken(), walk.TagCount(), static_cast<int>(walk.Selected())};
 }
 
-MarkupScan ScanStretch(const MarkupStretch& stretch, const MarkupColors& colors) {
-    const QStringView text = stretch.text;
-    const int start = stretch.span.start;
+MarkupScan ScanRange(const TextExcerpt& excerpt, const MarkupColors& colors) {
+    const QStringView text = excerpt.text;
+    const int start = excerpt.range.offset;
     StepCanvas canvas(colors, start);
     const auto closing = [&](QStringView tag, qsizetype from) -> qsizetype {
         const qsizetype near = FindClosing(text, tag, from);
         if (near >= 0) return near;
-        // Only a match that reaches beyond the stretch is left.
+        // Only a match that reaches beyond the excerpt is left.
         const qsizetype reach = std::max(from, text.size() + 1 - tag.size());
-        const int far = stretch.find(tag, start + static_cast<int>(reach));
+        const int far = excerpt.find(tag, start + static_cast<int>(reach));
         return far < 0 ? -1 : far - start;
     };
-    Walk walk(text, {.first = 0, .limit = stretch.span.length, .end = stretch.endOfText - start}, LineEnds::CrLf,
+    Walk walk(text, {.first = 0, .limit = excerpt.range.length, .end = excerpt.endOfText - start}, LineEnds::CrLf,
               colors, canvas, closing);
     walk.Tags();
     walk.Blocks();
@@ -300,8 +294,8 @@ MarkupScan ScanStretch(const MarkupStretch& stretch, const MarkupColors& colors)
     return {canvas.Taken(), walk.TagCount(), selected};
 }
 
-std::vector<FormatSpan> MarkupFormats(QStringView text, const MarkupColors& colors, const CharFormat& rest,
-                                      LineEnds lineEnds) {
+std::vector<FormatRun> MarkupFormats(QStringView text, const MarkupColors& colors, const CharFormat& rest,
+                                     LineEnds lineEnds) {
     if (colors.off && !colors.aspBold) return {};
     FormatCanvas canvas(colors, rest, text.size());
     const auto closing = [text](QStringView tag, qsizetype from) { return FindClosing(text, tag, from); };

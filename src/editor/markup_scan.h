@@ -4,6 +4,7 @@
 #pragma once
 
 #include "surface/format_store.h"
+#include "values/text_range.h"
 #include "values/units.h"
 
 #include <QStringView>
@@ -30,50 +31,36 @@ struct MarkupColors {
 // What a line end of the scanned text is. A "\n" that stands for CR LF ends a tag's name as the CR does.
 enum class LineEnds { CrLf, Lf };
 
-// A stretch to paint. Steps are painted in their order, later ones over earlier ones.
-struct PaintStep {
-    int offset = 0;
-    int length = 0;
-    std::optional<ColorNumber> color;  // empty: stays as it is
-    bool bold = false;                 // true turns bold, false changes nothing
-    bool compare = false;              // a stretch of several colours keeps them
-
-    bool operator==(const PaintStep&) const = default;
-};
-
 struct MarkupScan {
-    std::vector<PaintStep> steps;
+    std::vector<FormatStep> steps;  // painted in their order, later ones over earlier ones
     int tagCount = 0;
     // Where the last selection of a pass that selects what it paints would begin: the start of the last tag or block
     // found, or of the body of a region that was found last. -1 when there was nothing to select.
     int selected = -1;
 };
 
-// A stretch of a text; constructs that end behind it aren't painted, but for the body of a region.
-struct MarkupSpan {
-    int start = 0;
-    int length = 0;
-};
-
-// What the whole of `text`, or the span of it, looks like.
+// What the whole of `text`, or the range of it, looks like.
 [[nodiscard]] MarkupScan ScanMarkup(QStringView text, const MarkupColors& colors,
-                                    const std::optional<MarkupSpan>& span = std::nullopt,
+                                    const std::optional<TextRange>& range = std::nullopt,
                                     LineEnds lineEnds = LineEnds::CrLf);
 
-// The same for a stretch without the text around it. Offsets in the answer are those of the whole text.
-struct MarkupStretch {
-    QStringView text;   // of the span and one character more, unless the text ends there
-    MarkupSpan span;    // start >= 0
+// A range of a text, without the text around it.
+struct TextExcerpt {
+    QStringView text;   // of the range and one character more, unless the whole text ends there
+    TextRange range;    // begins in the whole text
     int endOfText = 0;  // the length of the whole text
-    // The offset of the first match at or behind one, without regard to case; -1 when there is none. Asked for the
-    // closing tag of a region that isn't in `text`.
+    // The offset in the whole text of the first match at or after one, without regard to case; -1 when there is none.
+    // Asked for the closing tag of a region that isn't in `text`.
     std::function<int(QStringView closing, int offset)> find;
 };
-[[nodiscard]] MarkupScan ScanStretch(const MarkupStretch& stretch, const MarkupColors& colors);
 
-// What the whole of `text` looks like after all steps: the stretches that have a colour or a weight of their own,
-// ascending and without overlaps. Everything else is in `rest`, and so is the text before the first step.
-[[nodiscard]] std::vector<FormatSpan> MarkupFormats(QStringView text, const MarkupColors& colors,
-                                                    const CharFormat& rest, LineEnds lineEnds = LineEnds::CrLf);
+// What an excerpt looks like. Constructs that end after its range aren't painted, but for the body of a region. Offsets
+// in the answer are those of the whole text.
+[[nodiscard]] MarkupScan ScanRange(const TextExcerpt& excerpt, const MarkupColors& colors);
+
+// What the whole of `text` looks like after all steps: the runs that have a colour or a weight of their own, ascending
+// and without overlaps. Everything else is in `rest`, and so is the text before the first step.
+[[nodiscard]] std::vector<FormatRun> MarkupFormats(QStringView text, const MarkupColors& colors, const CharFormat& rest,
+                                                   LineEnds lineEnds = LineEnds::CrLf);
 
 }  // namespace vellum

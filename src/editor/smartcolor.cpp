@@ -36,28 +36,20 @@ void PutCaret(EditSurface& surface, int offset) {
     surface.horizontalScrollBar()->setValue(right);
 }
 
-// Paints the stretch and answers where the caret goes. Costs what the stretch is long, whatever the text around it.
-int PaintStretch(EditSurface& surface, const QString& text, const MarkupSpan& span, const MarkupColors& colors) {
+// Paints the range and answers where the caret goes. Costs what the range is long, whatever the text around it.
+int PaintRange(EditSurface& surface, const QString& text, const TextRange& range, const MarkupColors& colors) {
     const auto find = [&surface](QStringView closing, int offset) {
         return surface.IndexOf(closing.toString(), offset, Qt::CaseInsensitive);
     };
     const MarkupScan scan =
-        ScanStretch({.text = text, .span = span, .endOfText = surface.Length(), .find = find}, colors);
-    std::vector<FormatStep> steps;
-    steps.reserve(scan.steps.size());
-    for (const PaintStep& step : scan.steps) {
-        FormatChange change;
-        if (step.color) change.color = *step.color;
-        if (step.bold) change.bold = true;
-        steps.push_back({.offset = step.offset, .length = step.length, .change = change, .ofOneColor = step.compare});
-    }
-    surface.ApplyFormats(steps);
+        ScanRange({.text = text, .range = range, .endOfText = surface.Length(), .find = find}, colors);
+    surface.ApplyFormats(scan.steps);
     constexpr int pairOfTags = 2;  // an opening and a closing tag have the caret between them
-    return scan.tagCount == pairOfTags ? scan.selected : span.start + span.length;
+    return scan.tagCount == pairOfTags ? scan.selected : range.End();
 }
 
-bool HasMarkup(const EditSurface& surface, const QString& stretch) {
-    return stretch.contains(u'<') || surface.IndexOf(QStringLiteral("<"), 0) >= 0;
+bool HasMarkup(const EditSurface& surface, const QString& excerpt) {
+    return excerpt.contains(u'<') || surface.IndexOf(QStringLiteral("<"), 0) >= 0;
 }
 
 // Both passes answer false when the text holds no markup at all.
@@ -71,25 +63,25 @@ bool PaintAll(Workbench& bench, Document& document) {
     const QString text = surface.RawText();
     const bool hasMarkup = text.contains(u'<');
     std::optional<WaitPointer> waiting;
-    std::vector<FormatSpan> formats;
+    std::vector<FormatRun> formats;
     if (hasMarkup) {
         waiting.emplace();
         if (!IsScriptCaption(document.Caption())) {
             formats = MarkupFormats(text, ColorsOf(options), plain, LineEnds::Lf);
         }
     }
-    surface.SetAllFormats(plain, formats, 1);
+    surface.SetAllFormats(plain, formats);
     PutCaret(surface, savedCaret);
     bench.ShowStatus(StatusPanel::Work, {});
     return hasMarkup;
 }
 
-bool PaintRange(Workbench& bench, Document& document) {
+bool PaintColorSpan(Workbench& bench, Document& document) {
     EditSurface& surface = *document.Text1;
     const int start = std::clamp(bench.ColorSpanStart, 0, surface.Length());
-    const MarkupSpan span{.start = start, .length = std::clamp(bench.ColorSpanLength, 0, surface.Length() - start)};
+    const TextRange range{.offset = start, .length = std::clamp(bench.ColorSpanLength, 0, surface.Length() - start)};
     // A block may end one character after the range.
-    const QString text = surface.Mid(span.start, span.length + 1);
+    const QString text = surface.Mid(range.offset, range.length + 1);
     if (!HasMarkup(surface, text)) {
         bench.ShowStatus(StatusPanel::Work, {});
         PutCaret(surface, surface.SelStart());
@@ -97,8 +89,8 @@ bool PaintRange(Workbench& bench, Document& document) {
     }
     const WaitPointer waiting;
     const int caret = IsScriptCaption(document.Caption())
-                          ? span.start + span.length
-                          : PaintStretch(surface, text, span, ColorsOf(bench.Options().Now()));
+                          ? range.End()
+                          : PaintRange(surface, text, range, ColorsOf(bench.Options().Now()));
     PutCaret(surface, caret);
     return true;
 }
@@ -108,7 +100,7 @@ bool PaintRange(Workbench& bench, Document& document) {
 void PaintMarkup(Workbench& bench, Document& document) {
     const ColorNumber backColor = bench.Options()->backColor;
     if (document.Text1->BackColor() != backColor) document.Text1->SetBackColor(backColor);
-    const bool painted = bench.ColorSpanLength == 0 ? PaintAll(bench, document) : PaintRange(bench, document);
+    const bool painted = bench.ColorSpanLength == 0 ? PaintAll(bench, document) : PaintColorSpan(bench, document);
     if (!painted) return;
     bench.ColorSpanStart = 0;
     bench.ColorSpanLength = 0;

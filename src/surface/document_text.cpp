@@ -67,7 +67,7 @@ QString FromDocumentText(QString raw, QTextDocument& document, int position) {
     QTextCursor cursor;
     for (qsizetype index = raw.indexOf(standIn); index >= 0; index = raw.indexOf(standIn, index + 1)) {
         if (cursor.isNull()) cursor = QTextCursor(&document);
-        cursor.setPosition(position + static_cast<int>(index) + 1);  // a format is read behind its character
+        cursor.setPosition(position + static_cast<int>(index) + 1);  // a format is read after its character
         const int held = cursor.charFormat().intProperty(heldCharacter);
         if (held != 0) raw[index] = QChar(static_cast<char16_t>(held));
     }

@@ -88,7 +88,7 @@ QString EditSurface::Mid(int offset, int length) const {
     const int count = std::clamp(length, 0, Length() - begin);
     const int from = d_->PositionOf(begin);
     const int to = d_->PositionOf(begin + count);
-    // An offset between CR and LF has the position of the line's end: the half behind it is cut or added here.
+    // An offset between CR and LF has the position of the line's end: the half after it is cut or added here.
     const int ahead = begin - d_->OffsetOf(from);
     const bool halfEnd = begin + count > d_->OffsetOf(to);
     QString piece = WithCrLf(d_->around.Characters(from, to - from));

@@ -38,7 +38,7 @@ public:
     // Selects `length` characters from SelStart(), cut at the end of the text.
     void SetSelLength(int length);
     [[nodiscard]] QString SelText() const;
-    // Replaces the selection; the new text takes the insertion format, and the caret stands behind it.
+    // Replaces the selection; the new text takes the insertion format, and the caret stands after it.
     void SetSelText(const QString& text);
 
     // The colour of the selection, empty when it is mixed; with nothing selected the insertion colour, which is that of
@@ -47,19 +47,19 @@ public:
     void SetSelColor(ColorNumber color);
     [[nodiscard]] std::optional<bool> SelBold() const;
     void SetSelBold(bool bold);
-    // Colours and weights of a stretch without touching the selection. `offset` and `length` as everywhere.
+    // Colours and weights of a range without touching the selection. `offset` and `length` as everywhere.
     void SetFormat(int offset, int length, CharFormat format);
     void SetColor(int offset, int length, ColorNumber color);
     void SetBold(int offset, int length, bool bold);
     // Many of these in their order, each one on what the ones before it left. Fast when they lie close together.
     void ApplyFormats(std::span<const FormatStep> steps);
-    // The one colour of a stretch; empty when it has several, or no character.
+    // The one colour of a range; empty when it has several, or no character.
     [[nodiscard]] std::optional<ColorNumber> ColorOf(int offset, int length) const;
-    // The formats of the whole text at once: the fast way to paint it. Spans ascend and don't overlap; what lies in
-    // none takes `rest`. Their offsets count a line end as `lineEndLength` characters: 2 as everywhere, or 1 as in
-    // RawText(). The insertion colour is again that of the character before the caret.
-    void SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength = 2);
-    // The format of the character behind `offset`; the base format at the end of the text.
+    // The formats of the whole text at once: the fast way to paint it. Runs ascend and don't overlap; what lies in none
+    // takes `rest`. Their offsets are those of RawText(), where a line end counts as one character. The insertion
+    // colour is again that of the character before the caret.
+    void SetAllFormats(const CharFormat& rest, std::span<const FormatRun> runs);
+    // The format of the character after `offset`; the base format at the end of the text.
     [[nodiscard]] CharFormat FormatAt(int offset) const;
     // All formats by line. A copy of it is cheap, and stays as it is when the text goes on changing.
     [[nodiscard]] const FormatStore& Formats() const;
@@ -70,7 +70,7 @@ public:
     [[nodiscard]] Snapshot TakeSnapshot();
     // Puts text and formats back, as one change of the text. Nothing is selected then, and the caret stays beside the
     // characters where it was. False, and no change, when the snapshot is empty or of another surface, or when
-    // something changed the text behind this surface's back since.
+    // something changed the text without this surface since.
     bool Restore(const Snapshot& snapshot);
     // At most what the snapshots of this surface hold in memory.
     [[nodiscard]] std::size_t SnapshotBytes() const;

@@ -311,10 +311,10 @@ void EditSurface::Private::Drop(const QString& text, int target, bool moved) {
     }
     if (!leaves) return;
     // What was dragged goes from its old place last, so that one step of undo brings all back.
-    const QTextCursor behind = q.textCursor();
+    const QTextCursor caret = q.textCursor();
     const int from = origin.selectionStart();
     Replace(from, origin.selectionEnd() - from, QString(), formats.Base());
-    q.setTextCursor(behind);
+    q.setTextCursor(caret);
 }
 
 void EditSurface::contextMenuEvent(QContextMenuEvent* event) {

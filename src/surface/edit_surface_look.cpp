@@ -90,13 +90,13 @@ void EditSurface::SetBold(int offset, int length, bool bold) {
 
 void EditSurface::ApplyFormats(std::span<const FormatStep> steps) {
     if (steps.empty()) return;
-    const QTextBlock first = document()->findBlock(d_->PositionOf(steps.front().offset));
+    const QTextBlock first = document()->findBlock(d_->PositionOf(steps.front().range.offset));
     PlaceFinder places(d_->formats, first.blockNumber(), d_->OffsetOf(first.position()));
     int firstLine = first.blockNumber();
     int lastLine = firstLine;
     for (const FormatStep& step : steps) {
-        const TextPlace from = places.At(step.offset);
-        const TextPlace to = places.At(step.offset + step.length);
+        const TextPlace from = places.At(step.range.offset);
+        const TextPlace to = places.At(step.range.End());
         if (step.ofOneColor && !d_->formats.CommonColor(from, to, d_->foreColor)) continue;
         d_->formats.SetFormat(from, to, step.change);
         firstLine = std::min(firstLine, from.line);
@@ -111,8 +111,8 @@ std::optional<ColorNumber> EditSurface::ColorOf(int offset, int length) const {
                                    d_->foreColor);
 }
 
-void EditSurface::SetAllFormats(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength) {
-    d_->formats.SetAll(rest, spans, lineEndLength);
+void EditSurface::SetAllFormats(const CharFormat& rest, std::span<const FormatRun> runs) {
+    d_->formats.SetAll(rest, runs);
     d_->insertion.reset();
     d_->MarkAllOutdated();
 }
@@ -167,24 +167,17 @@ void EditSurface::Private::MarkAllOutdated() {
 QList<QTextLayout::FormatRange> EditSurface::Private::RangesOf(const QTextBlock& block) const {
     QList<QTextLayout::FormatRange> ranges;
     const bool overlong = block.length() > overlongLine;
-    const auto add = [&](int start, int end, const CharFormat& format) {
-        const int length = std::min(end, block.length() - 1) - start;
-        const ColorNumber color = format.color.value_or(foreColor);
-        if (length <= 0 || (color == foreColor && !format.bold && !overlong)) return;
+    VisitRow(formats.Runs(block.blockNumber()), 0, block.length() - 1, formats.Base(), [&](const FormatRun& run) {
+        const ColorNumber color = run.format.color.value_or(foreColor);
+        if (color == foreColor && !run.format.bold && !overlong) return true;
         QTextCharFormat look;
         // Without ligatures and the like the toolkit takes half the time.
         if (overlong) look.setFontStyleStrategy(QFont::PreferNoShaping);
         if (color != foreColor) look.setForeground(ColorFromNumber(color));
-        if (format.bold) look.setFontWeight(QFont::Bold);
-        ranges.push_back({start, length, look});
-    };
-    int column = 0;
-    for (const Stretch& stretch : formats.Stretches(block.blockNumber())) {
-        add(column, stretch.start, formats.Base());
-        column = stretch.start + stretch.length;
-        add(stretch.start, column, stretch.format);
-    }
-    add(column, block.length() - 1, formats.Base());
+        if (run.format.bold) look.setFontWeight(QFont::Bold);
+        ranges.push_back({run.range.offset, run.range.length, look});
+        return true;
+    });
     return ranges;
 }
 

@@ -55,14 +55,14 @@ struct EditSurface::Private {
     [[nodiscard]] int OffsetOf(int position) const;
     [[nodiscard]] int PositionOf(int offset) const;
     [[nodiscard]] TextPlace PlaceOf(int position) const;
-    // The positions of the next match at or behind an offset, not selected; empty when there is none.
+    // The positions of the next match at or after an offset, not selected; empty when there is none.
     [[nodiscard]] std::optional<std::pair<int, int>> Match(const QString& text, int start,
                                                            Qt::CaseSensitivity cs) const;
     // `length` characters from `position`, with "\n" at line ends.
     [[nodiscard]] QString Characters(int position, int length) const;
 
     // The one way of text into the document and out of it, but for what the toolkit does on its own. The caret goes
-    // behind the new text.
+    // after the new text.
     void Replace(int position, int length, const QString& text, const CharFormat& format);
     void ReplaceSelection(const QString& text);
     void Insert(QTextCursor& cursor, int position, int length,

@@ -15,7 +15,7 @@ public:
     LineSearch(QTextDocument& document, const QString& text, Qt::CaseSensitivity cs)
         : document_(document), pieces_(ToLines(text)), cs_(cs) {}
 
-    // The position of the first match at or behind a column of a block; -1 when there is none.
+    // The position of the first match at or after a column of a block; -1 when there is none.
     [[nodiscard]] int First(QTextBlock block, int column) const {
         for (; block.isValid(); block = block.next(), column = 0) {
             const QString line = LineOf(block);
@@ -48,7 +48,7 @@ private:
         return FromDocumentText(block.text(), document_, block.position());
     }
 
-    // Whether the lines behind `block` go on as the text does behind its first line end.
+    // Whether the lines after `block` go on as the text does after its first line end.
     [[nodiscard]] bool FollowingMatch(QTextBlock block) const {
         for (qsizetype index = 1; index < pieces_.size(); ++index) {
             block = block.next();

@@ -15,15 +15,15 @@ public:
         MoveTo(line);
         return chunk_->lengths[static_cast<std::size_t>(line - firstLine_)];
     }
-    [[nodiscard]] std::span<const Stretch> StretchesOf(int line) {
+    [[nodiscard]] std::span<const FormatRun> RunsOf(int line) {
         MoveTo(line);
-        if (chunk_->stretches.empty()) return {};
-        return chunk_->stretches[static_cast<std::size_t>(line - firstLine_)];
+        if (chunk_->runs.empty()) return {};
+        return chunk_->runs[static_cast<std::size_t>(line - firstLine_)];
     }
 
     [[nodiscard]] static bool Equal(Lines& left, int leftLine, Lines& right, int rightLine) {
         return left.LengthOf(leftLine) == right.LengthOf(rightLine) &&
-               std::ranges::equal(left.StretchesOf(leftLine), right.StretchesOf(rightLine));
+               std::ranges::equal(left.RunsOf(leftLine), right.RunsOf(rightLine));
     }
 
 private:
@@ -66,8 +66,8 @@ FormatDifference FormatDifference::Between(const FormatStore& from, const Format
 
     difference.hunks_.shrink_to_fit();
     difference.lengths_.shrink_to_fit();
-    difference.stretchesOfLine_.shrink_to_fit();
-    difference.stretches_.shrink_to_fit();
+    difference.runsOfLine_.shrink_to_fit();
+    difference.runs_.shrink_to_fit();
     return difference;
 }
 
@@ -97,42 +97,42 @@ void FormatDifference::Compare(Lines& from, LineRange old, Lines& to, LineRange 
 void FormatDifference::AddHunk(LineRange old, Lines& to, LineRange fresh) {
     hunks_.push_back({old.begin, old.end - old.begin, fresh.end - fresh.begin});
     for (int line = fresh.begin; line < fresh.end; ++line) {
-        const std::span<const Stretch> list = to.StretchesOf(line);
+        const std::span<const FormatRun> list = to.RunsOf(line);
         lengths_.push_back(to.LengthOf(line));
-        stretchesOfLine_.push_back(static_cast<int>(list.size()));
-        stretches_.insert(stretches_.end(), list.begin(), list.end());
+        runsOfLine_.push_back(static_cast<int>(list.size()));
+        runs_.insert(runs_.end(), list.begin(), list.end());
     }
 }
 
 void FormatDifference::ApplyTo(FormatStore& store) const {
     // From the last hunk to the first, so that the lines of those before keep their numbers.
     std::size_t line = lengths_.size();
-    std::size_t stretch = stretches_.size();
+    std::size_t run = runs_.size();
     std::for_each(hunks_.rbegin(), hunks_.rend(), [&](const Hunk& hunk) {
-        for (int left = hunk.added; left > 0; --left) stretch -= static_cast<std::size_t>(stretchesOfLine_[--line]);
-        ApplyHunk(store, hunk, line, stretch);
+        for (int left = hunk.added; left > 0; --left) run -= static_cast<std::size_t>(runsOfLine_[--line]);
+        ApplyHunk(store, hunk, line, run);
     });
 }
 
 void FormatDifference::ApplyHunk(FormatStore& store, const Hunk& hunk, std::size_t firstLine,
-                                 std::size_t firstStretch) const {
+                                 std::size_t firstRun) const {
     std::vector<int> lengths;
-    StretchRows rows;
-    const std::span<const Stretch> all(stretches_);
-    const auto append = [&](int length, std::span<const Stretch> row) {
+    FormatRows rows;
+    const std::span<const FormatRun> all(runs_);
+    const auto append = [&](int length, std::span<const FormatRun> row) {
         lengths.push_back(length);
         rows.Append(row);
     };
     // A store replaces lines only: where lines come in alone, a neighbour goes out and comes in again.
     const bool alone = hunk.removed == 0;
     const int neighbour = std::min(hunk.line, store.LineCount() - 1);
-    if (alone && neighbour < hunk.line) append(store.LineLength(neighbour), store.Stretches(neighbour));
+    if (alone && neighbour < hunk.line) append(store.LineLength(neighbour), store.Runs(neighbour));
     for (std::size_t line = firstLine; line < firstLine + static_cast<std::size_t>(hunk.added); ++line) {
-        const auto count = static_cast<std::size_t>(stretchesOfLine_[line]);
-        append(lengths_[line], all.subspan(firstStretch, count));
-        firstStretch += count;
+        const auto count = static_cast<std::size_t>(runsOfLine_[line]);
+        append(lengths_[line], all.subspan(firstRun, count));
+        firstRun += count;
     }
-    if (alone && neighbour == hunk.line) append(store.LineLength(neighbour), store.Stretches(neighbour));
+    if (alone && neighbour == hunk.line) append(store.LineLength(neighbour), store.Runs(neighbour));
 
     if (hunk.added == hunk.removed) {
         for (std::size_t index = 0; index < lengths.size(); ++index) {
@@ -144,8 +144,8 @@ void FormatDifference::ApplyHunk(FormatStore& store, const Hunk& hunk, std::size
 }
 
 std::size_t FormatDifference::HeldBytes() const {
-    return hunks_.capacity() * sizeof(Hunk) + (lengths_.capacity() + stretchesOfLine_.capacity()) * sizeof(int) +
-           stretches_.capacity() * sizeof(Stretch);
+    return hunks_.capacity() * sizeof(Hunk) + (lengths_.capacity() + runsOfLine_.capacity()) * sizeof(int) +
+           runs_.capacity() * sizeof(FormatRun);
 }
 
 }  // namespace vellum

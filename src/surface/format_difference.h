@@ -37,12 +37,12 @@ private:
 
     void Compare(Lines& from, LineRange old, Lines& to, LineRange fresh);
     void AddHunk(LineRange old, Lines& to, LineRange fresh);
-    void ApplyHunk(FormatStore& store, const Hunk& hunk, std::size_t firstLine, std::size_t firstStretch) const;
+    void ApplyHunk(FormatStore& store, const Hunk& hunk, std::size_t firstLine, std::size_t firstRun) const;
 
     std::vector<Hunk> hunks_;
-    std::vector<int> lengths_;          // of the lines that come in, hunk by hunk
-    std::vector<int> stretchesOfLine_;  // how many of `stretches_` belong to each
-    std::vector<Stretch> stretches_;
+    std::vector<int> lengths_;     // of the lines that come in, hunk by hunk
+    std::vector<int> runsOfLine_;  // how many of `runs_` belong to each
+    std::vector<FormatRun> runs_;
 };
 
 }  // namespace vellum

@@ -1,7 +1,7 @@
 // Colours and weights of characters, kept by line beside the text and shifted by its edits.
 #pragma once
 
-#include "surface/stretch_rows.h"
+#include "surface/format_rows.h"
 #include "values/units.h"
 
 #include <compare>
@@ -13,7 +13,7 @@
 
 namespace vellum {
 
-// A place in the text; line and column count from 0. The column behind a line's last character is the line end's own.
+// A place in the text; line and column count from 0. The column after a line's last character is the line end's own.
 struct TextPlace {
     int line = 0;
     int column = 0;
@@ -27,21 +27,16 @@ struct FormatChange {
     std::optional<bool> bold;
 
     [[nodiscard]] CharFormat AppliedTo(CharFormat format) const;
+    bool operator==(const FormatChange&) const = default;
 };
 
-// A stretch of the whole text, in offsets from 0.
-struct FormatSpan {
-    int offset = 0;
-    int length = 0;
-    CharFormat format;
-};
-
-// A change of a stretch of the whole text, in offsets from 0.
+// A change in a range of the whole text.
 struct FormatStep {
-    int offset = 0;
-    int length = 0;
+    TextRange range;
     FormatChange change;
-    bool ofOneColor = false;  // a stretch of several colours stays as it is
+    bool ofOneColor = false;  // a range of several colours stays as it is
+
+    bool operator==(const FormatStep&) const = default;
 };
 
 // The format of every character of a text, line ends among them (one character each). Lines hold only what differs from
@@ -57,7 +52,7 @@ public:
 
     [[nodiscard]] int LineCount() const { return lineCount_; }
     [[nodiscard]] int LineLength(int line) const;  // without the line end
-    [[nodiscard]] TextPlace End() const;           // behind the last character
+    [[nodiscard]] TextPlace End() const;           // after the last character
     // The place `characters` further on, a line end counting as one; the end of the text when it is nearer.
     [[nodiscard]] TextPlace Advance(TextPlace from, int characters) const;
 
@@ -69,15 +64,15 @@ public:
     void SetFormat(TextPlace from, TextPlace to, const FormatChange& change);
     // Everything takes `rest`, which is the base from now on, without a walk over the lines.
     void SetAll(const CharFormat& rest);
-    // Everything takes `rest` and then each span its format. Spans ascend and don't overlap; their offsets count a line
-    // end as `lineEndLength` characters.
-    void SetAll(const CharFormat& rest, std::span<const FormatSpan> spans, int lineEndLength);
+    // Everything takes `rest`, and then each run its format. Runs ascend and don't overlap; their offsets count a line
+    // end as one character.
+    void SetAll(const CharFormat& rest, std::span<const FormatRun> runs);
 
-    // The base format, which all characters have that no stretch holds.
+    // The base format, which all characters have that lie in no run.
     [[nodiscard]] const CharFormat& Base() const { return base_; }
-    // The stretches of a line that differ from the base, ascending and as long as can be. One may take in the line end.
+    // The runs of a line that differ from the base, ascending and as long as can be. One may take in the line end.
     // Valid until the next change.
-    [[nodiscard]] std::span<const Stretch> Stretches(int line) const;
+    [[nodiscard]] std::span<const FormatRun> Runs(int line) const;
     // The format of the character at `place`; the base format at the end of the text.
     [[nodiscard]] CharFormat FormatAt(TextPlace place) const;
     // The one colour of a range, empty when there are several or the range is empty. `own` stands for the surface's
@@ -93,7 +88,7 @@ private:
 
     struct Chunk {
         std::vector<int> lengths;
-        StretchRows stretches;  // a row a line, or none at all while every line is in the base format
+        FormatRows runs;  // a row a line, or none at all while every line is in the base format
     };
     struct Slot {
         int firstLine = 0;
@@ -102,11 +97,10 @@ private:
 
     [[nodiscard]] std::size_t SlotOf(int line) const;
     [[nodiscard]] Chunk& Owned(std::size_t slot);  // the chunk, no longer shared
-    void SetStretches(int line, std::span<const Stretch> stretches);
-    void SetLine(int line, int length, std::span<const Stretch> stretches);
+    void SetRuns(int line, std::span<const FormatRun> runs);
+    void SetLine(int line, int length, std::span<const FormatRun> runs);
     // Replaces at least one line.
-    void Splice(int firstLine, int removed, std::span<const int> lengths, const StretchRows& stretches);
-    void AppendSpans(std::span<const FormatSpan> spans, int lineEndLength);
+    void Splice(int firstLine, int removed, std::span<const int> lengths, const FormatRows& runs);
     template <typename Visitor>
     bool VisitRuns(TextPlace from, TextPlace to, const Visitor& visit) const;
 

@@ -10,7 +10,7 @@
 namespace vellum {
 namespace {
 
-// Stretches of other lengths are read as they come: short ones cost little, and long ones aren't about the caret.
+// Ranges of other lengths are read as they come: short ones cost little, and long ones aren't about the caret.
 constexpr int shortest = 2000;
 constexpr int longest = 20000;
 constexpr int margin = 4000;  // read on either side, so that a caret that moves a little finds its text here

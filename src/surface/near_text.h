@@ -17,7 +17,7 @@ public:
     NearText(const NearText&) = delete;
     NearText& operator=(const NearText&) = delete;
 
-    // `length` characters from `position`, both the toolkit's, with "\n" at line ends. The stretch lies in the
+    // `length` characters from `position`, both the toolkit's, with "\n" at line ends. The range lies in the
     // document. Not for use within an edit block, where the document hasn't told of its change yet.
     [[nodiscard]] QString Characters(int position, int length);
 

@@ -70,21 +70,14 @@ private:
 
     [[nodiscard]] QList<QTextLayout::FormatRange> FormatsOf(const QTextBlock& block) const {
         QList<QTextLayout::FormatRange> ranges;
-        const int length = block.length() - 1;
-        const auto add = [&](int start, int end, const CharFormat& format) {
-            if (std::min(end, length) <= start) return;
+        const FormatStore& formats = surface_.Formats();
+        VisitRow(formats.Runs(block.blockNumber()), 0, block.length() - 1, formats.Base(), [&](const FormatRun& run) {
             QTextCharFormat look;
-            if (format.color) look.setForeground(OnPaper(ColorFromNumber(*format.color)));
-            if (format.bold) look.setFontWeight(QFont::Bold);
-            ranges.push_back({start, std::min(end, length) - start, look});
-        };
-        int column = 0;
-        for (const Stretch& stretch : surface_.Formats().Stretches(block.blockNumber())) {
-            add(column, stretch.start, surface_.Formats().Base());
-            column = stretch.start + stretch.length;
-            add(stretch.start, column, stretch.format);
-        }
-        add(column, length, surface_.Formats().Base());
+            if (run.format.color) look.setForeground(OnPaper(ColorFromNumber(*run.format.color)));
+            if (run.format.bold) look.setFontWeight(QFont::Bold);
+            ranges.push_back({run.range.offset, run.range.length, look});
+            return true;
+        });
         return ranges;
     }
 

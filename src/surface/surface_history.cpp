@@ -14,11 +14,11 @@ void TextChanges::Add(int position, const QString& removed, int added) {
         if (position <= end && position + gone >= last.position) {
             // They touch, as those of typing do: one change says it all.
             const int before = std::max(0, last.position - position);
-            const int behind = std::max(0, position + gone - end);
+            const int after = std::max(0, position + gone - end);
             if (before > 0) last.earlier.prepend(removed.left(before));
-            if (behind > 0) last.earlier.append(removed.right(behind));
+            if (after > 0) last.earlier.append(removed.right(after));
             last.position -= before;
-            last.length += before + behind - gone + added;
+            last.length += before + after - gone + added;
             return;
         }
     }

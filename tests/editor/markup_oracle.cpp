@@ -5,7 +5,7 @@
 namespace vellum::test {
 namespace {
 
-// The position of the first match at or behind a position, both from 1; 0 when there is none.
+// The position of the first match at or after a position, both from 1; 0 when there is none.
 int Seek(const QString& text, const QString& what, int pos) {
     return static_cast<int>(text.indexOf(what, pos - 1)) + 1;
 }
@@ -62,12 +62,12 @@ int ArraySurface::Find(const QString& what, int start) {
     return found;
 }
 
-void ArraySurface::Apply(const PaintStep& step) {
-    selStart = step.offset;
-    selLength = step.length;
-    if (step.color && step.compare) CompareAndSet(*step.color);
-    if (step.color && !step.compare) SetSelColor(*step.color);
-    if (step.bold) SetSelBold(true);
+void ArraySurface::Apply(const FormatStep& step) {
+    selStart = step.range.offset;
+    selLength = step.range.length;
+    if (step.ofOneColor && !SelColor()) return;
+    if (step.change.color) SetSelColor(step.change.color->value());
+    if (step.change.bold) SetSelBold(*step.change.bold);
 }
 
 void MarkupOracle::FullPass(ColorNumber foreColor) {

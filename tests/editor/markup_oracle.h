@@ -22,7 +22,7 @@ struct ArraySurface {
     void SetSelBold(bool on);
     void CompareAndSet(ColorNumber color);
     int Find(const QString& what, int start);
-    void Apply(const PaintStep& step);
+    void Apply(const FormatStep& step);
 
     QString text;
     std::vector<ColorNumber> colors;

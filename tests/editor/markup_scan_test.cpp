@@ -11,9 +11,10 @@
 
 namespace vellum {
 
-void PrintTo(const PaintStep& step, std::ostream* out) {
-    *out << step.offset << "+" << step.length << (step.color ? " color " + std::to_string(*step.color) : " no color")
-         << (step.bold ? " bold" : "") << (step.compare ? " compare" : "");
+void PrintTo(const FormatStep& step, std::ostream* out) {
+    *out << step.range.offset << "+" << step.range.length
+         << (step.change.color ? " color " + std::to_string(step.change.color->value()) : " no color")
+         << (step.change.bold ? " bold" : "") << (step.ofOneColor ? " of one color" : "");
 }
 
 namespace {
@@ -23,6 +24,10 @@ constexpr ColorNumber comments = colors.comments;
 constexpr ColorNumber other = colors.other;
 constexpr ColorNumber asp = colors.asp;
 constexpr CharFormat plain{.color = test::markForeColor, .bold = false};
+
+FormatStep Colored(TextRange range, ColorNumber color, bool ofOneColor = false) {
+    return {range, {.color = color, .bold = {}}, ofOneColor};
+}
 
 QString Letters(const test::ArraySurface& surface) {
     QString letters;
@@ -35,14 +40,14 @@ QString Letters(const test::ArraySurface& surface) {
 QString Painted(const QString& text, const MarkupColors& look = colors, LineEnds lineEnds = LineEnds::CrLf) {
     test::ArraySurface surface(text, test::markForeColor);
     int end = 0;
-    for (const FormatSpan& span : MarkupFormats(text, look, plain, lineEnds)) {
-        EXPECT_GE(span.offset, end) << "spans ascend without overlaps";
-        EXPECT_GT(span.length, 0);
-        end = span.offset + span.length;
+    for (const auto& [range, format] : MarkupFormats(text, look, plain, lineEnds)) {
+        EXPECT_GE(range.offset, end) << "runs ascend without overlaps";
+        EXPECT_GT(range.length, 0);
+        end = range.End();
         EXPECT_LE(end, text.size());
         if (end > text.size()) break;
-        std::fill_n(surface.colors.begin() + span.offset, span.length, span.format.color.value_or(0));
-        std::fill_n(surface.bold.begin() + span.offset, span.length, span.format.bold);
+        std::fill_n(surface.colors.begin() + range.offset, range.length, format.color.value_or(0));
+        std::fill_n(surface.bold.begin() + range.offset, range.length, format.bold);
     }
     return Letters(surface);
 }
@@ -190,8 +195,8 @@ TEST(MarkupScan, SwitchedOffItCountsAndMakesBlocksBold) {
     const MarkupScan scan = ScanMarkup(text, look);
     EXPECT_EQ(scan.tagCount, 4);
     ASSERT_EQ(scan.steps.size(), 1U);
-    EXPECT_EQ(scan.steps[0], (PaintStep{.offset = 8, .length = 6, .color = {}, .bold = true, .compare = false}));
-    const std::vector<FormatSpan> formats = MarkupFormats(text, look, plain);
+    EXPECT_EQ(scan.steps[0], (FormatStep{{8, 6}, {.color = {}, .bold = true}}));
+    const std::vector<FormatRun> formats = MarkupFormats(text, look, plain);
     ASSERT_EQ(formats.size(), 1U);
     EXPECT_EQ(formats[0].format, (CharFormat{.color = 0, .bold = true}));
     look.aspBold = false;
@@ -204,14 +209,14 @@ TEST(MarkupScan, SwitchedOffItCountsAndMakesBlocksBold) {
 
 TEST(MarkupScan, StepsTellWhatTheyCompare) {
     const MarkupScan scan = ScanMarkup(u"<p><br><script>x</script><%=y%>", colors);
-    const std::vector<PaintStep> expected{
-        {.offset = 0, .length = 3, .color = other, .bold = false, .compare = true},
-        {.offset = 3, .length = 4, .color = other, .bold = false, .compare = false},
-        {.offset = 7, .length = 8, .color = other, .bold = false, .compare = true},
-        {.offset = 15, .length = 1, .color = comments, .bold = false, .compare = true},
-        {.offset = 16, .length = 9, .color = other, .bold = false, .compare = false},
-        {.offset = 25, .length = 6, .color = other, .bold = false, .compare = false},
-        {.offset = 25, .length = 6, .color = asp, .bold = true, .compare = false},
+    const std::vector<FormatStep> expected{
+        Colored({0, 3}, other, true),
+        Colored({3, 4}, other),
+        Colored({7, 8}, other, true),
+        Colored({15, 1}, comments, true),
+        Colored({16, 9}, other),
+        Colored({25, 6}, other),
+        {{25, 6}, {.color = asp, .bold = true}},
     };
     EXPECT_EQ(scan.steps, expected);
 }
@@ -231,8 +236,8 @@ TEST(MarkupScan, ASpanPaintsWhatEndsInIt) {
     const QString text = "<b><i>x</i></b>";
     const auto steps = [&](int start, int length) {
         QString found;
-        const MarkupScan scan = ScanMarkup(text, colors, MarkupSpan{start, length});
-        for (const PaintStep& step : scan.steps) found += text.mid(step.offset, step.length) + ' ';
+        const MarkupScan scan = ScanMarkup(text, colors, TextRange{start, length});
+        for (const FormatStep& step : scan.steps) found += text.mid(step.range.offset, step.range.length) + ' ';
         return found + QString::number(scan.tagCount);
     };
     EXPECT_EQ(steps(3, 8), "<i> </i> 2");
@@ -246,15 +251,15 @@ TEST(MarkupScan, ASpanPaintsWhatEndsInIt) {
 
 TEST(MarkupScan, ASpanTakesABlockWhosePercentIsTheLastCharacter) {
     const QString text = "ab<%=x%>cd";
-    EXPECT_EQ(ScanMarkup(text, colors, MarkupSpan{2, 5}).steps,
-              (std::vector<PaintStep>{{.offset = 2, .length = 6, .color = asp, .bold = true, .compare = false}}));
-    EXPECT_TRUE(ScanMarkup(text, colors, MarkupSpan{2, 4}).steps.empty());
+    EXPECT_EQ(ScanMarkup(text, colors, TextRange{2, 5}).steps,
+              (std::vector<FormatStep>{{{2, 6}, {.color = asp, .bold = true}}}));
+    EXPECT_TRUE(ScanMarkup(text, colors, TextRange{2, 4}).steps.empty());
 }
 
 TEST(MarkupScan, ARegionRunsBeyondItsSpan) {
-    const MarkupScan scan = ScanMarkup(u"<style>a<b>c</style><i>", colors, MarkupSpan{0, 8});
+    const MarkupScan scan = ScanMarkup(u"<style>a<b>c</style><i>", colors, TextRange{0, 8});
     ASSERT_EQ(scan.steps.size(), 2U);
-    EXPECT_EQ(scan.steps[1], (PaintStep{.offset = 7, .length = 5, .color = comments, .bold = false, .compare = true}));
+    EXPECT_EQ(scan.steps[1], Colored({7, 5}, comments, true));
     EXPECT_EQ(scan.tagCount, 1);
     EXPECT_EQ(scan.selected, 7);
 }
@@ -347,18 +352,18 @@ TEST(MarkupScanRandom, SpanPassesAgreeWithTheStepsOneByOne) {
 
         const auto outcome = [&](const MarkupScan& scan) {
             test::ArraySurface surface = before;
-            for (const PaintStep& step : scan.steps) surface.Apply(step);
+            for (const FormatStep& step : scan.steps) surface.Apply(step);
             return Outcome{Letters(surface), scan.tagCount, scan.selected};
         };
-        ASSERT_EQ(outcome(ScanMarkup(text, look, MarkupSpan{start, length})), expected)
-            << qPrintable(text) << " span " << start << "+" << length;
+        ASSERT_EQ(outcome(ScanMarkup(text, look, TextRange{start, length})), expected)
+            << qPrintable(text) << " range " << start << "+" << length;
         const QString piece = text.mid(start, length + 1);
         const auto find = [&](QStringView closing, int offset) {
             return static_cast<int>(text.indexOf(closing, offset, Qt::CaseInsensitive));
         };
-        ASSERT_EQ(outcome(ScanStretch({.text = piece, .span = {start, length}, .endOfText = size, .find = find}, look)),
+        ASSERT_EQ(outcome(ScanRange({.text = piece, .range = {start, length}, .endOfText = size, .find = find}, look)),
                   expected)
-            << qPrintable(text) << " stretch " << start << "+" << length;
+            << qPrintable(text) << " excerpt " << start << "+" << length;
     }
 }
 
@@ -366,17 +371,17 @@ TEST(MarkupScanRandom, AnySpanStaysInsideTheText) {
     std::mt19937 random(3);
     for (int round = 0; round < randomTexts; ++round) {
         const QString text = test::RandomMarkup(random, static_cast<int>(random() % 20), true);
-        const MarkupSpan span{static_cast<int>(random() % 200) - 100, static_cast<int>(random() % 200) - 100};
-        for (const PaintStep& step : ScanMarkup(text, RandomColors(random), span).steps) {
-            ASSERT_GE(step.offset, 0);
-            ASSERT_GT(step.length, 0);
-            ASSERT_LE(step.offset + step.length, text.size());
+        const TextRange range{static_cast<int>(random() % 200) - 100, static_cast<int>(random() % 200) - 100};
+        for (const FormatStep& step : ScanMarkup(text, RandomColors(random), range).steps) {
+            ASSERT_GE(step.range.offset, 0);
+            ASSERT_GT(step.range.length, 0);
+            ASSERT_LE(step.range.End(), text.size());
         }
     }
 }
 
-TEST(MarkupScan, NothingIsReadBehindAnUnterminatedText) {
-    // Texts on the heap without anything behind them: a sanitizer sees a step too far.
+TEST(MarkupScan, NothingIsReadAfterAnUnterminatedText) {
+    // Texts on the heap without anything after them: a sanitizer sees a step too far.
     for (const QString& text : {QStringLiteral("<"), QStringLiteral("<!-"), QStringLiteral("<%"), QStringLiteral("a<"),
                                 QStringLiteral("<script>"), QStringLiteral("<script><"), QStringLiteral("<!--"),
                                 QStringLiteral("<script></script"), QStringLiteral("%>"), QStringLiteral("<b%>")}) {

@@ -40,7 +40,7 @@ TEST(GetPosInfo, IsPlainAtOffset0) {
     EXPECT_EQ(InfoAt("|<%x%>"), "0\t-1");
 }
 
-TEST(GetPosInfo, ATagReachesFromBehindItsOpeningToBeforeItsClose) {
+TEST(GetPosInfo, ATagReachesFromAfterItsOpeningToBeforeItsClose) {
     EXPECT_EQ(InfoAt("ab|<b>c"), "0\t-1");
     EXPECT_EQ(InfoAt("ab<|b>c"), "1\t3\t5");
     EXPECT_EQ(InfoAt("ab<b|>c"), "1\t3\t5");
@@ -62,7 +62,7 @@ TEST(GetPosInfo, ACommentReachesToItsEnd) {
     EXPECT_EQ(InfoAt("a<!--|b-->c"), "2\t2");
     EXPECT_EQ(InfoAt("a<!--b|-->c"), "2\t2");
     EXPECT_EQ(InfoAt("a<!--b-->|c"), "0\t-1");
-    EXPECT_EQ(InfoAt("a<!-|-b-->c"), "2\t2") << "the character behind the caret counts";
+    EXPECT_EQ(InfoAt("a<!-|-b-->c"), "2\t2") << "the character after the caret counts";
     EXPECT_EQ(InfoAt("a<!|--b-->c"), "1\t2\t9");
 }
 
@@ -116,7 +116,7 @@ TEST(GetPosInfo, ABlockBeatsEverything) {
     EXPECT_EQ(InfoAt("<a <% x|"), "4\t4");
     EXPECT_EQ(InfoAt("<% a <b> <!-- |"), "4\t1");
     EXPECT_EQ(InfoAt("<b><% x |%>"), "4\t4");
-    EXPECT_EQ(InfoAt("<b><% x %|>"), "0\t-1") << "behind the \"%\" the block is over";
+    EXPECT_EQ(InfoAt("<b><% x %|>"), "0\t-1") << "after the \"%\" the block is over";
 }
 
 TEST(GetPosInfo, OpenersInABlockDoNotCount) {
@@ -125,7 +125,7 @@ TEST(GetPosInfo, OpenersInABlockDoNotCount) {
     EXPECT_EQ(InfoAt("<!-- <% --> <!-- %> x|"), "2\t1") << "neither the end nor the opener in it";
 }
 
-TEST(GetPosInfo, ATextThatBeginsWithABlockReadsAsATagBehindIt) {
+TEST(GetPosInfo, ATextThatBeginsWithABlockReadsAsATagAfterIt) {
     EXPECT_EQ(InfoAt("<%x%> a|"), "1\t1\t100000");
     EXPECT_EQ(InfoAt("<%x%> a| <b>"), "1\t1\t11");
     EXPECT_EQ(InfoAt(" <%x%> a|"), "0\t-1");
@@ -240,7 +240,7 @@ public:
 
     int Number(int from, int to) { return std::uniform_int_distribution(from, to)(random_); }
 
-    // So many pieces of markup, at places with a stretch of up to `filler` characters between.
+    // So many pieces of markup, at places with up to `filler` other characters between.
     QString Markup(int pieces, int filler) {
         static const QStringList choices{"<",        ">",       "%",        "<%",       "%>",        "<!--",
                                          "-->",      "<script", "</script", "<SCRIPT>", "</Script>", "<style>",

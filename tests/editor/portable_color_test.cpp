@@ -14,7 +14,7 @@ constexpr ColorNumber comments = 8421504;
 constexpr ColorNumber server = 6776628;
 constexpr ColorNumber odd = 0xABCDEF;
 
-// Notes the stretch that is to be painted, and what the document looked like by then.
+// Notes the range that is to be painted, and what the document looked like by then.
 class NotingWorkbench : public test::TestWorkbench {
 public:
     void Smartcolor() override {

@@ -328,7 +328,7 @@ TEST_F(SmartcolorTest, TwoTagsLeaveTheCaretAtTheLastSelection) {
     EXPECT_EQ(caretAfter("<b><script>"), 11);  // the body of the region
     EXPECT_EQ(caretAfter("<p><%=x%>"), 3);     // the block, found last
     EXPECT_EQ(caretAfter("<%=x%><p>"), 0);
-    EXPECT_EQ(caretAfter("<p><b"), 0);  // the second one has no end in the stretch
+    EXPECT_EQ(caretAfter("<p><b"), 0);  // the second one has no end in the range
 }
 
 TEST_F(SmartcolorTest, ASpanLeavesEverythingElse) {
@@ -417,7 +417,7 @@ TEST_F(SmartcolorTest, PassesOverAnyTextAgreeWithTheStepsOneByOne) {
         workbench.Smartcolor();
         ASSERT_EQ(Marks(), shown());
 
-        // Over what the full pass left, so that many stretches are of several colours.
+        // Over what the full pass left, so that many ranges are of several colours.
         const auto size = static_cast<unsigned>(text.size());
         if (size == 0 || !text.contains(u'<')) continue;
         const int start = static_cast<int>(random() % size);

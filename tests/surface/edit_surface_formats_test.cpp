@@ -14,7 +14,7 @@ std::vector<CharFormat> FormatsOf(const EditSurface& surface) {
 }
 
 FormatStep Colored(int offset, int length, ColorNumber color, bool ofOneColor = false) {
-    return {.offset = offset, .length = length, .change = {.color = color, .bold = {}}, .ofOneColor = ofOneColor};
+    return {.range = {offset, length}, .change = {.color = color, .bold = {}}, .ofOneColor = ofOneColor};
 }
 
 TEST(ApplyFormats, StepsBuildOnOneAnother) {
@@ -25,7 +25,7 @@ TEST(ApplyFormats, StepsBuildOnOneAnother) {
         Colored(5, 1, 2),        //
         Colored(0, 1, 3),        // back in the first line
         Colored(5, 2, 4, true),  // of two colours by then
-        Colored(1, 4, 5, true), {.offset = 2, .length = 1, .change = {.color = {}, .bold = true}, .ofOneColor = false},
+        Colored(1, 4, 5, true), {.range = {2, 1}, .change = {.color = {}, .bold = true}, .ofOneColor = false},
     };
     surface.ApplyFormats(steps);
     EXPECT_EQ(surface.ColorOf(0, 1), 3U);
@@ -61,8 +61,8 @@ TEST(ApplyFormats, AgreesWithChangesOneByOne) {
         }
         fast.ApplyFormats(steps);
         for (const FormatStep& step : steps) {
-            if (step.ofOneColor && !slow.ColorOf(step.offset, step.length)) continue;
-            slow.SetColor(step.offset, step.length, step.change.color->value());
+            if (step.ofOneColor && !slow.ColorOf(step.range.offset, step.range.length)) continue;
+            slow.SetColor(step.range.offset, step.range.length, step.change.color->value());
         }
         ASSERT_EQ(FormatsOf(fast), FormatsOf(slow)) << "round " << round;
     }

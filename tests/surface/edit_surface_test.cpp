@@ -465,8 +465,8 @@ TEST_F(EditSurfaceTest, PaintsACharacterInItsColor) {
     surface.SetForeColor(blue);
     EXPECT_GT(countOf(Qt::blue, 1, 4), 20);
     EXPECT_GT(countOf(Qt::red, 5, 8), 20);
-    const std::vector<FormatSpan> spans{{0, 2, {green, false}}};
-    surface.SetAllFormats({}, spans);
+    const std::vector<FormatRun> runs{{{0, 2}, {green, false}}};
+    surface.SetAllFormats({}, runs);
     EXPECT_EQ(countOf(Qt::red, 5, 8), 0);
     EXPECT_GT(countOf(ColorFromNumber(green), 1, 2), 5);
 }
@@ -631,8 +631,8 @@ TEST_F(EditSurfaceTest, TheMenuCutsCopiesPastesAndDeletes) {
 
 TEST_F(EditSurfaceTest, SetsAllFormatsAtOnce) {
     surface.SetText("<b>\r\n<i>");
-    const std::vector<FormatSpan> spans{{0, 3, {red, false}}, {5, 3, {blue, true}}};
-    surface.SetAllFormats({green, false}, spans);
+    const std::vector<FormatRun> runs{{{0, 3}, {red, false}}, {{4, 3}, {blue, true}}};  // a line end counts as one
+    surface.SetAllFormats({green, false}, runs);
     EXPECT_EQ(surface.FormatAt(2), (CharFormat{red, false}));
     EXPECT_EQ(surface.FormatAt(3), (CharFormat{green, false}));
     EXPECT_EQ(surface.FormatAt(5), (CharFormat{blue, true}));

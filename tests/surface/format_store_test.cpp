@@ -73,13 +73,13 @@ void ExpectEqual(const FormatStore& store, const NaiveStore& naive) {
         }
         int end = 0;
         const CharFormat* before = nullptr;
-        for (const Stretch& stretch : store.Stretches(line)) {
-            ASSERT_GT(stretch.length, 0);
-            ASSERT_NE(stretch.format, store.Base());
-            ASSERT_GE(stretch.start, end);
-            ASSERT_FALSE(before != nullptr && stretch.start == end && stretch.format == *before) << "not merged";
-            end = stretch.start + stretch.length;
-            before = &stretch.format;
+        for (const FormatRun& run : store.Runs(line)) {
+            ASSERT_GT(run.range.length, 0);
+            ASSERT_NE(run.format, store.Base());
+            ASSERT_GE(run.range.offset, end);
+            ASSERT_FALSE(before != nullptr && run.range.offset == end && run.format == *before) << "not merged";
+            end = run.range.End();
+            before = &run.format;
         }
         ASSERT_LE(end, store.LineLength(line) + 1);
     }
@@ -109,19 +109,19 @@ TEST(FormatStore, StartsAsOneEmptyLine) {
 TEST(FormatStore, KeepsOnlyWhatDiffersFromTheBase) {
     FormatStore store = StoreOf("xxxxxxxxxx\nxxxx");
     store.SetFormat({0, 2}, {0, 5}, {.color = red.color, .bold = {}});
-    ASSERT_EQ(store.Stretches(0).size(), 1U);
-    EXPECT_EQ(store.Stretches(0)[0], (Stretch{2, 3, red}));
-    EXPECT_TRUE(store.Stretches(1).empty());
+    ASSERT_EQ(store.Runs(0).size(), 1U);
+    EXPECT_EQ(store.Runs(0)[0], (FormatRun{{2, 3}, red}));
+    EXPECT_TRUE(store.Runs(1).empty());
     store.SetFormat({0, 0}, {0, 10}, {.color = std::optional<ColorNumber>(), .bold = {}});
-    EXPECT_TRUE(store.Stretches(0).empty());
+    EXPECT_TRUE(store.Runs(0).empty());
 }
 
 TEST(FormatStore, MergesEqualNeighbours) {
     FormatStore store = StoreOf("xxxxxxxxxx");
     store.SetFormat({0, 2}, {0, 4}, {.color = red.color, .bold = false});
     store.SetFormat({0, 4}, {0, 6}, {.color = red.color, .bold = false});
-    ASSERT_EQ(store.Stretches(0).size(), 1U);
-    EXPECT_EQ(store.Stretches(0)[0], (Stretch{2, 4, red}));
+    ASSERT_EQ(store.Runs(0).size(), 1U);
+    EXPECT_EQ(store.Runs(0)[0], (FormatRun{{2, 4}, red}));
 }
 
 TEST(FormatStore, SplitsAndJoinsLinesWithTheirFormats) {
@@ -129,12 +129,12 @@ TEST(FormatStore, SplitsAndJoinsLinesWithTheirFormats) {
     store.SetFormat({0, 1}, {0, 5}, {.color = red.color, .bold = false});
     store.Replace({0, 3}, {0, 3}, std::vector{0, 0}, plain);  // a line end in the middle
     ASSERT_EQ(store.LineCount(), 2);
-    EXPECT_EQ(store.Stretches(0)[0], (Stretch{1, 2, red}));
-    EXPECT_EQ(store.Stretches(1)[0], (Stretch{0, 2, red}));
+    EXPECT_EQ(store.Runs(0)[0], (FormatRun{{1, 2}, red}));
+    EXPECT_EQ(store.Runs(1)[0], (FormatRun{{0, 2}, red}));
     store.Replace({0, 3}, {1, 0}, std::vector{0}, plain);
     ASSERT_EQ(store.LineCount(), 1);
-    ASSERT_EQ(store.Stretches(0).size(), 1U);
-    EXPECT_EQ(store.Stretches(0)[0], (Stretch{1, 4, red}));
+    ASSERT_EQ(store.Runs(0).size(), 1U);
+    EXPECT_EQ(store.Runs(0)[0], (FormatRun{{1, 4}, red}));
 }
 
 TEST(FormatStore, ChangesOnePartOfTheFormat) {
@@ -168,7 +168,7 @@ TEST(FormatStore, SetsEverythingAtOnceInTheBase) {
     store.SetFormat({0, 1}, {2, 1}, {.color = red.color, .bold = true});
     store.SetAll(blueBold);
     EXPECT_EQ(store.Base(), blueBold);
-    for (int line = 0; line < 3; ++line) EXPECT_TRUE(store.Stretches(line).empty());
+    for (int line = 0; line < 3; ++line) EXPECT_TRUE(store.Runs(line).empty());
     EXPECT_EQ(store.FormatAt({1, 1}), blueBold);
 }
 
@@ -193,9 +193,9 @@ TEST(FormatStore, AdvancesOverLineEndsAndStopsAtTheEnd) {
 }
 
 TEST(FormatStore, PaintsAWholeTextFromOffsets) {
-    FormatStore store = StoreOf("xxxx\nxxxx\n\nxxxx");  // lines start at 0, 6, 12 and 14 when a line end counts two
-    const std::vector<FormatSpan> spans{{1, 2, red}, {3, 12, blueBold}, {15, 1, red}};
-    store.SetAll(plain, spans, 2);
+    FormatStore store = StoreOf("xxxx\nxxxx\n\nxxxx");  // lines start at 0, 5, 10 and 11
+    const std::vector<FormatRun> runs{{{1, 2}, red}, {{3, 9}, blueBold}, {{12, 1}, red}};
+    store.SetAll(plain, runs);
     EXPECT_EQ(store.FormatAt({0, 0}), plain);
     EXPECT_EQ(store.FormatAt({0, 2}), red);
     EXPECT_EQ(store.FormatAt({0, 3}), blueBold);
@@ -207,9 +207,9 @@ TEST(FormatStore, PaintsAWholeTextFromOffsets) {
     EXPECT_EQ(store.FormatAt({3, 2}), plain);
 }
 
-TEST(FormatStore, ASpanThatEndsBetweenCrAndLfLeavesTheLineEndOut) {
+TEST(FormatStore, ARunThatEndsBeforeTheLineEndLeavesItOut) {
     FormatStore store = StoreOf("xx\nxx");
-    store.SetAll(plain, std::vector<FormatSpan>{{0, 3, red}}, 2);
+    store.SetAll(plain, std::vector<FormatRun>{{{0, 2}, red}});
     EXPECT_EQ(store.FormatAt({0, 1}), red);
     EXPECT_EQ(store.FormatAt({0, 2}), plain);
 }

@@ -41,7 +41,7 @@ protected:
     NearText around{*edit.document()};
 };
 
-TEST_F(NearTextTest, ReadsAnyStretch) {
+TEST_F(NearTextTest, ReadsAnyRange) {
     edit.setPlainText(Lines(5000));
     for (const int length : {0, 1, 1999, 2000, 14000, 20000, 20001, 50000}) {
         for (const int position : {0, 100, 30000}) {
@@ -63,7 +63,7 @@ TEST_F(NearTextTest, FollowsEditsBeforeInAndBehind) {
     check(30000);
     Edit(35000, 5, "in it\n\n");
     check(30000);
-    Edit(60000, 100, "behind");
+    Edit(60000, 100, "after");
     check(30000);
     Edit(25000, 6000, "over its start");
     check(30000);

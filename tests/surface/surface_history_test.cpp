@@ -16,7 +16,7 @@ struct FullCopy {
     QString text;
     CharFormat base;
     std::vector<int> lengths;
-    std::vector<std::vector<Stretch>> stretches;
+    std::vector<std::vector<FormatRun>> runs;
 
     bool operator==(const FullCopy&) const = default;
 };
@@ -61,9 +61,9 @@ public:
     [[nodiscard]] FullCopy Copy() const {
         FullCopy copy{text_, formats.Base(), {}, {}};
         for (int line = 0; line < formats.LineCount(); ++line) {
-            const auto list = formats.Stretches(line);
+            const auto list = formats.Runs(line);
             copy.lengths.push_back(formats.LineLength(line));
-            copy.stretches.emplace_back(list.begin(), list.end());
+            copy.runs.emplace_back(list.begin(), list.end());
         }
         return copy;
     }
@@ -269,8 +269,8 @@ TEST_P(RandomHistory, EveryVersionComesBack) {
             const int until = std::min(size, position + below(200));
             text.formats.SetFormat(text.PlaceOf(position), text.PlaceOf(until), {.color = look.color, .bold = {}});
         } else if (kind == 13) {
-            const std::array span{FormatSpan{position, below(500), looks.at(random() % 3)}};
-            text.formats.SetAll(look, span, 1);
+            const std::array run{FormatRun{{position, below(500)}, looks.at(random() % 3)}};
+            text.formats.SetAll(look, run);
         } else if (kind == 14 && below(4) == 0) {
             text.Fill(below(2) == 0 ? ManyLines(below(1500)) : text.Text().toUpper());
         } else if (kind < 18) {

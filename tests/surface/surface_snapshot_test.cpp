@@ -19,12 +19,12 @@ constexpr CharFormat redBold{red, true};
 struct FullCopy {
     QString text;
     CharFormat base;
-    std::vector<std::vector<Stretch>> stretches;
+    std::vector<std::vector<FormatRun>> runs;
 
     explicit FullCopy(const EditSurface& surface) : text(surface.Text()), base(surface.Formats().Base()) {
         for (int line = 0; line < surface.Formats().LineCount(); ++line) {
-            const auto list = surface.Formats().Stretches(line);
-            stretches.emplace_back(list.begin(), list.end());
+            const auto list = surface.Formats().Runs(line);
+            runs.emplace_back(list.begin(), list.end());
         }
     }
     bool operator==(const FullCopy&) const = default;
@@ -231,9 +231,9 @@ TEST_F(SurfaceSnapshotTest, OverlongLinesComeBackInTheirColors) {
 
 TEST_F(SurfaceSnapshotTest, StepsCostWhatWasEdited) {
     surface.SetText(NumberedLines(100000));
-    std::vector<FormatSpan> spans;
-    for (int offset = 0; offset + 4 < surface.Length(); offset += 20) spans.push_back({offset, 4, redBold});
-    surface.SetAllFormats({}, spans);
+    std::vector<FormatRun> runs;
+    for (int offset = 0; offset + 4 < surface.Length(); offset += 20) runs.push_back({{offset, 4}, redBold});
+    surface.SetAllFormats({}, runs);
     std::vector<EditSurface::Snapshot> snapshots;
     for (int step = 0; step < 62; ++step) {
         snapshots.push_back(surface.TakeSnapshot());
@@ -328,8 +328,8 @@ TEST_P(RandomSnapshots, EveryOneComesBack) {
         } else if (kind == 14) {
             surface.SetSelColor(red);
         } else if (kind == 15) {
-            const std::array span{FormatSpan{offset, below(100), anyLook()}};
-            surface.SetAllFormats(anyLook(), span);
+            const std::array run{FormatRun{{offset, below(100)}, anyLook()}};
+            surface.SetAllFormats(anyLook(), run);
         } else if (kind == 16) {
             surface.SetText(below(2) == 0 ? anyText(2000) : surface.Text().toUpper());
         } else if (kind < 20) {
