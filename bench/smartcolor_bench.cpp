@@ -51,7 +51,7 @@ void ScanPage(benchmark::State& state) {
     std::size_t runs = 0;
     for (auto _ : state) {
         const auto start = Clock::now();
-        const std::vector<FormatRun> formats = MarkupFormats(page, {}, {.color = 0, .bold = false}, LineEnds::Lf);
+        const std::vector<FormatRun> formats = MarkupFormats(page, {}, {.color = 0, .bold = false});
         state.SetIterationTime(SecondsSince(start));
         runs = formats.size();
     }

@@ -1,5 +1,5 @@
 // Any text, range and settings through the colour coding scan: its steps stay inside the text, a full pass has no
-// overlaps, and a range without the text around it gets the same steps as within it.
+// overlaps, and a range without the text after it gets the same steps as with it.
 #include "editor/markup_scan.h"
 
 #include <QString>
@@ -17,23 +17,29 @@ void Demand(bool holds) {
     if (!holds) std::abort();
 }
 
+bool Same(const MarkupScan& left, const MarkupScan& right) {
+    return left.steps == right.steps && left.tagCount == right.tagCount && left.selected == right.selected;
+}
+
 void CheckRange(const QString& text, const TextRange& range, const MarkupColors& colors) {
-    const MarkupScan scan = ScanMarkup(text, colors, range);
     const auto size = static_cast<int>(text.size());
+    const auto find = [&text](QStringView closing, int offset) {
+        return static_cast<int>(text.indexOf(closing, offset, Qt::CaseInsensitive));
+    };
+    TextExcerpt excerpt{
+        .text = QStringView(text).sliced(range.offset), .range = range, .endOfText = size, .find = find};
+    const MarkupScan scan = ScanRange(excerpt, colors);
     for (const FormatStep& step : scan.steps) {
         Demand(step.range.offset >= range.offset && step.range.length > 0 && step.range.End() <= size);
     }
     Demand(scan.selected >= -1 && scan.selected <= size);
 
-    const QString piece = text.mid(range.offset, range.length + 1);
-    const auto find = [&text](QStringView closing, int offset) {
-        return static_cast<int>(text.indexOf(closing, offset, Qt::CaseInsensitive));
-    };
-    const MarkupScan alone = ScanRange({.text = piece, .range = range, .endOfText = size, .find = find}, colors);
-    Demand(alone.steps == scan.steps && alone.tagCount == scan.tagCount && alone.selected == scan.selected);
+    const QString alone = text.mid(range.offset, range.length + 1);
+    excerpt.text = alone;
+    Demand(Same(ScanRange(excerpt, colors), scan));
 }
 
-void CheckWhole(QString text, const MarkupColors& colors) {
+void CheckWhole(const QString& text, const MarkupColors& colors) {
     const CharFormat rest{.color = 0, .bold = false};
     int end = 0;
     for (const FormatRun& run : MarkupFormats(text, colors, rest)) {
@@ -41,13 +47,6 @@ void CheckWhole(QString text, const MarkupColors& colors) {
         end = run.range.End();
         Demand(end <= text.size());
     }
-    // A text of whole line ends counts as many tags when these are single characters.
-    text.remove(u'\r');
-    QString whole = text;
-    whole.replace(u'\n', QLatin1String("\r\n"));
-    const MarkupScan single = ScanMarkup(text, colors, {}, LineEnds::Lf);
-    const MarkupScan both = ScanMarkup(whole, colors);
-    Demand(single.tagCount == both.tagCount && single.steps.size() == both.steps.size());
 }
 
 }  // namespace

@@ -33,23 +33,17 @@ class Walk {
 public:
     // Nothing that reaches `limit` is painted. `end` is where the text ends, which may be far after `text`.
     struct Bounds {
-        qsizetype first;
         qsizetype limit;
         qsizetype end;
+        bool lineFeedEnds;  // a line feed ends a tag's name, as a CR does
     };
 
-    Walk(QStringView text, Bounds bounds, LineEnds lineEnds, const MarkupColors& colors, Canvas& canvas,
-         const Closing& closing)
-        : text_(text),
-          bounds_(bounds),
-          lineFeedEnds_(lineEnds == LineEnds::Lf),
-          colors_(colors),
-          canvas_(canvas),
-          closing_(closing) {}
+    Walk(QStringView text, Bounds bounds, const MarkupColors& colors, Canvas& canvas, const Closing& closing)
+        : text_(text), bounds_(bounds), colors_(colors), canvas_(canvas), closing_(closing) {}
 
     void Tags() {
         nextOpener_ = -1;
-        for (qsizetype from = bounds_.first; true;) {
+        for (qsizetype from = 0; true;) {
             const qsizetype begin = Opener(from);
             if (begin < 0 || begin >= bounds_.limit) return;
             ++tagCount_;
@@ -61,7 +55,7 @@ public:
     }
 
     void Blocks() {
-        for (qsizetype from = bounds_.first; from < text_.size();) {
+        for (qsizetype from = 0; from < text_.size();) {
             const qsizetype begin = BlockOpener(from);
             if (begin < 0 || begin >= bounds_.limit) return;
             const qsizetype closer = BlockCloser(begin + 1);
@@ -126,7 +120,7 @@ private:
             canvas_.Tag(begin, tag.size(), colors_.comments, true);
             return last;
         }
-        switch (classes_.ClassOf(tag, lineFeedEnds_)) {
+        switch (classes_.ClassOf(tag, bounds_.lineFeedEnds)) {
             case TagClass::Plain:
                 canvas_.Tag(begin, tag.size(), colors_.other, true);
                 break;
@@ -171,7 +165,6 @@ private:
 
     QStringView text_;
     Bounds bounds_;
-    bool lineFeedEnds_;
     const MarkupColors& colors_;
     Canvas& canvas_;
     const Closing& closing_;
@@ -262,18 +255,6 @@ private:
 
 }  // namespace
 
-MarkupScan ScanMarkup(QStringView text, const MarkupColors& colors, const std::optional<TextRange>& range,
-                      LineEnds lineEnds) {
-    const qsizetype first = range ? std::clamp<qsizetype>(range->offset, 0, text.size()) : 0;
-    const qsizetype limit = range ? qsizetype{range->offset} + range->length : text.size();
-    StepCanvas canvas(colors, 0);
-    const auto closing = [text](QStringView tag, qsizetype from) { return FindClosing(text, tag, from); };
-    Walk walk(text, {.first = first, .limit = limit, .end = text.size()}, lineEnds, colors, canvas, closing);
-    walk.Tags();
-    walk.Blocks();
-    return {canvas.Taken(), walk.TagCount(), static_cast<int>(walk.Selected())};
-}
-
 MarkupScan ScanRange(const TextExcerpt& excerpt, const MarkupColors& colors) {
     const QStringView text = excerpt.text;
     const int start = excerpt.range.offset;
@@ -286,20 +267,19 @@ MarkupScan ScanRange(const TextExcerpt& excerpt, const MarkupColors& colors) {
         const int far = excerpt.find(tag, start + static_cast<int>(reach));
         return far < 0 ? -1 : far - start;
     };
-    Walk walk(text, {.first = 0, .limit = excerpt.range.length, .end = excerpt.endOfText - start}, LineEnds::CrLf,
-              colors, canvas, closing);
+    Walk walk(text, {.limit = excerpt.range.length, .end = excerpt.endOfText - start, .lineFeedEnds = false}, colors,
+              canvas, closing);
     walk.Tags();
     walk.Blocks();
     const int selected = walk.Selected() < 0 ? -1 : static_cast<int>(walk.Selected()) + start;
     return {canvas.Taken(), walk.TagCount(), selected};
 }
 
-std::vector<FormatRun> MarkupFormats(QStringView text, const MarkupColors& colors, const CharFormat& rest,
-                                     LineEnds lineEnds) {
+std::vector<FormatRun> MarkupFormats(QStringView text, const MarkupColors& colors, const CharFormat& rest) {
     if (colors.off && !colors.aspBold) return {};
     FormatCanvas canvas(colors, rest, text.size());
     const auto closing = [text](QStringView tag, qsizetype from) { return FindClosing(text, tag, from); };
-    Walk walk(text, {.first = 0, .limit = text.size(), .end = text.size()}, lineEnds, colors, canvas, closing);
+    Walk walk(text, {.limit = text.size(), .end = text.size(), .lineFeedEnds = true}, colors, canvas, closing);
     if (!colors.off) walk.Tags();
     walk.Blocks();
     return canvas.Taken();

@@ -10,8 +10,6 @@
 #include <QStringView>
 
 #include <functional>
-#include <limits>
-#include <optional>
 #include <vector>
 
 namespace vellum {
@@ -28,9 +26,6 @@ struct MarkupColors {
     bool aspBold = true;  // server-side blocks are bold, with or without colours
 };
 
-// What a line end of the scanned text is. A "\n" that stands for CR LF ends a tag's name as the CR does.
-enum class LineEnds { CrLf, Lf };
-
 struct MarkupScan {
     std::vector<FormatStep> steps;  // painted in their order, later ones over earlier ones
     int tagCount = 0;
@@ -39,12 +34,7 @@ struct MarkupScan {
     int selected = -1;
 };
 
-// What the whole of `text`, or the range of it, looks like.
-[[nodiscard]] MarkupScan ScanMarkup(QStringView text, const MarkupColors& colors,
-                                    const std::optional<TextRange>& range = std::nullopt,
-                                    LineEnds lineEnds = LineEnds::CrLf);
-
-// A range of a text, without the text around it.
+// A range of a text with CR LF at line ends, without the text around it.
 struct TextExcerpt {
     QStringView text;   // of the range and one character more, unless the whole text ends there
     TextRange range;    // begins in the whole text
@@ -58,9 +48,10 @@ struct TextExcerpt {
 // in the answer are those of the whole text.
 [[nodiscard]] MarkupScan ScanRange(const TextExcerpt& excerpt, const MarkupColors& colors);
 
-// What the whole of `text` looks like after all steps: the runs that have a colour or a weight of their own, ascending
-// and without overlaps. Everything else is in `rest`, and so is the text before the first step.
-[[nodiscard]] std::vector<FormatRun> MarkupFormats(QStringView text, const MarkupColors& colors, const CharFormat& rest,
-                                                   LineEnds lineEnds = LineEnds::CrLf);
+// What the whole of a text looks like after all steps: the runs that have a colour or a weight of their own, ascending
+// and without overlaps. Everything else is in `rest`, and so is the text before the first step. A line end is a single
+// "\n" in `text`.
+[[nodiscard]] std::vector<FormatRun> MarkupFormats(QStringView text, const MarkupColors& colors,
+                                                   const CharFormat& rest);
 
 }  // namespace vellum

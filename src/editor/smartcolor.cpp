@@ -67,7 +67,7 @@ bool PaintAll(Workbench& bench, Document& document) {
     if (hasMarkup) {
         waiting.emplace();
         if (!IsScriptCaption(document.Caption())) {
-            formats = MarkupFormats(text, ColorsOf(options), plain, LineEnds::Lf);
+            formats = MarkupFormats(text, ColorsOf(options), plain);
         }
     }
     surface.SetAllFormats(plain, formats);
