@@ -67,15 +67,15 @@ void ColorBeforeDash(const EditorOptions& options, EditSurface& surface, const P
     const int offset = surface.SelStart();
     if (offset < length || place.kind == PlaceKind::Region || place.kind == PlaceKind::Server) return;
     if (surface.Mid(offset - length, length) != opener) return;
-    surface.SetColor(offset - length, length, options.CommentsColor);
+    surface.SetFormat({offset - length, length}, {.color = options.CommentsColor, .bold = {}});
     TakeFormatBefore(surface, offset);
 }
 
 void ColorBeforePercent(const EditorOptions& options, EditSurface& surface) {
     const int offset = surface.SelStart();
     if (offset < 1 || surface.Mid(offset - 1, 1) != QLatin1String("<")) return;
-    if (!options.colorCodingOff) surface.SetColor(offset - 1, 1, options.AspColor);
-    if (options.aspBold) surface.SetBold(offset - 1, 1, true);
+    if (!options.colorCodingOff) surface.SetFormat({offset - 1, 1}, {.color = options.AspColor, .bold = {}});
+    if (options.aspBold) surface.SetFormat({offset - 1, 1}, {.color = {}, .bold = true});
     TakeFormatBefore(surface, offset);
 }
 

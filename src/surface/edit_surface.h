@@ -6,6 +6,7 @@
 
 #include "surface/format_store.h"
 #include "surface/surface_history.h"
+#include "values/text_range.h"
 #include "values/units.h"
 
 #include <QPlainTextEdit>
@@ -47,14 +48,10 @@ public:
     void SetSelColor(ColorNumber color);
     [[nodiscard]] std::optional<bool> SelBold() const;
     void SetSelBold(bool bold);
-    // Colours and weights of a range without touching the selection. `offset` and `length` as everywhere.
-    void SetFormat(int offset, int length, CharFormat format);
-    void SetColor(int offset, int length, ColorNumber color);
-    void SetBold(int offset, int length, bool bold);
+    // The same in a range, without touching the selection.
+    void SetFormat(const TextRange& range, const FormatChange& change);
     // Many of these in their order, each one on what the ones before it left. Fast when they lie close together.
     void ApplyFormats(std::span<const FormatStep> steps);
-    // The one colour of a range; empty when it has several, or no character.
-    [[nodiscard]] std::optional<ColorNumber> ColorOf(int offset, int length) const;
     // The formats of the whole text at once: the fast way to paint it. Runs ascend and don't overlap; what lies in none
     // takes `rest`. Their offsets are those of RawText(), where a line end counts as one character. The insertion
     // colour is again that of the character before the caret.
@@ -90,11 +87,6 @@ public:
     int Find(const QString& text, int start, Qt::CaseSensitivity cs = Qt::CaseInsensitive);
     // The same without selecting anything.
     [[nodiscard]] int IndexOf(const QString& text, int start, Qt::CaseSensitivity cs = Qt::CaseSensitive) const;
-
-    // Extends the selection forward or backward up to the next character of `characters` (`until` true), or over all
-    // characters of it (`until` false). The found character itself is not taken. Going back until CR, the selection
-    // starts between CR and LF, which is at the end of the line before: SelStart + 2 is then the start of the line.
-    void Span(const QString& characters, bool forward, bool until);
 
     // The line, from 0, that holds `offset`.
     [[nodiscard]] int GetLineFromChar(int offset) const;

@@ -76,16 +76,10 @@ void EditSurface::SetSelBold(bool bold) {
     d_->ChangeFormat({.color = {}, .bold = bold});
 }
 
-void EditSurface::SetFormat(int offset, int length, CharFormat format) {
-    d_->ChangeFormatOf(offset, length, {.color = format.color, .bold = format.bold});
-}
-
-void EditSurface::SetColor(int offset, int length, ColorNumber color) {
-    d_->ChangeFormatOf(offset, length, {.color = color, .bold = {}});
-}
-
-void EditSurface::SetBold(int offset, int length, bool bold) {
-    d_->ChangeFormatOf(offset, length, {.color = {}, .bold = bold});
+void EditSurface::SetFormat(const TextRange& range, const FormatChange& change) {
+    const int begin = std::clamp(range.offset, 0, Length());
+    const int count = std::clamp(range.length, 0, Length() - begin);
+    d_->ChangeFormat(d_->PositionOf(begin), d_->PositionOf(begin + count), change);
 }
 
 void EditSurface::ApplyFormats(std::span<const FormatStep> steps) {
@@ -104,11 +98,6 @@ void EditSurface::ApplyFormats(std::span<const FormatStep> steps) {
     }
     d_->MarkOutdated(firstLine, lastLine);
     viewport()->update();
-}
-
-std::optional<ColorNumber> EditSurface::ColorOf(int offset, int length) const {
-    return d_->formats.CommonColor(d_->PlaceOf(d_->PositionOf(offset)), d_->PlaceOf(d_->PositionOf(offset + length)),
-                                   d_->foreColor);
 }
 
 void EditSurface::SetAllFormats(const CharFormat& rest, std::span<const FormatRun> runs) {
@@ -132,12 +121,6 @@ void EditSurface::Private::ChangeFormat(const FormatChange& change) {
     } else {
         insertion = change.AppliedTo(InsertionFormat());
     }
-}
-
-void EditSurface::Private::ChangeFormatOf(int offset, int length, const FormatChange& change) {
-    const int begin = std::clamp(offset, 0, q.Length());
-    const int count = std::clamp(length, 0, q.Length() - begin);
-    ChangeFormat(PositionOf(begin), PositionOf(begin + count), change);
 }
 
 void EditSurface::Private::ChangeFormat(int from, int to, const FormatChange& change) {

@@ -79,7 +79,6 @@ struct EditSurface::Private {
 
     void ChangeFormat(const FormatChange& change);  // of the selection or the next characters
     void ChangeFormat(int from, int to, const FormatChange& change);
-    void ChangeFormatOf(int offset, int length, const FormatChange& change);
     void MarkOutdated(int firstLine, int lastLine);
     void MarkAllOutdated();
     // Gives a block's layout the formats of its line when it has others.

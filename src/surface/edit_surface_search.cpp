@@ -67,14 +67,6 @@ private:
     Qt::CaseSensitivity cs_;
 };
 
-// The character of CR LF text at an offset of one line, its line end included; 0 beyond.
-char16_t CharacterAt(const QString& line, int index, bool hasEnd) {
-    const int length = static_cast<int>(line.size());
-    if (index < length) return line.at(index).unicode();
-    if (!hasEnd) return 0;
-    return index == length ? u'\r' : u'\n';
-}
-
 }  // namespace
 
 std::optional<std::pair<int, int>> EditSurface::Private::Match(const QString& text, int start,
@@ -106,41 +98,6 @@ int EditSurface::Find(const QString& text, int start, Qt::CaseSensitivity cs) {
     cursor.setPosition(match->second, QTextCursor::KeepAnchor);
     setTextCursor(cursor);
     return d_->OffsetOf(match->first);
-}
-
-void EditSurface::Span(const QString& characters, bool forward, bool until) {
-    const QTextCursor selected = textCursor();
-    int from = selected.selectionStart();
-    int to = selected.selectionEnd();
-    QTextBlock block = document()->findBlock(forward ? to : from);
-    QString line = d_->Characters(block.position(), block.length() - 1);
-    const auto stops = [&](int index) {
-        const char16_t character = CharacterAt(line, index, block.next().isValid());
-        return character == 0 || characters.contains(QChar(character)) == until;
-    };
-    // Columns run over both characters of a line end: length and length + 1.
-    int column = (forward ? to : from) - block.position();
-    while (true) {
-        const int length = static_cast<int>(line.size());
-        if (forward) {
-            while (column < length + 2 && !stops(column)) ++column;
-            if (column < length + 2) break;
-            block = block.next();
-            column = 0;
-        } else {
-            while (column > 0 && !stops(column - 1)) --column;
-            if (column > 0 || !block.previous().isValid()) break;
-            block = block.previous();
-            column = block.length() - 1 + 2;
-        }
-        line = d_->Characters(block.position(), block.length() - 1);
-    }
-    const int reached = block.position() + std::min(column, block.length() - 1 + (column > block.length() ? 1 : 0));
-    (forward ? to : from) = reached;
-    QTextCursor cursor = textCursor();
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
 }
 
 }  // namespace vellum

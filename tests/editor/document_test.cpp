@@ -63,7 +63,7 @@ TEST_F(DocumentTest, TypingEndsTheSavedState) {
     EXPECT_FALSE(document.Saver());
     document.SetSaver(true);
     QTest::keyClick(document.Text1, Qt::Key_Left);
-    document.Text1->SetFormat(0, 1, {0xFF, true});
+    document.Text1->SetFormat({0, 1}, {0xFF, true});
     EXPECT_TRUE(document.Saver());  // neither the caret nor colours are text
 }
 

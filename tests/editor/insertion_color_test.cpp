@@ -1,6 +1,7 @@
 #include "editor/insertion_color.h"
 
 #include "settings/settings_keys.h"
+#include "tests/support/color_of.h"
 #include "tests/support/test_workbench.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +26,7 @@ protected:
     void Show(QString marked, ColorNumber color, bool bold = false) {
         const auto caret = static_cast<int>(marked.indexOf(u'|'));
         surface.SetText(marked.remove(u'|'));
-        surface.SetFormat(0, surface.Length(), {color, bold});
+        surface.SetFormat({0, surface.Length()}, {color, bold});
         surface.SetSelStart(caret);
     }
 
@@ -61,16 +62,16 @@ TEST_F(InsertionColorTest, PlainTextIsPlain) {
 
 TEST_F(InsertionColorTest, ATagTakesTheColorOfItsOpening) {
     Show("a<b x|", odd);
-    surface.SetColor(1, 1, links);
+    surface.SetFormat({1, 1}, {.color = links, .bold = {}});
     Apply();
     EXPECT_EQ(Next(), (CharFormat{links, false}));
     Show("a<b x|", odd);  // not one of the tags' colours, but the tag's own
-    surface.SetColor(1, 1, 0x222222);
+    surface.SetFormat({1, 1}, {.color = 0x222222, .bold = {}});
     Apply();
     EXPECT_EQ(Next(), (CharFormat{0x222222, false}));
     surface.SetText("<b x");
     surface.SetForeColor(0x333333);
-    surface.SetFormat(1, 3, {odd, false});
+    surface.SetFormat({1, 3}, {odd, false});
     surface.SetSelStart(4);
     Apply();
     EXPECT_EQ(Next(), (CharFormat{0x333333, false}));  // a "<" without a colour has the surface's own
@@ -79,7 +80,7 @@ TEST_F(InsertionColorTest, ATagTakesTheColorOfItsOpening) {
 TEST_F(InsertionColorTest, ATagKeepsTheFourTagColorsAndLosesBold) {
     for (const ColorNumber color : {tables, frames, links, other}) {
         Show("<b x|", color, true);
-        surface.SetColor(0, 1, odd);
+        surface.SetFormat({0, 1}, {.color = odd, .bold = {}});
         Apply();
         EXPECT_EQ(Next(), (CharFormat{color, false}));
     }
@@ -119,7 +120,7 @@ TEST_F(InsertionColorTest, WhatIsRightAlreadyIsNotWritten) {
     for (const auto& [text, format] : places) {
         Show(text, *format.color, format.bold);
         Apply();
-        surface.SetFormat(surface.SelStart() - 1, 1, {odd, false});
+        surface.SetFormat({surface.SelStart() - 1, 1}, {odd, false});
         EXPECT_EQ(Next(), (CharFormat{odd, false})) << text;
     }
 }
@@ -128,21 +129,21 @@ TEST_F(InsertionColorTest, ADashTurnsTheOpeningIntoAComment) {
     Show("a<!-|b", other);
     SetNext({odd, true});
     ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
-    EXPECT_EQ(surface.ColorOf(1, 3), comments);
-    EXPECT_EQ(surface.ColorOf(0, 1), other);
-    EXPECT_EQ(surface.ColorOf(4, 1), other);
+    EXPECT_EQ(test::ColorOf(surface, {1, 3}), comments);
+    EXPECT_EQ(test::ColorOf(surface, {0, 1}), other);
+    EXPECT_EQ(test::ColorOf(surface, {4, 1}), other);
     EXPECT_EQ(Next(), (CharFormat{comments, false}));
     EXPECT_EQ(surface.SelStart(), 4);
     surface.SetSelText("-");
     EXPECT_EQ(surface.Text(), "a<!--b");
-    EXPECT_EQ(surface.ColorOf(1, 4), comments);
+    EXPECT_EQ(test::ColorOf(surface, {1, 4}), comments);
 }
 
 TEST_F(InsertionColorTest, ADashDoesSoWithColorsDisabledAndAtTheStart) {
     DisableColors();
     Show("<!-|", plain);
     ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
-    EXPECT_EQ(surface.ColorOf(0, 3), comments);
+    EXPECT_EQ(test::ColorOf(surface, {0, 3}), comments);
     EXPECT_EQ(Next(), (CharFormat{comments, false}));
 }
 
@@ -150,7 +151,7 @@ TEST_F(InsertionColorTest, ADashElsewhereChangesNothing) {
     for (const char* text : {"!-|", "<-|", "<!|", "<! -|", "<script><!-|", "<% <!-|", "|<!-"}) {
         Show(text, odd);
         ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
-        EXPECT_EQ(surface.ColorOf(0, surface.Length()), odd) << text;
+        EXPECT_EQ(test::ColorOf(surface, {0, surface.Length()}), odd) << text;
         EXPECT_NE(surface.SelColor(), comments) << text;
     }
 }
@@ -181,7 +182,7 @@ TEST_F(InsertionColorTest, APercentSignElsewhereChangesNothing) {
     for (const char* text : {"|<", "< |", "a|<"}) {
         Show(text, other);
         ColorBeforePercent(bench.Options().Now(), surface);
-        EXPECT_EQ(surface.ColorOf(0, 2), other) << text;
+        EXPECT_EQ(test::ColorOf(surface, {0, 2}), other) << text;
         EXPECT_NE(surface.SelColor(), server) << text;
     }
 }
@@ -192,7 +193,7 @@ TEST_F(InsertionColorTest, ASelectionIsDroppedWhereTheCaretGoesBehindTheOpening)
     ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));
     EXPECT_EQ(surface.SelLength(), 0);
     EXPECT_EQ(surface.SelStart(), 3);
-    EXPECT_EQ(surface.ColorOf(3, 3), other);
+    EXPECT_EQ(test::ColorOf(surface, {3, 3}), other);
 }
 
 TEST_F(InsertionColorTest, AnOpeningIsATagInPlainTextOnly) {

@@ -65,7 +65,7 @@ TEST_F(LineAssists, CountsOnlyTheTabsBeforeTheCaret) {
 
 TEST_F(LineAssists, KeepsTheColoursOfIndentedLines) {
     Put("|one\ntwo|");
-    Surface().SetFormat(5, 3, {.color = 0xFF, .bold = true});
+    Surface().SetFormat({5, 3}, {.color = 0xFF, .bold = true});
     IndentBlock(Surface());
     EXPECT_EQ(Surface().FormatAt(7), (CharFormat{.color = 0xFF, .bold = true}));
     UnindentBlock(Surface());

@@ -1,4 +1,5 @@
 #include "settings/settings_keys.h"
+#include "tests/support/color_of.h"
 #include "tests/support/test_workbench.h"
 
 #include <QTest>
@@ -42,7 +43,7 @@ protected:
         const auto from = static_cast<int>(marked.indexOf(u'|'));
         const auto to = static_cast<int>(marked.lastIndexOf(u'|'));
         surface.SetText(marked.remove(u'|'));
-        surface.SetFormat(0, surface.Length(), {odd, bold});
+        surface.SetFormat({0, surface.Length()}, {odd, bold});
         surface.SetSelStart(from);
         if (to > from) surface.SetSelLength(to - from - 1);
     }
@@ -66,10 +67,10 @@ TEST_F(PortableColorTest, PlainTextIsGivenToTheScanAsASpan) {
     EXPECT_EQ(bench.spanStart, 4);
     EXPECT_EQ(bench.spanLength, 7);
     EXPECT_EQ(bench.textThen, "one <b></b>two");
-    EXPECT_EQ(surface.ColorOf(4, 7), plain);
+    EXPECT_EQ(test::ColorOf(surface, {4, 7}), plain);
     EXPECT_FALSE(surface.FormatAt(4).bold);
-    EXPECT_EQ(surface.ColorOf(0, 4), odd);
-    EXPECT_EQ(surface.ColorOf(11, 3), odd);
+    EXPECT_EQ(test::ColorOf(surface, {0, 4}), odd);
+    EXPECT_EQ(test::ColorOf(surface, {11, 3}), odd);
 }
 
 TEST_F(PortableColorTest, TheSelectionIsReplaced) {
@@ -92,19 +93,19 @@ TEST_F(PortableColorTest, MarksTheDocumentAndEndsTheTypingRun) {
 
 TEST_F(PortableColorTest, ATagsTextTakesTheTagsColorUnscanned) {
     Show("<p |>");
-    surface.SetColor(0, 1, links);
+    surface.SetFormat({0, 1}, {.color = links, .bold = {}});
     Insert("<b> id");
     EXPECT_EQ(surface.Text(), "<p <b> id>");
-    EXPECT_EQ(surface.ColorOf(3, 6), links);
+    EXPECT_EQ(test::ColorOf(surface, {3, 6}), links);
     EXPECT_EQ(bench.passes, 0);
     EXPECT_EQ(surface.SelStart(), 9);
 }
 
 TEST_F(PortableColorTest, ATagColorBeforeTheCaretIsKept) {
     Show("<p |>");
-    surface.SetColor(2, 1, links);
+    surface.SetFormat({2, 1}, {.color = links, .bold = {}});
     Insert("id");
-    EXPECT_EQ(surface.ColorOf(3, 2), links);
+    EXPECT_EQ(test::ColorOf(surface, {3, 2}), links);
 }
 
 TEST_F(PortableColorTest, CommentsAndRegionsColorWhateverComes) {
@@ -112,7 +113,7 @@ TEST_F(PortableColorTest, CommentsAndRegionsColorWhateverComes) {
         Show(text);
         const int offset = surface.SelStart();
         Insert("<b>x</b>");
-        EXPECT_EQ(surface.ColorOf(offset, 8), comments) << text;
+        EXPECT_EQ(test::ColorOf(surface, {offset, 8}), comments) << text;
         EXPECT_EQ(surface.SelStart(), offset + 8);
         EXPECT_EQ(bench.passes, 0);
     }
@@ -134,11 +135,11 @@ TEST_F(PortableColorTest, WithColorsDisabledOnlyPlainTextAndTagsTakeAColor) {
         Show(text);
         const int offset = surface.SelStart();
         Insert("x");
-        EXPECT_EQ(surface.ColorOf(offset, 1), odd) << text;
+        EXPECT_EQ(test::ColorOf(surface, {offset, 1}), odd) << text;
     }
     Show("a|");
     Insert("x");
-    EXPECT_EQ(surface.ColorOf(1, 1), plain);
+    EXPECT_EQ(test::ColorOf(surface, {1, 1}), plain);
 }
 
 TEST_F(PortableColorTest, EachLineTakesTheTabsOfTheCaretsLine) {

@@ -4,6 +4,7 @@
 #include "tests/editor/marked_text.h"
 #include "tests/editor/markup_oracle.h"
 #include "tests/editor/random_markup.h"
+#include "tests/support/color_of.h"
 #include "tests/support/test_workbench.h"
 #include "widgets/wait_pointer.h"
 
@@ -98,11 +99,11 @@ TEST_F(SmartcolorTest, WithoutADocumentNothingHappens) {
 
 TEST_F(SmartcolorTest, AFullPassResetsColorsAndWeights) {
     surface.SetText("one <b>two</b> three");
-    surface.SetFormat(0, 20, {.color = 0xFF00FF, .bold = true});
+    surface.SetFormat({0, 20}, {.color = 0xFF00FF, .bold = true});
     workbench.Smartcolor();
     EXPECT_EQ(Marks(), "one «o:<b>»two«o:</b>» three");
     surface.SetText("one two");
-    surface.SetFormat(0, 3, {.color = 0xFF00FF, .bold = true});
+    surface.SetFormat({0, 3}, {.color = 0xFF00FF, .bold = true});
     workbench.Smartcolor();
     EXPECT_EQ(Marks(), "one two");
 }
@@ -114,11 +115,11 @@ TEST_F(SmartcolorTest, TakesThePlainColorAndTheBackgroundFromTheSettings) {
     workbench.Smartcolor();
     EXPECT_EQ(surface.BackColor(), 8421376U);
     EXPECT_EQ(surface.ForeColor(), 255U);
-    EXPECT_EQ(surface.ColorOf(0, 1), 255U);
+    EXPECT_EQ(test::ColorOf(surface, {0, 1}), 255U);
     Store(keys::foreColor, "254");
     surface.SetText("no markup");
     workbench.Smartcolor();
-    EXPECT_EQ(surface.ColorOf(0, 9), 254U);
+    EXPECT_EQ(test::ColorOf(surface, {0, 9}), 254U);
 }
 
 TEST_F(SmartcolorTest, TheNextCharacterTakesTheNewColorsToo) {
@@ -261,7 +262,7 @@ TEST_F(SmartcolorTest, ScriptDocumentsAreNeverColored) {
     for (const char* caption : {"/x/a.js", "/x/NOTES.TXT", "/x/a.css", "/x/a.Vbs"}) {
         document.SetCaption(caption);
         surface.SetText("<b>x</b> <%=y%>");
-        surface.SetFormat(0, 3, {.color = 0xFF00FF, .bold = true});
+        surface.SetFormat({0, 3}, {.color = 0xFF00FF, .bold = true});
         workbench.shown.clear();
         workbench.Smartcolor();
         EXPECT_EQ(Marks(), "<b>x</b> <%=y%>") << caption;
@@ -362,8 +363,8 @@ TEST_F(SmartcolorTest, ARegionOverSeveralColorsKeepsThem) {
 
 TEST_F(SmartcolorTest, AComparedTagOfSeveralColorsKeepsThemAnotherDoesNot) {
     surface.SetText("<p><br>");
-    surface.SetColor(1, 1, 2);
-    surface.SetColor(4, 1, 2);
+    surface.SetFormat({1, 1}, {.color = 2, .bold = {}});
+    surface.SetFormat({4, 1}, {.color = 2, .bold = {}});
     ColorSpan(0, 7);
     EXPECT_EQ(Marks(), "<«f:p»>«o:<br>»");
 }

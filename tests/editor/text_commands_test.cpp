@@ -1,6 +1,7 @@
 #include "editor/text_commands.h"
 
 #include "settings/settings_keys.h"
+#include "tests/support/color_of.h"
 #include "tests/support/test_workbench.h"
 
 #include <QClipboard>
@@ -123,7 +124,7 @@ TEST_F(TextCommandsTest, PasteTakesTheColorOfItsPlace) {
     Show("<!-- |");
     PasteText(bench);
     EXPECT_EQ(surface.Text(), "<!-- old");
-    EXPECT_EQ(surface.ColorOf(5, 3), ColorNumber{8421504});
+    EXPECT_EQ(test::ColorOf(surface, {5, 3}), ColorNumber{8421504});
     EXPECT_EQ(bench.passes, 0);
 }
 

@@ -241,7 +241,7 @@ TEST(TypingInWindows, WhatIsDroppedOnAWindowBehindGoesThere) {
 
 TEST_F(TypingTest, AGreaterSignAtTheSecondPlacePaintsNothing) {
     Put("<|");
-    Surface().SetColor(0, 1, workbench.Options()->LinksColor);
+    Surface().SetFormat({0, 1}, {.color = workbench.Options()->LinksColor, .bold = {}});
     Type(">");
     EXPECT_EQ(Colours(), "aa");
 }

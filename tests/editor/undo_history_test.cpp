@@ -146,7 +146,7 @@ TEST_F(DocumentUndoTest, NothingToUndoOrRedoInANewWindow) {
 
 TEST_F(DocumentUndoTest, BringsBackTextColorsWeightAndCaret) {
     surface.SetText("one\r\ntwo");
-    surface.SetFormat(0, 2, {0x0000FF, true});
+    surface.SetFormat({0, 2}, {0x0000FF, true});
     surface.SetSelStart(6);
     Step("three");
     surface.SetSelStart(2);

@@ -186,7 +186,7 @@ TEST_F(MainWindowTest, ThePanelRefusesCachingFiles) {
 
 TEST_F(MainWindowTest, CustomizeOpensTheSettingsAndTheyReachTheWindow) {
     Open(false, MakeFile("page.htm", "some text"));
-    Active().Text1->SetFormat(0, 4, {std::nullopt, true});
+    Active().Text1->SetFormat({0, 4}, {std::nullopt, true});
     QTimer::singleShot(0, window.get(), [] {
         auto* dialog = qobject_cast<frmSettings*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);

@@ -1,5 +1,6 @@
 // Many changes of formats at once do what they do one by one.
 #include "surface/edit_surface.h"
+#include "tests/support/color_of.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -28,11 +29,11 @@ TEST(ApplyFormats, StepsBuildOnOneAnother) {
         Colored(1, 4, 5, true), {.range = {2, 1}, .change = {.color = {}, .bold = true}, .ofOneColor = false},
     };
     surface.ApplyFormats(steps);
-    EXPECT_EQ(surface.ColorOf(0, 1), 3U);
-    EXPECT_EQ(surface.ColorOf(1, 4), 5U);
-    EXPECT_EQ(surface.ColorOf(5, 1), 2U);
-    EXPECT_EQ(surface.ColorOf(6, 1), 1U);
-    EXPECT_EQ(surface.ColorOf(7, 1), surface.ForeColor());
+    EXPECT_EQ(test::ColorOf(surface, {0, 1}), 3U);
+    EXPECT_EQ(test::ColorOf(surface, {1, 4}), 5U);
+    EXPECT_EQ(test::ColorOf(surface, {5, 1}), 2U);
+    EXPECT_EQ(test::ColorOf(surface, {6, 1}), 1U);
+    EXPECT_EQ(test::ColorOf(surface, {7, 1}), surface.ForeColor());
     EXPECT_FALSE(surface.FormatAt(1).bold);
     EXPECT_TRUE(surface.FormatAt(2).bold);
 }
@@ -61,8 +62,8 @@ TEST(ApplyFormats, AgreesWithChangesOneByOne) {
         }
         fast.ApplyFormats(steps);
         for (const FormatStep& step : steps) {
-            if (step.ofOneColor && !slow.ColorOf(step.range.offset, step.range.length)) continue;
-            slow.SetColor(step.range.offset, step.range.length, step.change.color->value());
+            if (step.ofOneColor && !test::ColorOf(slow, step.range)) continue;
+            slow.SetFormat(step.range, {.color = step.change.color->value(), .bold = {}});
         }
         ASSERT_EQ(FormatsOf(fast), FormatsOf(slow)) << "round " << round;
     }

@@ -222,8 +222,8 @@ TEST_F(EditSurfaceTest, CopiesAndPastesPlainText) {
 
 TEST_F(EditSurfaceTest, AnInputMethodComposesAndCommits) {
     surface.SetText("ab");
-    surface.SetFormat(0, 1, {red, false});
-    surface.SetFormat(1, 1, {blue, true});
+    surface.SetFormat({0, 1}, {red, false});
+    surface.SetFormat({1, 1}, {blue, true});
     surface.SetSelStart(1);
     QSignalSpy changed(&surface, &EditSurface::Changed);
     Commit({}, "~");
@@ -267,7 +267,7 @@ TEST_F(EditSurfaceTest, ReportsEachChangeOnce) {
     QTest::keyClicks(&surface, "k");
     EXPECT_EQ(changed.count(), 3);
     EXPECT_EQ(moved.count(), 4);
-    surface.SetFormat(0, 3, {red, true});
+    surface.SetFormat({0, 3}, {red, true});
     surface.SetSelColor(blue);
     surface.viewport()->grab();
     EXPECT_EQ(changed.count(), 3);
@@ -282,7 +282,7 @@ TEST_F(EditSurfaceTest, EveryChangeRaisesTheRevision) {
     QTest::keyClicks(&surface, "b");
     EXPECT_GT(surface.Revision(), afterSet);
     const quint64 afterKey = surface.Revision();
-    surface.SetFormat(0, 1, {red, true});
+    surface.SetFormat({0, 1}, {red, true});
     surface.SetSelStart(1);
     EXPECT_EQ(surface.Revision(), afterKey);
 }
@@ -322,7 +322,7 @@ TEST_F(EditSurfaceTest, TheInsertionFormatEndsWhenTheCaretMoves) {
 
 TEST_F(EditSurfaceTest, ReadsTheFormatBeforeTheCaret) {
     surface.SetText("abc");
-    surface.SetFormat(0, 2, {red, true});
+    surface.SetFormat({0, 2}, {red, true});
     surface.SetSelStart(0);
     EXPECT_EQ(surface.SelColor(), surface.ForeColor());
     surface.SetSelStart(2);
@@ -359,7 +359,7 @@ TEST_F(EditSurfaceTest, ColorsTheSelection) {
 
 TEST_F(EditSurfaceTest, ReplacedTextTakesTheFormatOfTheSelection) {
     surface.SetText("abcd");
-    surface.SetFormat(1, 2, {red, false});
+    surface.SetFormat({1, 2}, {red, false});
     surface.SetSelStart(1);
     surface.SetSelLength(2);
     surface.SetSelText("xyz");
@@ -372,7 +372,7 @@ TEST_F(EditSurfaceTest, ReplacedTextTakesTheFormatOfTheSelection) {
 
 TEST_F(EditSurfaceTest, SetTextDropsAllFormats) {
     surface.SetText("abcd");
-    surface.SetFormat(0, 4, {red, true});
+    surface.SetFormat({0, 4}, {red, true});
     surface.SetText("abcd");
     EXPECT_EQ(surface.FormatAt(0), CharFormat());
     surface.SetSelStart(1);
@@ -407,39 +407,12 @@ TEST_F(EditSurfaceTest, FindsOverLineEnds) {
     EXPECT_EQ(surface.SelLength(), 4);
 }
 
-TEST_F(EditSurfaceTest, SpansToTheEndsOfALine) {
-    surface.SetText("one\r\ntwo three\r\nfour");
-    surface.SetSelStart(8);
-    surface.Span("\r", false, true);
-    EXPECT_EQ(surface.SelStart(), 3);  // at the line end before, so that two further on the line starts
-    EXPECT_EQ(surface.SelLength(), 5);
-    surface.SetSelStart(surface.SelStart() + 2);
-    EXPECT_EQ(surface.SelStart(), 5);
-    surface.Span("\r", true, true);
-    EXPECT_EQ(surface.SelText(), "two three");
-    surface.SetSelStart(2);
-    surface.Span("\r", false, true);
-    EXPECT_EQ(surface.SelStart(), 0);
-    surface.SetSelStart(17);
-    surface.Span("\r", true, true);
-    EXPECT_EQ(surface.SelText(), "our");
-    surface.SetSelStart(8);
-    surface.Span("\n", false, true);
-    EXPECT_EQ(surface.SelStart(), 5);
-    surface.SetSelStart(6);
-    surface.Span("wo ", true, false);
-    EXPECT_EQ(surface.SelText(), "wo ");
-    surface.SetSelStart(9);
-    surface.Span("two \r\n", false, false);
-    EXPECT_EQ(surface.SelText(), "\r\ntwo ");
-}
-
 TEST_F(EditSurfaceTest, PaintsACharacterInItsColor) {
     surface.SetEditorFont("Liberation Mono", "20");
     surface.SetBackColor(0xFFFFFF);
     surface.SetForeColor(0x000000);
     surface.SetText("MMM MMM");
-    surface.SetFormat(4, 3, {red, false});
+    surface.SetFormat({4, 3}, {red, false});
     const auto countOf = [&](const QColor& color, int fromOffset, int toOffset) {
         QTextCursor from(surface.document());
         from.setPosition(fromOffset);
@@ -546,7 +519,7 @@ TEST_F(EditSurfaceTest, AnOverlongLineKeepsItsColors) {
     surface.SetEditorFont("Liberation Mono", "20");
     const QString filler = QString("<b>x</b>").repeated(3000);
     surface.SetText("first\r\n" + filler + "\r\nlast");
-    surface.SetFormat(7, 3, {red, false});
+    surface.SetFormat({7, 3}, {red, false});
     surface.SetSelStart(7);
     QTest::keyClick(&surface, Qt::Key_I);
     EXPECT_EQ(surface.Text(), "first\r\ni" + filler + "\r\nlast");
@@ -573,7 +546,7 @@ TEST_F(EditSurfaceTest, AnOverlongLineKeepsItsColors) {
 
 TEST_F(EditSurfaceTest, PaintingAsksForNoFurtherPainting) {
     surface.SetText("abc\r\ndef\r\nghi");
-    surface.SetFormat(0, 13, {red, true});
+    surface.SetFormat({0, 13}, {red, true});
     QApplication::processEvents();
     struct Counter : QObject {
         int paints = 0;
@@ -585,7 +558,7 @@ TEST_F(EditSurfaceTest, PaintingAsksForNoFurtherPainting) {
     surface.setCursorWidth(0);  // a blinking caret is painted for its own reasons
     QApplication::processEvents();
     surface.viewport()->installEventFilter(&counter);
-    surface.SetFormat(1, 5, {blue, false});
+    surface.SetFormat({1, 5}, {blue, false});
     for (int round = 0; round < 20; ++round) QApplication::processEvents();
     EXPECT_EQ(counter.paints, 1);
 }
@@ -708,7 +681,8 @@ TEST_P(EditSurfaceRandom, AgreesWithAPlainModel) {
                 break;
             case 5: {
                 const CharFormat format = palette[random() % palette.size()];
-                surface.SetFormat(model.Offset(at), model.Offset(at + length) - model.Offset(at), format);
+                surface.SetFormat({model.Offset(at), model.Offset(at + length) - model.Offset(at)},
+                                  {format.color, format.bold});
                 std::fill_n(model.formats.begin() + at, length, format);
                 break;
             }

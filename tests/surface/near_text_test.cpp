@@ -181,7 +181,7 @@ protected:
                 surface.SetSelLength(Below(9000));
                 return surface.SetSelText(AnyText());
             case 10:
-                return surface.SetFormat(Below(surface.Length() + 1), 100, {0x0000FF, true});
+                return surface.SetFormat({Below(surface.Length() + 1), 100}, {0x0000FF, true});
             case 11:
                 return QTest::keyClicks(&surface, "typed");
             default:

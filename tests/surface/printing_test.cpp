@@ -128,13 +128,13 @@ TEST_F(PrintingTest, PagesFollowUntilAllLinesAreOut) {
 
 TEST_F(PrintingTest, ColorsAndWeightsGoToPaper) {
     surface.SetText("HHHH HHHH");
-    surface.SetFormat(5, 4, {red, false});
+    surface.SetFormat({5, 4}, {red, false});
     ASSERT_TRUE(paper.Print(surface));
     EXPECT_GT(CountOf(paper.pages[0], Qt::red), 10);
     EXPECT_GT(CountOf(paper.pages[0], Qt::black), 10);
     const int thin = CountOf(paper.pages[0], Qt::white);
     paper.pages.clear();
-    surface.SetFormat(5, 4, {red, true});
+    surface.SetFormat({5, 4}, {red, true});
     ASSERT_TRUE(paper.Print(surface));
     EXPECT_LT(CountOf(paper.pages[0], Qt::white), thin);
     EXPECT_NEAR(InkOf(paper.pages[0]).top(), 102, 4);

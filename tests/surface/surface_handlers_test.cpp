@@ -182,7 +182,7 @@ protected:
     void SetUp() override {
         SurfaceHandlersTest::SetUp();
         surface.SetText("<b>\r\none");
-        surface.SetFormat(0, 3, {.color = 0xFF, .bold = true});
+        surface.SetFormat({0, 3}, {.color = 0xFF, .bold = true});
         Compose();
     }
     void Compose() {

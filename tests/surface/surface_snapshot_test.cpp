@@ -53,7 +53,7 @@ QString NumberedLines(int count) {
 
 TEST_F(SurfaceSnapshotTest, BringsBackTextAndFormats) {
     surface.SetText("one\r\ntwo\r\nthree");
-    surface.SetFormat(1, 6, redBold);
+    surface.SetFormat({1, 6}, {red, true});
     const FullCopy before(surface);
     const QImage picture = Drawn();
     const auto snapshot = surface.TakeSnapshot();
@@ -100,7 +100,7 @@ TEST_F(SurfaceSnapshotTest, DropsTheInsertionFormat) {
 
 TEST_F(SurfaceSnapshotTest, SurvivesANewText) {
     surface.SetText("one\r\ntwo");
-    surface.SetFormat(0, 4, redBold);
+    surface.SetFormat({0, 4}, {red, true});
     const FullCopy before(surface);
     const auto snapshot = surface.TakeSnapshot();
     surface.SetText("on" + QString(QChar(0xFFFD)) + "\r\n\r\no");
@@ -167,7 +167,7 @@ TEST_F(SurfaceSnapshotTest, GivesUpWhatOtherCodeMadeUnknown) {
 
 TEST_F(SurfaceSnapshotTest, ComesBackAfterTextWasDraggedAway) {
     surface.SetText("one\r\ntwo\r\nthree");
-    surface.SetFormat(1, 6, redBold);
+    surface.SetFormat({1, 6}, {red, true});
     const FullCopy before(surface);
     const auto snapshot = surface.TakeSnapshot();
     surface.SetSelStart(2);
@@ -218,7 +218,7 @@ TEST_F(SurfaceSnapshotTest, ComposingIsNoChange) {
 
 TEST_F(SurfaceSnapshotTest, OverlongLinesComeBackInTheirColors) {
     surface.SetText("a" + QString(20000, 'x') + "b");
-    surface.SetFormat(0, 1, redBold);
+    surface.SetFormat({0, 1}, {red, true});
     const QImage picture = Drawn();
     const auto snapshot = surface.TakeSnapshot();
     surface.SetSelText("12");
@@ -324,7 +324,8 @@ TEST_P(RandomSnapshots, EveryOneComesBack) {
             surface.SetSelLength(below(kind == 9 ? 1000 : 30));
             surface.SetSelText(anyText(60));
         } else if (kind < 14) {
-            surface.SetFormat(offset, below(100), anyLook());
+            const CharFormat look = anyLook();
+            surface.SetFormat({offset, below(100)}, {look.color, look.bold});
         } else if (kind == 14) {
             surface.SetSelColor(red);
         } else if (kind == 15) {
