@@ -129,17 +129,10 @@ PosInfo Shifted(PosInfo place, int offset) {
 
 }  // namespace
 
-PosInfo FindPosInfo(QStringView text, int pos) {
+PosInfo GetPosInfo(QStringView text, int pos) {
     if (pos <= windowBefore) return PlaceScan(text, pos).Place();
     const int offset = pos - windowBefore;
     return Shifted(PlaceScan(text.mid(offset, windowLength), windowBefore).Place(), offset);
-}
-
-QString GetPosInfo(const QString& text, int pos) {
-    const PosInfo place = FindPosInfo(text, pos);
-    QString answer = QString::number(static_cast<int>(place.kind)) + u'\t' + QString::number(place.start);
-    if (place.kind == PlaceKind::Tag) answer += u'\t' + QString::number(place.end);
-    return answer;
 }
 
 // Near the start of the text the window ends 2000 characters after the caret too, where the scan of the whole text
@@ -150,9 +143,9 @@ QString GetPosInfo(const QString& text, int pos) {
 // window. Only a tag's own end is told from what lies ahead.
 PosInfo PosInfoAtCaret(const EditSurface& surface) {
     const int pos = surface.SelStart() + 1;
-    if (pos <= windowBefore) return PlaceScan(surface.Mid(0, pos + windowAfter), pos).Place();
+    if (pos <= windowBefore) return GetPosInfo(surface.Mid(0, pos + windowAfter), pos);
     const int offset = pos - windowBefore;
-    return Shifted(PlaceScan(surface.Mid(offset, windowLength), windowBefore).Place(), offset);
+    return Shifted(GetPosInfo(surface.Mid(offset, windowLength), windowBefore), offset);
 }
 
 }  // namespace vellum

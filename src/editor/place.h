@@ -1,7 +1,6 @@
 // What kind of place the caret is in, told from the text around it.
 #pragma once
 
-#include <QString>
 #include <QStringView>
 
 namespace vellum {
@@ -28,13 +27,10 @@ struct PosInfo {
 
 // `pos` is the caret's offset plus 1. Beyond position 12000 it looks through a window that begins 12000 characters
 // before `pos` and is 14000 long; what opened further back doesn't count. Any text and any `pos` will do.
-[[nodiscard]] PosInfo FindPosInfo(QStringView text, int pos);
-
-// The same as text: the kind as a digit, `start`, and for a tag `end`, joined by tabs.
-[[nodiscard]] QString GetPosInfo(const QString& text, int pos);
+[[nodiscard]] PosInfo GetPosInfo(QStringView text, int pos);
 
 // The place of the surface's caret, by the text around it and without a copy of the whole. It never looks further ahead
-// than 2000 characters: a tag whose ">" is not among them has the end 100000, where FindPosInfo may know it.
+// than 2000 characters: a tag whose ">" is not among them has the end 100000, where GetPosInfo may know it.
 [[nodiscard]] PosInfo PosInfoAtCaret(const EditSurface& surface);
 
 }  // namespace vellum

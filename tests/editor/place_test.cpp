@@ -18,6 +18,20 @@ void PrintTo(const PosInfo& place, std::ostream* out) {
 
 namespace {
 
+constexpr PosInfo plain{};
+constexpr PosInfo Tag(int start, int end) {
+    return {PlaceKind::Tag, start, end};
+}
+constexpr PosInfo Comment(int start) {
+    return {PlaceKind::Comment, start};
+}
+constexpr PosInfo Region(int start) {
+    return {PlaceKind::Region, start};
+}
+constexpr PosInfo Server(int start) {
+    return {PlaceKind::Server, start};
+}
+
 // The text and the position of a caret that a "|" stands for.
 struct Marked {
     explicit Marked(QString marked) : pos(static_cast<int>(marked.indexOf(u'|')) + 1), text(marked.remove(u'|')) {}
@@ -25,7 +39,7 @@ struct Marked {
     QString text;
 };
 
-QString InfoAt(const QString& marked) {
+PosInfo InfoAt(const QString& marked) {
     const Marked place(marked);
     return GetPosInfo(place.text, place.pos);
 }
@@ -35,110 +49,110 @@ QString Filler(int length) {
 }
 
 TEST(GetPosInfo, IsPlainAtOffset0) {
-    EXPECT_EQ(InfoAt("|"), "0\t-1");
-    EXPECT_EQ(InfoAt("|<b>"), "0\t-1");
-    EXPECT_EQ(InfoAt("|<%x%>"), "0\t-1");
+    EXPECT_EQ(InfoAt("|"), plain);
+    EXPECT_EQ(InfoAt("|<b>"), plain);
+    EXPECT_EQ(InfoAt("|<%x%>"), plain);
 }
 
 TEST(GetPosInfo, ATagReachesFromAfterItsOpeningToBeforeItsClose) {
-    EXPECT_EQ(InfoAt("ab|<b>c"), "0\t-1");
-    EXPECT_EQ(InfoAt("ab<|b>c"), "1\t3\t5");
-    EXPECT_EQ(InfoAt("ab<b|>c"), "1\t3\t5");
-    EXPECT_EQ(InfoAt("ab<b>|c"), "0\t-1");
+    EXPECT_EQ(InfoAt("ab|<b>c"), plain);
+    EXPECT_EQ(InfoAt("ab<|b>c"), Tag(3, 5));
+    EXPECT_EQ(InfoAt("ab<b|>c"), Tag(3, 5));
+    EXPECT_EQ(InfoAt("ab<b>|c"), plain);
 }
 
 TEST(GetPosInfo, ATagWithoutACloseIsOpen) {
-    EXPECT_EQ(InfoAt("<a href=\"x|"), "1\t1\t100000");
-    EXPECT_EQ(InfoAt("<a href|=\"x and so on"), "1\t1\t100000");
+    EXPECT_EQ(InfoAt("<a href=\"x|"), Tag(1, 100000));
+    EXPECT_EQ(InfoAt("<a href|=\"x and so on"), Tag(1, 100000));
 }
 
 TEST(GetPosInfo, TheCloseOfABlockInATagDoesNotCloseTheTag) {
-    EXPECT_EQ(InfoAt("<img alt=\"<%=x%>\" src|=\"y\">"), "1\t1\t26");
-    EXPECT_EQ(InfoAt("<img| alt=\"<%=x%>\" src=\"y\">"), "1\t1\t26");
-    EXPECT_EQ(InfoAt("<img alt=\"<%=|x%>\" src=\"y\">"), "4\t11");
+    EXPECT_EQ(InfoAt("<img alt=\"<%=x%>\" src|=\"y\">"), Tag(1, 26));
+    EXPECT_EQ(InfoAt("<img| alt=\"<%=x%>\" src=\"y\">"), Tag(1, 26));
+    EXPECT_EQ(InfoAt("<img alt=\"<%=|x%>\" src=\"y\">"), Server(11));
 }
 
 TEST(GetPosInfo, ACommentReachesToItsEnd) {
-    EXPECT_EQ(InfoAt("a<!--|b-->c"), "2\t2");
-    EXPECT_EQ(InfoAt("a<!--b|-->c"), "2\t2");
-    EXPECT_EQ(InfoAt("a<!--b-->|c"), "0\t-1");
-    EXPECT_EQ(InfoAt("a<!-|-b-->c"), "2\t2") << "the character after the caret counts";
-    EXPECT_EQ(InfoAt("a<!|--b-->c"), "1\t2\t9");
+    EXPECT_EQ(InfoAt("a<!--|b-->c"), Comment(2));
+    EXPECT_EQ(InfoAt("a<!--b|-->c"), Comment(2));
+    EXPECT_EQ(InfoAt("a<!--b-->|c"), plain);
+    EXPECT_EQ(InfoAt("a<!-|-b-->c"), Comment(2)) << "the character after the caret counts";
+    EXPECT_EQ(InfoAt("a<!|--b-->c"), Tag(2, 9));
 }
 
 TEST(GetPosInfo, AnUnclosedCommentReachesToTheEndOfTheText) {
-    EXPECT_EQ(InfoAt("<!-- never closed|"), "2\t1");
-    EXPECT_EQ(InfoAt("<!-- never closed <b>|"), "2\t1");
-    EXPECT_EQ(InfoAt("<!-- one --> <!-- two|"), "2\t14");
+    EXPECT_EQ(InfoAt("<!-- never closed|"), Comment(1));
+    EXPECT_EQ(InfoAt("<!-- never closed <b>|"), Comment(1));
+    EXPECT_EQ(InfoAt("<!-- one --> <!-- two|"), Comment(14));
 }
 
 TEST(GetPosInfo, AnUnclosedCommentEndsBeyondTheWindow) {
     const QString text = "<!--" + Filler(20000);
-    EXPECT_EQ(GetPosInfo(text, 11900), "2\t1");
-    EXPECT_EQ(GetPosInfo(text, 12000), "2\t1");
-    EXPECT_EQ(GetPosInfo(text, 12001), "0\t-1");
-    EXPECT_EQ(GetPosInfo("ab" + text, 12002), "2\t3");
-    EXPECT_EQ(GetPosInfo("ab" + text, 12003), "0\t-1");
+    EXPECT_EQ(GetPosInfo(text, 11900), Comment(1));
+    EXPECT_EQ(GetPosInfo(text, 12000), Comment(1));
+    EXPECT_EQ(GetPosInfo(text, 12001), plain);
+    EXPECT_EQ(GetPosInfo("ab" + text, 12002), Comment(3));
+    EXPECT_EQ(GetPosInfo("ab" + text, 12003), plain);
 }
 
 TEST(GetPosInfo, AnswersInPositionsOfTheWholeTextFromWithinAWindow) {
-    EXPECT_EQ(GetPosInfo(Filler(30000) + "<p id>", 30003), "1\t30001\t30006");
-    EXPECT_EQ(GetPosInfo(Filler(30000) + "<p id" + Filler(2000) + ">", 30003), "1\t30001\t118003")
+    EXPECT_EQ(GetPosInfo(Filler(30000) + "<p id>", 30003), Tag(30001, 30006));
+    EXPECT_EQ(GetPosInfo(Filler(30000) + "<p id" + Filler(2000) + ">", 30003), Tag(30001, 118003))
         << "100000 from where the window begins, as the close is out of it";
-    EXPECT_EQ(GetPosInfo(Filler(30000) + "<% x", 30005), "4\t30001");
-    EXPECT_EQ(GetPosInfo(Filler(30000) + "<!-- x", 30007), "2\t30001");
-    EXPECT_EQ(GetPosInfo(Filler(30000) + "<script>x", 30010), "3\t30008");
+    EXPECT_EQ(GetPosInfo(Filler(30000) + "<% x", 30005), Server(30001));
+    EXPECT_EQ(GetPosInfo(Filler(30000) + "<!-- x", 30007), Comment(30001));
+    EXPECT_EQ(GetPosInfo(Filler(30000) + "<script>x", 30010), Region(30008));
 }
 
 TEST(GetPosInfo, ARegionsBodyReachesFromItsOpeningTagToItsClosingOne) {
-    EXPECT_EQ(InfoAt("<script |src='x'>a < b</script>"), "1\t1\t16");
-    EXPECT_EQ(InfoAt("<script src='x'>|a < b</script>"), "3\t16");
-    EXPECT_EQ(InfoAt("<script src='x'>a < b|</script>"), "3\t16");
-    EXPECT_EQ(InfoAt("<script src='x'>a < b<|/script>"), "1\t22\t30");
-    EXPECT_EQ(InfoAt("<STYLE>p|{}</Style>"), "3\t7");
-    EXPECT_EQ(InfoAt("<style>p{}</STYLE>|"), "0\t-1");
-    EXPECT_EQ(InfoAt("<script>never closed <b>|"), "3\t8");
+    EXPECT_EQ(InfoAt("<script |src='x'>a < b</script>"), Tag(1, 16));
+    EXPECT_EQ(InfoAt("<script src='x'>|a < b</script>"), Region(16));
+    EXPECT_EQ(InfoAt("<script src='x'>a < b|</script>"), Region(16));
+    EXPECT_EQ(InfoAt("<script src='x'>a < b<|/script>"), Tag(22, 30));
+    EXPECT_EQ(InfoAt("<STYLE>p|{}</Style>"), Region(7));
+    EXPECT_EQ(InfoAt("<style>p{}</STYLE>|"), plain);
+    EXPECT_EQ(InfoAt("<script>never closed <b>|"), Region(8));
 }
 
 TEST(GetPosInfo, ABlockInARegionsOpeningTagDoesNotCloseIt) {
-    EXPECT_EQ(InfoAt("<script src=<%=x%>>|a</script>"), "3\t19");
-    EXPECT_EQ(InfoAt("<script src=<%=x%>|>a</script>"), "1\t1\t19");
+    EXPECT_EQ(InfoAt("<script src=<%=x%>>|a</script>"), Region(19));
+    EXPECT_EQ(InfoAt("<script src=<%=x%>|>a</script>"), Tag(1, 19));
 }
 
 TEST(GetPosInfo, ARegionBeatsTheCommentInIt) {
-    EXPECT_EQ(InfoAt("<script><!-- x|"), "3\t8");
-    EXPECT_EQ(InfoAt("<!-- <script>x|"), "3\t13");
+    EXPECT_EQ(InfoAt("<script><!-- x|"), Region(8));
+    EXPECT_EQ(InfoAt("<!-- <script>x|"), Region(13));
 }
 
 TEST(GetPosInfo, ABlockBeatsEverything) {
-    EXPECT_EQ(InfoAt("<!-- <%x|"), "4\t6");
-    EXPECT_EQ(InfoAt("<script><% x|"), "4\t9");
-    EXPECT_EQ(InfoAt("<a <% x|"), "4\t4");
-    EXPECT_EQ(InfoAt("<% a <b> <!-- |"), "4\t1");
-    EXPECT_EQ(InfoAt("<b><% x |%>"), "4\t4");
-    EXPECT_EQ(InfoAt("<b><% x %|>"), "0\t-1") << "after the \"%\" the block is over";
+    EXPECT_EQ(InfoAt("<!-- <%x|"), Server(6));
+    EXPECT_EQ(InfoAt("<script><% x|"), Server(9));
+    EXPECT_EQ(InfoAt("<a <% x|"), Server(4));
+    EXPECT_EQ(InfoAt("<% a <b> <!-- |"), Server(1));
+    EXPECT_EQ(InfoAt("<b><% x |%>"), Server(4));
+    EXPECT_EQ(InfoAt("<b><% x %|>"), plain) << "after the \"%\" the block is over";
 }
 
 TEST(GetPosInfo, OpenersInABlockDoNotCount) {
-    EXPECT_EQ(InfoAt("<p><% \"<!--\" %> x|"), "0\t-1");
-    EXPECT_EQ(InfoAt("<p><% \"<script>\" %> x|"), "0\t-1");
-    EXPECT_EQ(InfoAt("<!-- <% --> <!-- %> x|"), "2\t1") << "neither the end nor the opener in it";
+    EXPECT_EQ(InfoAt("<p><% \"<!--\" %> x|"), plain);
+    EXPECT_EQ(InfoAt("<p><% \"<script>\" %> x|"), plain);
+    EXPECT_EQ(InfoAt("<!-- <% --> <!-- %> x|"), Comment(1)) << "neither the end nor the opener in it";
 }
 
 TEST(GetPosInfo, ATextThatBeginsWithABlockReadsAsATagAfterIt) {
-    EXPECT_EQ(InfoAt("<%x%> a|"), "1\t1\t100000");
-    EXPECT_EQ(InfoAt("<%x%> a| <b>"), "1\t1\t11");
-    EXPECT_EQ(InfoAt(" <%x%> a|"), "0\t-1");
+    EXPECT_EQ(InfoAt("<%x%> a|"), Tag(1, 100000));
+    EXPECT_EQ(InfoAt("<%x%> a| <b>"), Tag(1, 11));
+    EXPECT_EQ(InfoAt(" <%x%> a|"), plain);
 }
 
 TEST(GetPosInfo, TakesAnyPosition) {
     for (const QString& text : {QString(), QString("<"), QString("<b>x"), QString("<%"), Filler(100)}) {
-        for (const int pos : {std::numeric_limits<int>::min(), -1, 0, 1}) EXPECT_EQ(GetPosInfo(text, pos), "0\t-1");
+        for (const int pos : {std::numeric_limits<int>::min(), -1, 0, 1}) EXPECT_EQ(GetPosInfo(text, pos), plain);
         for (const int pos : {12001, 100000, std::numeric_limits<int>::max()}) {
-            EXPECT_EQ(GetPosInfo(text, pos), "0\t-1") << text.toStdString() << " at " << pos;
+            EXPECT_EQ(GetPosInfo(text, pos), plain) << text.toStdString() << " at " << pos;
         }
     }
-    EXPECT_EQ(GetPosInfo("<b", 11999), "1\t1\t100000");
+    EXPECT_EQ(GetPosInfo(u"<b", 11999), Tag(1, 100000));
 }
 
 // The same answer once more, found by the plainest of searches in copies of the text.
@@ -155,7 +169,7 @@ public:
         answer_ = Decide(offset);
     }
 
-    [[nodiscard]] QString Answer() const { return answer_; }
+    [[nodiscard]] PosInfo Answer() const { return answer_; }
 
 private:
     [[nodiscard]] QString At(int pos, int length) const { return pos < 1 ? QString() : text_.mid(pos - 1, length); }
@@ -194,7 +208,7 @@ private:
         return found == 0 ? 1000000 : found;
     }
 
-    QString Decide(int offset) {
+    PosInfo Decide(int offset) {
         aspStart_ = Back("<%", pos_);
         if (aspStart_ == 0) {
             aspStart_ = 1000000;
@@ -207,11 +221,11 @@ private:
         const int script = Opener("<script");
         const int style = Opener("<style");
         const auto inside = [&](int from, int to) { return pos_ > from && pos_ <= to; };
-        if (inside(aspStart_, aspEnd_)) return QString("4\t%1").arg(offset + aspStart_);
-        if (script != 0 && inside(script, End("</script", script))) return QString("3\t%1").arg(offset + script);
-        if (style != 0 && inside(style, End("</style", style))) return QString("3\t%1").arg(offset + style);
-        if (comment != 0 && inside(comment, End("-->", comment))) return QString("2\t%1").arg(offset + comment);
-        if (pos_ < 2) return "0\t-1";
+        if (inside(aspStart_, aspEnd_)) return Server(offset + aspStart_);
+        if (script != 0 && inside(script, End("</script", script))) return Region(offset + script);
+        if (style != 0 && inside(style, End("</style", style))) return Region(offset + style);
+        if (comment != 0 && inside(comment, End("-->", comment))) return Comment(offset + comment);
+        if (pos_ < 2) return plain;
         int open = Back("<", pos_ - 1);
         while (open != 0 && (At(open + 1, 1) == "%" || InBlock(open))) {
             if (open == 1) break;
@@ -223,15 +237,15 @@ private:
             while (close != 0 && Passed(close)) close = Ahead(">", close + 1);
             if (close == 0) close = 100000;
         }
-        if (inside(open, close)) return QString("1\t%1\t%2").arg(offset + open).arg(offset + close);
-        return "0\t-1";
+        if (inside(open, close)) return Tag(offset + open, offset + close);
+        return plain;
     }
 
     QString text_;
     int pos_;
     int aspStart_ = 0;
     int aspEnd_ = -1;
-    QString answer_;
+    PosInfo answer_;
 };
 
 class RandomText {
@@ -279,14 +293,14 @@ TEST(GetPosInfo, AnswersAsThePlainestSearchDoesInAWindow) {
     }
 }
 
-TEST(FindPosInfo, NeedsOnly2000CharactersAheadForKindAndStart) {
+TEST(GetPosInfo, NeedsOnly2000CharactersAheadForKindAndStart) {
     RandomText random(9);
     int withoutEnd = 0;
     for (int round = 0; round < 20000; ++round) {
         const QString text = random.Markup(random.Number(1, 20), 1500);
         const int pos = random.Number(1, std::min(12000, static_cast<int>(text.size()) + 1));
-        const PosInfo whole = FindPosInfo(text, pos);
-        const PosInfo cut = FindPosInfo(QStringView(text).left(pos + 2000), pos);
+        const PosInfo whole = GetPosInfo(text, pos);
+        const PosInfo cut = GetPosInfo(QStringView(text).left(pos + 2000), pos);
         ASSERT_EQ(cut.kind, whole.kind) << text.toStdString() << " at " << pos;
         ASSERT_EQ(cut.start, whole.start) << text.toStdString() << " at " << pos;
         if (cut.end == whole.end) continue;
@@ -299,15 +313,15 @@ TEST(FindPosInfo, NeedsOnly2000CharactersAheadForKindAndStart) {
 
 TEST(PosInfoAtCaret, IsThePlaceOfTheCaret) {
     EditSurface surface;
-    EXPECT_EQ(PosInfoAtCaret(surface), PosInfo{});
+    EXPECT_EQ(PosInfoAtCaret(surface), plain);
     surface.SetText("one\r\n<b>two\r\n</b>");
     surface.SetSelStart(7);
-    EXPECT_EQ(PosInfoAtCaret(surface), (PosInfo{PlaceKind::Tag, 6, 8}));
+    EXPECT_EQ(PosInfoAtCaret(surface), Tag(6, 8));
     surface.SetSelStart(6);
     surface.SetSelLength(4);
-    EXPECT_EQ(PosInfoAtCaret(surface), (PosInfo{PlaceKind::Tag, 6, 8})) << "a selection stands for its start";
+    EXPECT_EQ(PosInfoAtCaret(surface), Tag(6, 8)) << "a selection stands for its start";
     surface.SetSelStart(surface.Length());
-    EXPECT_EQ(PosInfoAtCaret(surface), PosInfo{});
+    EXPECT_EQ(PosInfoAtCaret(surface), plain);
 }
 
 TEST(PosInfoAtCaret, KnowsNoEndThatLiesFarAhead) {
@@ -317,7 +331,7 @@ TEST(PosInfoAtCaret, KnowsNoEndThatLiesFarAhead) {
     EXPECT_EQ(PosInfoAtCaret(surface).end, 2001);
     surface.SetText("<b" + Filler(2100) + ">");
     surface.SetSelStart(1);
-    EXPECT_EQ(PosInfoAtCaret(surface), (PosInfo{PlaceKind::Tag, 1, 100000}));
+    EXPECT_EQ(PosInfoAtCaret(surface), Tag(1, 100000));
 }
 
 TEST(PosInfoAtCaret, AgreesWithTheWholeText) {
@@ -330,7 +344,7 @@ TEST(PosInfoAtCaret, AgreesWithTheWholeText) {
         for (int place = 0; place < 20; ++place) {
             surface.SetSelStart(random.Number(0, surface.Length()));
             const int pos = surface.SelStart() + 1;
-            const PosInfo whole = FindPosInfo(text, pos);
+            const PosInfo whole = GetPosInfo(text, pos);
             const PosInfo found = PosInfoAtCaret(surface);
             if (pos > 12000) {
                 ++beyond;
