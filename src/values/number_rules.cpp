@@ -104,12 +104,6 @@ bool IsNumeric(QStringView text) {
     return !number.isEmpty() && DecimalLength(number) == number.size();
 }
 
-bool IsWholeNumber(QStringView text) {
-    const QStringView number = WithoutOuterBlanks(text);
-    const qsizetype sign = !number.isEmpty() && IsSign(number[0]) ? 1 : 0;
-    return number.size() > sign && CountDigits(number, sign) == number.size() - sign;
-}
-
 double RoundHalfEven(double value) {
     const double below = std::floor(value);
     const double part = value - below;

@@ -16,9 +16,6 @@ namespace vellum {
 // True when the whole of `text` is one number: blanks at the ends, sign, digits, point and exponent.
 [[nodiscard]] bool IsNumeric(QStringView text);
 
-// True when the whole of `text` is one whole number without point or exponent.
-[[nodiscard]] bool IsWholeNumber(QStringView text);
-
 // Nearest whole number, halves to the even one.
 [[nodiscard]] double RoundHalfEven(double value);
 

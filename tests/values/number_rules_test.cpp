@@ -76,15 +76,6 @@ TEST(NumberRules, IsNumericWantsTheWholeText) {
     }
 }
 
-TEST(NumberRules, IsWholeNumberTakesNoPointAndNoExponent) {
-    for (const char* text : {"0", "12", " 12 ", "-3", "+3", "007"}) {
-        EXPECT_TRUE(IsWholeNumber(QString::fromLatin1(text))) << text;
-    }
-    for (const char* text : {"", " ", "-", "1.0", "1.", "1e3", "1 2", "x", "1x", "&H1"}) {
-        EXPECT_FALSE(IsWholeNumber(QString::fromLatin1(text))) << text;
-    }
-}
-
 TEST(NumberRules, HalvesRoundToTheEvenNeighbour) {
     const std::pair<double, double> cases[] = {{0.5, 0},
                                                {1.5, 2},
