@@ -8,7 +8,6 @@
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMimeData>
 
 #include <algorithm>
@@ -318,29 +317,8 @@ void EditSurface::Private::Drop(const QString& text, int target, bool moved) {
 }
 
 void EditSurface::contextMenuEvent(QContextMenuEvent* event) {
-    if (d_->handlers) {
-        // The right button has opened it already when it went down.
-        if (event->reason() != QContextMenuEvent::Mouse) d_->handlers->ContextMenu(event->globalPos());
-        event->accept();
-        return;
-    }
-    auto* const menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const bool selected = textCursor().hasSelection();
-    const auto add = [&](const QString& caption, bool enabled, auto&& action) {
-        QAction* const item = menu->addAction(caption, this, std::forward<decltype(action)>(action));
-        item->setEnabled(enabled);
-    };
-    add(tr("Cu&t"), selected && !isReadOnly(), [this] {
-        copy();
-        SetSelText(QString());
-    });
-    add(tr("&Copy"), selected, [this] { copy(); });
-    add(tr("&Paste"), canPaste(), [this] { paste(); });
-    add(tr("&Delete"), selected && !isReadOnly(), [this] { SetSelText(QString()); });
-    menu->addSeparator();
-    add(tr("Select &All"), !document()->isEmpty(), [this] { selectAll(); });
-    menu->popup(event->globalPos());
+    // The right button has opened it already when it went down.
+    if (d_->handlers && event->reason() != QContextMenuEvent::Mouse) d_->handlers->ContextMenu(event->globalPos());
     event->accept();
 }
 

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
-#include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -576,30 +575,6 @@ TEST_F(EditSurfaceTest, TakesDroppedTextAsPlainText) {
     QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(surface.viewport(), &drop);
     EXPECT_EQ(surface.Text(), "abx\r\nycd");
-}
-
-TEST_F(EditSurfaceTest, TheMenuCutsCopiesPastesAndDeletes) {
-    surface.SetText("abcd");
-    surface.SetSelStart(1);
-    surface.SetSelLength(2);
-    const auto choose = [&](int index) {
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), surface.mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(&surface, &event);
-        auto* const menu = surface.findChild<QMenu*>();
-        ASSERT_NE(menu, nullptr);
-        ASSERT_EQ(menu->actions().size(), 6);  // a separator among them
-        menu->actions().at(index)->trigger();
-        menu->close();
-        QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
-    };
-    choose(0);
-    EXPECT_EQ(surface.Text(), "ad");
-    choose(2);
-    EXPECT_EQ(surface.Text(), "abcd");
-    choose(5);
-    EXPECT_EQ(surface.SelText(), "abcd");
-    choose(3);
-    EXPECT_EQ(surface.Text(), "");
 }
 
 TEST_F(EditSurfaceTest, SetsAllFormatsAtOnce) {
