@@ -31,8 +31,7 @@ LIMITS = [
     ("A snapshot after typing in 1 MB", "SnapshotAfterTyping/1", "real_time", "ms", 1),
     ("A snapshot after typing in 10 MB", "SnapshotAfterTyping/10", "real_time", "ms", 1),
     ("One step back in 10 MB", "UndoOneLine/10", "real_time", "ms", 20),
-    ("Full stacks of undo and redo in 10 MB", "FullHistory/10", "percent_of_text", "% of the text", 5),
-    ("The same, as the heap grew", "FullHistory/10", "percent_of_heap", "% of the text", 5),
+    ("Full stacks of undo and redo in 10 MB", "FullHistory/10", "percent_of_heap", "% of the text", 5),
     ("The reference tree with every type", "FillReferenceTree", "real_time", "ms", 150),
 ]
 

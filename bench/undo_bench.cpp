@@ -142,7 +142,6 @@ void FullHistory(benchmark::State& state) {
         }
         state.SetIterationTime(SecondsSince(start));
         const double percent = 100.0 / static_cast<double>(surface->Length());
-        state.counters["percent_of_text"] = percent * static_cast<double>(surface->SnapshotBytes());
         state.counters["percent_of_heap"] = percent * static_cast<double>(mallinfo2().uordblks - bytesBefore);
     }
 }

@@ -69,8 +69,6 @@ public:
     // characters where it was. False, and no change, when the snapshot is empty or of another surface, or when
     // something changed the text without this surface since.
     bool Restore(const Snapshot& snapshot);
-    // At most what the snapshots of this surface hold in memory.
-    [[nodiscard]] std::size_t SnapshotBytes() const;
 
     // The font of the whole surface: a family name and a size in points as the settings keep them.
     void SetEditorFont(const QString& family, const QString& pointSize);

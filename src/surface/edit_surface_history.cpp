@@ -41,10 +41,6 @@ bool EditSurface::Restore(const Snapshot& snapshot) {
     return true;
 }
 
-std::size_t EditSurface::SnapshotBytes() const {
-    return d_->history.HeldBytes(d_->formats);
-}
-
 void EditSurface::Private::RecordChange(int position, int removed, int added) {
     const bool known =
         handedOut.revision == revision && handedOut.position == position && handedOut.text.size() == removed;

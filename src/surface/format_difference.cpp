@@ -143,9 +143,4 @@ void FormatDifference::ApplyHunk(FormatStore& store, const Hunk& hunk, std::size
     }
 }
 
-std::size_t FormatDifference::HeldBytes() const {
-    return hunks_.capacity() * sizeof(Hunk) + (lengths_.capacity() + runsOfLine_.capacity()) * sizeof(int) +
-           runs_.capacity() * sizeof(FormatRun);
-}
-
 }  // namespace vellum

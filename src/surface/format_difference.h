@@ -20,7 +20,6 @@ public:
 
     [[nodiscard]] bool IsEmpty() const { return hunks_.empty(); }
     [[nodiscard]] int LineCount() const { return static_cast<int>(lengths_.size()); }  // lines of `to` that it holds
-    [[nodiscard]] std::size_t HeldBytes() const;
 
 private:
     // Lines of `from`, and how many lines of `to` take their place; ascending.

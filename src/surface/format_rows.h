@@ -55,11 +55,6 @@ public:
         return std::span(runs_).subspan(begin, ends_[row] - begin);
     }
 
-    // In its tables.
-    [[nodiscard]] std::size_t HeldBytes() const {
-        return ends_.capacity() * sizeof(std::size_t) + runs_.capacity() * sizeof(FormatRun);
-    }
-
     // Adds empty rows, or drops the last ones.
     void Resize(std::size_t rows);
     void Append(std::span<const FormatRun> row);

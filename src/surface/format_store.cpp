@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <unordered_set>
 #include <utility>
 
 namespace vellum {
@@ -267,17 +266,6 @@ CharFormat FormatStore::FormatAt(TextPlace place) const {
         return false;
     });
     return found;
-}
-
-std::size_t FormatStore::HeldBytesBeside(const FormatStore& other) const {
-    std::unordered_set<const Chunk*> shared;
-    for (const Slot& slot : other.slots_) shared.insert(slot.chunk.get());
-    std::size_t bytes = slots_.capacity() * sizeof(Slot);
-    for (const Slot& slot : slots_) {
-        if (shared.contains(slot.chunk.get())) continue;
-        bytes += sizeof(Chunk) + slot.chunk->lengths.capacity() * sizeof(int) + slot.chunk->runs.HeldBytes();
-    }
-    return bytes;
 }
 
 std::optional<ColorNumber> FormatStore::CommonColor(TextPlace from, TextPlace to, ColorNumber own) const {

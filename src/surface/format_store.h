@@ -80,9 +80,6 @@ public:
     [[nodiscard]] std::optional<ColorNumber> CommonColor(TextPlace from, TextPlace to, ColorNumber own) const;
     [[nodiscard]] std::optional<bool> CommonBold(TextPlace from, TextPlace to) const;
 
-    // What it holds beside the chunks that it shares with `other`.
-    [[nodiscard]] std::size_t HeldBytesBeside(const FormatStore& other) const;
-
 private:
     friend class FormatDifference;
 

@@ -40,12 +40,6 @@ void TextChanges::Squeeze() {
     for (Change& change : changes_) change.earlier.squeeze();
 }
 
-std::size_t TextChanges::HeldBytes() const {
-    std::size_t bytes = changes_.capacity() * sizeof(Change);
-    for (const Change& change : changes_) bytes += static_cast<std::size_t>(change.earlier.capacity()) * sizeof(QChar);
-    return bytes;
-}
-
 struct SurfaceHistory::Version {
     Version() = default;
     Version(const Version&) = delete;
@@ -79,19 +73,11 @@ SurfaceHistory::SurfaceHistory() {
 void SurfaceHistory::Forget() {
     root_ = std::make_shared<Version>();
     last_.reset();
-    made_.push_back(root_);
 }
 
 void SurfaceHistory::Seal() {
-    last_ = root_;
-    const auto fresh = std::make_shared<Version>();
-    root_->next = fresh;
-    root_ = fresh;
-    made_.push_back(fresh);
-    if (made_.size() >= tidySize_) {
-        std::erase_if(made_, [](const std::weak_ptr<Version>& version) { return version.expired(); });
-        tidySize_ = 2 * made_.size() + 64;
-    }
+    root_->next = std::make_shared<Version>();
+    last_ = std::exchange(root_, root_->next);
 }
 
 void SurfaceHistory::Record(int position, const QString& removed, int added) {
@@ -155,20 +141,6 @@ void SurfaceHistory::StepBack(const std::shared_ptr<Version>& from, const std::s
     from->next = to;
     to->text = {};
     to->next.reset();
-}
-
-std::size_t SurfaceHistory::HeldBytes(const FormatStore& formats) const {
-    std::size_t bytes = 0;
-    for (const std::weak_ptr<Version>& made : made_) {
-        const auto version = made.lock();
-        if (!version) continue;
-        bytes += sizeof(Version) + version->text.HeldBytes();
-        if (const auto* const own = std::get_if<FormatStore>(&version->formats)) bytes += own->HeldBytesBeside(formats);
-        if (const auto* const difference = std::get_if<FormatDifference>(&version->formats)) {
-            bytes += difference->HeldBytes();
-        }
-    }
-    return bytes;
 }
 
 }  // namespace vellum

@@ -9,7 +9,6 @@
 
 #include <QString>
 
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -27,7 +26,6 @@ public:
     // Makes the earlier text out of the later one. Gives the changes that lead from there to the later text.
     [[nodiscard]] TextChanges TakeBack(const ReplaceText& replace) const;
     void Squeeze();
-    [[nodiscard]] std::size_t HeldBytes() const;
 
 private:
     struct Change {
@@ -76,18 +74,13 @@ public:
     // or forgotten.
     bool Restore(const Snapshot& snapshot, FormatStore& formats, const ReplaceText& replace);
 
-    // At most what all versions hold together, beside what they share with the present formats.
-    [[nodiscard]] std::size_t HeldBytes(const FormatStore& formats) const;
-
 private:
     void Seal();
     static void StepBack(const std::shared_ptr<Version>& from, const std::shared_ptr<Version>& to, FormatStore& formats,
                          const ReplaceText& replace);
 
-    std::shared_ptr<Version> root_;             // the present text
-    std::weak_ptr<Version> last_;               // the version that the text was changed from, until the next is taken
-    std::vector<std::weak_ptr<Version>> made_;  // all that may be alive
-    std::size_t tidySize_ = 64;                 // of made_, when those that ended are taken out
+    std::shared_ptr<Version> root_;  // the present text
+    std::weak_ptr<Version> last_;    // the version that the text was changed from, until the next is taken
 };
 
 }  // namespace vellum

@@ -1,5 +1,6 @@
 #include "editor/undo_history.h"
 
+#include "tests/support/heap.h"
 #include "tests/support/test_workbench.h"
 
 #include <QTest>
@@ -266,11 +267,16 @@ TEST_F(DocumentUndoTest, FourLinesOfContextStandAboveTheCaret) {
 }
 
 TEST_F(DocumentUndoTest, NothingOfAStepIsKeptWithoutASnapshot) {
-    constexpr std::size_t bytesOfText = 1000 * sizeof(QChar);
-    const std::size_t bytes = surface.SnapshotBytes();
-    for (int step = 0; step < 200; ++step) Step(QString(1000, QChar('a' + step % 26)));
-    EXPECT_GT(surface.SnapshotBytes(), bytes + 31 * bytesOfText);
-    EXPECT_LT(surface.SnapshotBytes(), bytes + 40 * bytesOfText);
+    constexpr int length = 9000;
+    constexpr std::size_t bytesOfText = length * sizeof(QChar);
+    const auto steps = [this](int from, int to) {
+        for (int step = from; step < to; ++step) Step(QString(length, QChar('a' + step % 26)));
+        return test::HeapBytes();
+    };
+    const std::size_t withOne = steps(0, 1);
+    const std::size_t withAll = steps(1, 60);
+    EXPECT_GT(withAll, withOne + 30 * bytesOfText);
+    EXPECT_LT(steps(60, 200), withAll + 20 * bytesOfText);
 }
 
 }  // namespace

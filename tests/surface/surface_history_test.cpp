@@ -1,5 +1,7 @@
 #include "surface/surface_history.h"
 
+#include "tests/support/heap.h"
+
 #include <gtest/gtest.h>
 #include <random>
 #include <ranges>
@@ -52,7 +54,6 @@ public:
             return before;
         });
     }
-    [[nodiscard]] std::size_t HeldBytes() const { return history.HeldBytes(formats); }
     [[nodiscard]] TextPlace PlaceOf(int position) const {
         const QString before = text_.left(position);
         const auto lineStart = before.lastIndexOf('\n') + 1;
@@ -151,9 +152,11 @@ TEST(SurfaceHistory, KeepsOfAWholeTextWhatDiffers) {
     FormattedText text(long_);
     const auto snapshot = text.Take();
     QString changed = long_;
-    text.Fill(changed.replace(5000, 1, "!"));
+    changed.replace(5000, 1, "!");
+    const std::size_t bytes = test::HeapBytes();
+    text.Fill(changed);
     const auto later = text.Take();
-    EXPECT_LT(text.HeldBytes(), 10000U);
+    EXPECT_LT(test::HeapBytes(), bytes + 40000);  // the lengths of all lines alone would take 80000
     ASSERT_TRUE(text.Restore(snapshot));
     EXPECT_EQ(text.Text(), long_);
     ASSERT_TRUE(text.Restore(later));
@@ -161,35 +164,35 @@ TEST(SurfaceHistory, KeepsOfAWholeTextWhatDiffers) {
 }
 
 TEST(SurfaceHistory, CostsNothingWithoutSnapshots) {
-    FormattedText text(ManyLines(100));
-    const std::size_t bytes = text.HeldBytes();
+    FormattedText text(ManyLines(100000));
+    const std::size_t bytes = test::HeapBytes();
     EXPECT_FALSE(text.history.Records());
     {
         const auto snapshot = text.Take();
         EXPECT_TRUE(text.history.Records());
-        text.Replace(0, 500, {}, plain);
+        text.Replace(0, 1000000, {}, plain);
         const auto later = text.Take();
-        EXPECT_GT(text.HeldBytes(), bytes + 1000);
+        EXPECT_GT(test::HeapBytes(), bytes + 1000000);
     }
     EXPECT_FALSE(text.history.Records());
     text.Replace(0, 1, "x", plain);
     static_cast<void>(text.Take());
-    EXPECT_LT(text.HeldBytes(), bytes + 100);
+    EXPECT_LT(test::HeapBytes(), bytes + 100000);
 }
 
 TEST(SurfaceHistory, OlderVersionsEndWithTheirSnapshots) {
-    FormattedText text(ManyLines(100));
+    FormattedText text(ManyLines(1000));
     std::vector<SurfaceHistory::Snapshot> snapshots;
-    std::size_t bytesOfTen = 0;
+    std::size_t bytesWithTen = 0;
     for (int step = 0; step < 500; ++step) {
         snapshots.push_back(text.Take());
         if (snapshots.size() > 10) snapshots.erase(snapshots.begin());
-        text.Replace(100 + step % 7 * 20, 1, "##", redBold);
-        if (step == 50) bytesOfTen = text.HeldBytes();
+        text.Replace(100 + step % 7 * 20, 5000, QString(5001, '#'), redBold);
+        if (step == 50) bytesWithTen = test::HeapBytes();
     }
-    EXPECT_LT(text.HeldBytes(), 2 * bytesOfTen);
+    EXPECT_LT(test::HeapBytes(), bytesWithTen + 50 * 5000 * sizeof(QChar));
     ASSERT_TRUE(text.Restore(snapshots.front()));
-    EXPECT_EQ(text.Text().size(), ManyLines(100).size() + 490);
+    EXPECT_EQ(text.Text().size(), ManyLines(1000).size() + 490);
 }
 
 TEST(SurfaceHistory, AChainOfAnyLengthEnds) {
@@ -221,7 +224,10 @@ TEST(SurfaceHistory, StepsOfOneLineCostALine) {
         ASSERT_TRUE(text.Restore(snapshot));
     }
     EXPECT_EQ(text.Text(), page);
-    EXPECT_LT(text.HeldBytes() * 20, static_cast<std::size_t>(page.size()));
+    const std::size_t bytes = test::HeapBytes();
+    undo.clear();
+    redo.clear();
+    EXPECT_LT((bytes - test::HeapBytes()) * 20, static_cast<std::size_t>(page.size()));
 }
 
 TEST(SurfaceHistory, LinesThatComeAndGoKeepTheirNeighboursFormats) {
