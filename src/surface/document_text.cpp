@@ -74,6 +74,17 @@ QString FromDocumentText(QString raw, QTextDocument& document, int position) {
     return raw;
 }
 
+QString ReadDocument(QTextDocument& document, const TextRange& range) {
+    QTextCursor cursor(&document);
+    cursor.setPosition(range.offset);
+    cursor.setPosition(range.End(), QTextCursor::KeepAnchor);
+    return FromDocumentText(cursor.selectedText(), document, range.offset);
+}
+
+TextRange SelectedRange(const QTextCursor& cursor) {
+    return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+}
+
 QString WithCrLf(const QString& text) {
     const auto lineEnds = text.count(u'\n');
     if (lineEnds == 0) return text;

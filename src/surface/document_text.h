@@ -2,11 +2,14 @@
 // may hold for ends of its blocks, so these are swapped for a stand-in that remembers them.
 #pragma once
 
+#include "values/text_range.h"
+
 #include <QString>
 
 #include <utility>
 #include <vector>
 
+class QTextCursor;
 class QTextDocument;
 
 namespace vellum {
@@ -24,6 +27,12 @@ void MarkStandIns(QTextDocument& document, int position, const DocumentText& ins
 
 // Puts back what `raw`, taken from `document` at `position` with its block ends, stands for; line ends become "\n".
 [[nodiscard]] QString FromDocumentText(QString raw, QTextDocument& document, int position);
+
+// The characters in a range of positions, with "\n" at line ends.
+[[nodiscard]] QString ReadDocument(QTextDocument& document, const TextRange& range);
+
+// The positions that are selected; where the cursor stands when none is.
+[[nodiscard]] TextRange SelectedRange(const QTextCursor& cursor);
 
 // `text` with "\n" line ends, with CR LF instead.
 [[nodiscard]] QString WithCrLf(const QString& text);

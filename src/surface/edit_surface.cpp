@@ -1,78 +1,80 @@
 #include "surface/edit_surface.h"
 
+#include "surface/composition.h"
 #include "surface/document_text.h"
-#include "surface/edit_surface_private.h"
-#include "system/fonts.h"
+#include "surface/format_layouts.h"
+#include "surface/near_text.h"
+#include "surface/surface_handlers.h"
+#include "surface/surface_input.h"
+#include "surface/surface_look.h"
+#include "surface/surface_search.h"
+#include "surface/surface_text.h"
+#include "surface/text_offsets.h"
 
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QTextDocument>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vellum {
+namespace {
+
+constexpr int tabColumns = 4;
+constexpr int noWrapMargin = 1000000;  // twips; from here on nothing wraps
+
+}  // namespace
+
+// What the surface is made of; what stands further down uses what stands before it.
+struct EditSurface::Private {
+    explicit Private(EditSurface& surface)
+        : offsets(*surface.document()),
+          nearText(*surface.document()),
+          layouts(surface, formats),
+          composition(layouts),
+          text(surface, formats, layouts, composition),
+          input(surface, text, composition) {}
+
+    TextOffsets offsets;
+    NearText nearText;
+    FormatStore formats;
+    FormatLayouts layouts;
+    Composition composition;
+    SurfaceText text;
+    SurfaceInput input;
+    QString fontFamily;
+    QString pointSize;
+    ColorNumber backColor = 0xFFFFFF;
+    int rightMargin = noWrapMargin;
+};
 
 EditSurface::EditSurface(QWidget* parent) : QPlainTextEdit(parent), d_(std::make_unique<Private>(*this)) {
     setUndoRedoEnabled(false);
     setAccessibleName(QStringLiteral("Source text"));
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setLineWrapMode(NoWrap);
-    connect(document(), &QTextDocument::contentsChange, this,
-            [this](int position, int removed, int added) { d_->OnContentsChange(position, removed, added); });
-    connect(document(), &QTextDocument::contentsChanged, this, [this] { d_->OnContentsChanged(); });
-    connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { d_->OnCaretMoved(); });
-    connect(this, &QPlainTextEdit::selectionChanged, this, [this] { d_->OnCaretMoved(); });
+    connect(&d_->text, &SurfaceText::Changed, this, &EditSurface::Changed);
+    connect(&d_->text, &SurfaceText::CaretMoved, this, &EditSurface::SelChanged);
+    connect(&d_->text, &SurfaceText::TakenAway, this, [this] {
+        // It went without a key, which would have taken the snapshot.
+        if (auto* const handlers = d_->input.Handlers()) static_cast<void>(handlers->KeyDown(Qt::Key_unknown, 0, true));
+    });
     SetEditorFont(QStringLiteral("Courier New"), QStringLiteral("8.5"));
-    d_->ApplyColors();
+    ApplyColors();
 }
 
 EditSurface::~EditSurface() = default;
 
-int EditSurface::Private::OffsetOf(int position) const {
-    return position + q.document()->findBlock(position).blockNumber();
-}
-
-int EditSurface::Private::PositionOf(int offset) const {
-    const QTextDocument& text = *q.document();
-    const auto startsUpTo = [&](int line) { return text.findBlockByNumber(line).position() + line <= offset; };
-    // One offset is mostly asked for near the one before: the search goes out from there in ever wider steps.
-    int low = 0;
-    int high = text.blockCount() - 1;
-    const int known = std::min(knownLine, high);
-    int step = 1;
-    if (startsUpTo(known)) {
-        for (low = known; low + step <= high && startsUpTo(low + step); step *= 2) low += step;
-        high = std::min(high, low + step - 1);
-    } else {
-        for (high = known - 1; high - step >= 0 && !startsUpTo(high - step); step *= 2) high -= step;
-        low = std::max(low, high - step);
-    }
-    while (low < high) {  // the last line that starts at or before the offset
-        const int middle = low + (high - low + 1) / 2;
-        if (startsUpTo(middle)) {
-            low = middle;
-        } else {
-            high = middle - 1;
-        }
-    }
-    knownLine = std::max(low, 0);
-    const QTextBlock block = text.findBlockByNumber(knownLine);
-    return block.position() + std::clamp(offset - block.position() - knownLine, 0, block.length() - 1);
-}
-
-TextPlace EditSurface::Private::PlaceOf(int position) const {
-    const QTextBlock block = q.document()->findBlock(position);
-    return {block.blockNumber(), position - block.position()};
-}
-
-QString EditSurface::Private::Characters(int position, int length) const {
-    QTextCursor cursor(q.document());
-    cursor.setPosition(position);
-    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
-    return FromDocumentText(cursor.selectedText(), *q.document(), position);
-}
-
 QString EditSurface::RawText() const {
-    if (!d_->untouched.isNull()) return d_->untouched;
-    return FromDocumentText(document()->toRawText(), *document(), 0);
+    return d_->text.Raw();
 }
 
 QString EditSurface::Text() const {
@@ -80,188 +82,64 @@ QString EditSurface::Text() const {
 }
 
 int EditSurface::Length() const {
-    return document()->characterCount() - 1 + document()->blockCount() - 1;
+    return d_->offsets.Length();
 }
 
 QString EditSurface::Mid(int offset, int length) const {
     const int begin = std::clamp(offset, 0, Length());
     const int count = std::clamp(length, 0, Length() - begin);
-    const int from = d_->PositionOf(begin);
-    const int to = d_->PositionOf(begin + count);
+    const int from = d_->offsets.PositionOf(begin);
+    const int to = d_->offsets.PositionOf(begin + count);
     // An offset between CR and LF has the position of the line's end: the half after it is cut or added here.
-    const int ahead = begin - d_->OffsetOf(from);
-    const bool halfEnd = begin + count > d_->OffsetOf(to);
-    QString piece = WithCrLf(d_->around.Characters(from, to - from));
+    const int ahead = begin - d_->offsets.OffsetOf(from);
+    const bool halfEnd = begin + count > d_->offsets.OffsetOf(to);
+    QString piece = WithCrLf(d_->nearText.Characters(from, to - from));
     if (halfEnd) piece += u'\r';
     return piece.mid(ahead, count);
 }
 
 void EditSurface::SetText(const QString& text) {
-    DocumentText plain = ToDocumentText(text);
-    std::vector<int> lengths;
-    lengths.reserve(static_cast<std::size_t>(plain.text.count(u'\n')) + 1);
-    qsizetype start = 0;
-    for (qsizetype end = 0; end >= 0; start = end + 1) {
-        end = plain.text.indexOf(u'\n', start);
-        lengths.push_back(static_cast<int>((end < 0 ? plain.text.size() : end) - start));
-    }
+    d_->text.Set(text);
+}
 
-    const bool recorded = d_->history.Records();
-    const QString before = recorded ? RawText() : QString();
-    d_->EndComposition(false);
-    d_->loading = true;
-    document()->clear();  // so that no format of an old character clings to the new ones
-    if (!plain.text.isEmpty()) setPlainText(plain.text);
-    MarkStandIns(*document(), 0, plain);
-    moveCursor(QTextCursor::Start);
-    d_->loading = false;
-    d_->untouched = plain.held.empty() ? plain.text : QString();
-    if (recorded) d_->history.RecordAll(before, RawText());
-
-    d_->formats.Reset(lengths);
-    d_->insertion.reset();
-    d_->MarkAllOutdated();
-    for (std::size_t line = 0; line < lengths.size(); ++line) {
-        if (lengths[line] >= overlongLine) {
-            d_->HandOverlongFormats(static_cast<int>(line), static_cast<int>(line));
-        }
-    }
-    ++d_->revision;
-    d_->ReportChange();
-    d_->OnCaretMoved();
+quint64 EditSurface::Revision() const {
+    return d_->text.Revision();
 }
 
 int EditSurface::SelStart() const {
-    return d_->OffsetOf(textCursor().selectionStart());
+    return d_->offsets.OffsetOf(textCursor().selectionStart());
 }
 
 void EditSurface::SetSelStart(int offset) {
     QTextCursor cursor = textCursor();
-    cursor.setPosition(d_->PositionOf(offset));
+    cursor.setPosition(d_->offsets.PositionOf(offset));
     setTextCursor(cursor);
 }
 
 int EditSurface::SelLength() const {
     const QTextCursor cursor = textCursor();
-    return d_->OffsetOf(cursor.selectionEnd()) - d_->OffsetOf(cursor.selectionStart());
+    return d_->offsets.OffsetOf(cursor.selectionEnd()) - d_->offsets.OffsetOf(cursor.selectionStart());
 }
 
 void EditSurface::SetSelLength(int length) {
     const int begin = SelStart();
     QTextCursor cursor = textCursor();
     cursor.setPosition(cursor.selectionStart());
-    cursor.setPosition(d_->PositionOf(begin + std::clamp(length, 0, Length() - begin)), QTextCursor::KeepAnchor);
+    cursor.setPosition(d_->offsets.PositionOf(begin + std::clamp(length, 0, Length() - begin)),
+                       QTextCursor::KeepAnchor);
     setTextCursor(cursor);
 }
 
 QString EditSurface::SelText() const {
-    const QTextCursor cursor = textCursor();
-    return WithCrLf(d_->Characters(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()));
+    return WithCrLf(ReadDocument(*document(), SelectedRange(textCursor())));
 }
 
 void EditSurface::SetSelText(const QString& text) {
-    d_->ReplaceSelection(text);
-}
-
-void EditSurface::Private::ReplaceSelection(const QString& text) {
-    const QTextCursor cursor = q.textCursor();
-    Replace(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart(), text, InsertionFormat());
-}
-
-void EditSurface::Private::Replace(int position, int length, const QString& text, const CharFormat& format) {
-    if (length == 0 && text.isEmpty()) return;
-    EndComposition(false);
-    const DocumentText plain = ToDocumentText(text);
-    if (history.Records()) history.Record(position, Characters(position, length), static_cast<int>(plain.text.size()));
-    QTextCursor cursor(q.document());
-    arriving = format;
-    replacing = true;
-    cursor.beginEditBlock();
-    Insert(cursor, position, length, plain);
-    cursor.endEditBlock();
-    replacing = false;
-    arriving.reset();
-    insertion.reset();
-    q.setTextCursor(cursor);
-    if (unreported) ReportChange();
-}
-
-void EditSurface::Private::Insert(QTextCursor& cursor, int position, int length, const DocumentText& plain) {
-    cursor.setPosition(position);
-    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
-    cursor.insertText(plain.text, QTextCharFormat());
-    MarkStandIns(*q.document(), position, plain);
-}
-
-CharFormat EditSurface::Private::InsertionFormat() const {
-    const QTextCursor cursor = q.textCursor();
-    if (cursor.hasSelection()) return formats.FormatAt(PlaceOf(cursor.selectionStart()));
-    if (insertion) return *insertion;
-    return FormatBefore(PlaceOf(cursor.position()));
-}
-
-CharFormat EditSurface::Private::FormatBefore(TextPlace place) const {
-    if (place.column > 0) return formats.FormatAt({place.line, place.column - 1});
-    if (place.line > 0) return formats.FormatAt({place.line - 1, formats.LineLength(place.line - 1)});
-    return formats.Base();
-}
-
-void EditSurface::Private::OnContentsChange(int position, int removed, int added) {
-    if (loading && !restoring) return;
-    const QTextBlock first = q.document()->findBlock(position);
-    const int line = first.blockNumber();
-    if (restoring) {
-        HandOverlongFormats(line, q.document()->findBlock(position + added).blockNumber());
-        return;
-    }
-    if (composing && !replacing && removed == added) {
-        MarkOutdated(line, line);
-        return;
-    }
-    untouched.clear();
-    if (!replacing) RecordChange(position, removed, added);
-    const TextPlace from{line, position - first.position()};
-    std::vector<int> pieces;
-    QTextBlock last = first;
-    for (int left = added, column = from.column; true; column = 0) {
-        const int rest = last.length() - 1 - column;
-        pieces.push_back(std::min(left, rest));
-        const QTextBlock next = last.next();
-        if (left <= rest || !next.isValid()) break;
-        left -= rest + 1;
-        last = next;
-    }
-    const CharFormat format = arriving ? *arriving : insertion ? *insertion : FormatBefore(from);
-    const TextPlace to = formats.Advance(from, removed);
-    formats.Replace(from, to, pieces, format);
-    MarkOutdated(line, last.blockNumber());
-    HandOverlongFormats(line, last.blockNumber());
-    ++revision;
-    unreported = true;
-}
-
-void EditSurface::Private::OnContentsChanged() {
-    if (unreported && !replacing) ReportChange();
-}
-
-void EditSurface::Private::ReportChange() {
-    unreported = false;
-    emit q.Changed();
-}
-
-void EditSurface::Private::OnCaretMoved() {
-    if (loading) return;
-    const QTextCursor cursor = q.textCursor();
-    if (cursor.anchor() == knownAnchor && cursor.position() == knownCaret) return;
-    knownAnchor = cursor.anchor();
-    knownCaret = cursor.position();
-    EndComposition(false);
-    insertion.reset();
-    emit q.SelChanged();
+    d_->text.ReplaceSelection(text);
 }
 
 int EditSurface::GetLineFromChar(int offset) const {
-    return document()->findBlock(d_->PositionOf(offset)).blockNumber();
+    return document()->findBlock(d_->offsets.PositionOf(offset)).blockNumber();
 }
 
 int EditSurface::LineStart(int line) const {
@@ -269,8 +147,295 @@ int EditSurface::LineStart(int line) const {
     return document()->findBlockByNumber(number).position() + number;
 }
 
-quint64 EditSurface::Revision() const {
-    return d_->revision;
+std::optional<TextRange> EditSurface::Match(const QString& text, int start, Qt::CaseSensitivity cs) const {
+    if (start > Length()) return std::nullopt;
+    const int position = d_->offsets.PositionOf(start);
+    const bool inLineEnd = start > d_->offsets.OffsetOf(position);
+    return FindInDocument(*document(), text, position + (inLineEnd ? 1 : 0), cs);
+}
+
+int EditSurface::IndexOf(const QString& text, int start, Qt::CaseSensitivity cs) const {
+    const auto match = Match(text, start, cs);
+    return match ? d_->offsets.OffsetOf(match->offset) : -1;
+}
+
+int EditSurface::Find(const QString& text, int start, Qt::CaseSensitivity cs) {
+    const auto match = Match(text, start, cs);
+    if (!match) return -1;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(match->offset);
+    cursor.setPosition(match->End(), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    return d_->offsets.OffsetOf(match->offset);
+}
+
+std::optional<ColorNumber> EditSurface::SelColor() const {
+    const TextRange selected = SelectedRange(textCursor());
+    if (selected.length == 0) return d_->text.InsertionFormat().color.value_or(ForeColor());
+    return d_->formats.CommonColor(d_->text.PlaceOf(selected.offset), d_->text.PlaceOf(selected.End()), ForeColor());
+}
+
+void EditSurface::SetSelColor(ColorNumber color) {
+    ChangeSelected({.color = color, .bold = {}});
+}
+
+std::optional<bool> EditSurface::SelBold() const {
+    const TextRange selected = SelectedRange(textCursor());
+    if (selected.length == 0) return d_->text.InsertionFormat().bold;
+    return d_->formats.CommonBold(d_->text.PlaceOf(selected.offset), d_->text.PlaceOf(selected.End()));
+}
+
+void EditSurface::SetSelBold(bool bold) {
+    ChangeSelected({.color = {}, .bold = bold});
+}
+
+void EditSurface::ChangeSelected(const FormatChange& change) {
+    const TextRange selected = SelectedRange(textCursor());
+    if (selected.length > 0) {
+        ChangeFormat(selected, change);
+    } else {
+        d_->text.SetInsertionFormat(change.AppliedTo(d_->text.InsertionFormat()));
+    }
+}
+
+void EditSurface::SetFormat(const TextRange& range, const FormatChange& change) {
+    const int begin = std::clamp(range.offset, 0, Length());
+    const int count = std::clamp(range.length, 0, Length() - begin);
+    const int from = d_->offsets.PositionOf(begin);
+    ChangeFormat({from, d_->offsets.PositionOf(begin + count) - from}, change);
+}
+
+void EditSurface::ChangeFormat(const TextRange& positions, const FormatChange& change) {
+    const TextPlace begin = d_->text.PlaceOf(positions.offset);
+    const TextPlace end = d_->text.PlaceOf(positions.End());
+    d_->formats.SetFormat(begin, end, change);
+    if (end.line - begin.line + 1 == d_->formats.LineCount()) {
+        d_->layouts.MarkAllOutdated();
+    } else {
+        d_->layouts.MarkOutdated(begin.line, end.line);
+        viewport()->update();
+    }
+}
+
+void EditSurface::ApplyFormats(std::span<const FormatStep> steps) {
+    if (steps.empty()) return;
+    const QTextBlock first = document()->findBlock(d_->offsets.PositionOf(steps.front().range.offset));
+    PlaceFinder places(d_->formats, first.blockNumber(), d_->offsets.OffsetOf(first.position()));
+    int firstLine = first.blockNumber();
+    int lastLine = firstLine;
+    for (const FormatStep& step : steps) {
+        const TextPlace from = places.At(step.range.offset);
+        const TextPlace to = places.At(step.range.End());
+        if (step.ofOneColor && !d_->formats.CommonColor(from, to, ForeColor())) continue;
+        d_->formats.SetFormat(from, to, step.change);
+        firstLine = std::min(firstLine, from.line);
+        lastLine = std::max(lastLine, to.line);
+    }
+    d_->layouts.MarkOutdated(firstLine, lastLine);
+    viewport()->update();
+}
+
+void EditSurface::SetAllFormats(const CharFormat& rest, std::span<const FormatRun> runs) {
+    d_->formats.SetAll(rest, runs);
+    d_->text.SetInsertionFormat({});
+    d_->layouts.MarkAllOutdated();
+}
+
+CharFormat EditSurface::FormatAt(int offset) const {
+    return d_->formats.FormatAt(d_->text.PlaceOf(d_->offsets.PositionOf(offset)));
+}
+
+const FormatStore& EditSurface::Formats() const {
+    return d_->formats;
+}
+
+EditSurface::Snapshot EditSurface::TakeSnapshot() {
+    return d_->text.TakeSnapshot();
+}
+
+bool EditSurface::Restore(const Snapshot& snapshot) {
+    return d_->text.Restore(snapshot);
+}
+
+void EditSurface::SetEditorFont(const QString& family, const QString& pointSize) {
+    d_->fontFamily = family;
+    d_->pointSize = pointSize;
+    setFont(EditorFont(family, pointSize));
+    setTabStopDistance(tabColumns * QFontMetricsF(font()).horizontalAdvance(u' '));
+}
+
+QString EditSurface::SelFontName() const {
+    return d_->fontFamily;
+}
+
+QString EditSurface::SelFontSize() const {
+    return d_->pointSize;
+}
+
+void EditSurface::SetForeColor(ColorNumber color) {
+    d_->layouts.SetForeColor(color);
+    ApplyColors();
+}
+
+ColorNumber EditSurface::ForeColor() const {
+    return d_->layouts.ForeColor();
+}
+
+void EditSurface::SetBackColor(ColorNumber color) {
+    d_->backColor = color;
+    ApplyColors();
+}
+
+ColorNumber EditSurface::BackColor() const {
+    return d_->backColor;
+}
+
+void EditSurface::ApplyColors() {
+    setPalette(SurfacePalette(palette(), ForeColor(), d_->backColor));
+}
+
+void EditSurface::SetRightMargin(int twips) {
+    d_->rightMargin = std::max(twips, 0);
+    setLineWrapMode(d_->rightMargin >= noWrapMargin ? NoWrap : WidgetWidth);
+    ApplyRightMargin();
+}
+
+int EditSurface::RightMargin() const {
+    return d_->rightMargin;
+}
+
+void EditSurface::ApplyRightMargin() {
+    int strip = 0;
+    if (d_->rightMargin < noWrapMargin) {
+        const int padding = static_cast<int>(std::ceil(document()->documentMargin()));
+        const int available = viewport()->width() + viewportMargins().right();
+        strip = std::max(0, available - PixelsFromTwips(d_->rightMargin) - 2 * padding);
+    }
+    if (strip != viewportMargins().right()) setViewportMargins(0, 0, strip, 0);
+}
+
+QRect EditSurface::CaretRect() const {
+    return cursorRect().translated(viewport()->pos());
+}
+
+void EditSurface::PlaceCaretLine(int linesAbove) {
+    const int linesSeen = viewport()->height() / std::max(1, fontMetrics().lineSpacing());
+    const int wanted = std::clamp(linesAbove, 0, std::max(0, linesSeen - 1));
+    const QTextCursor caret = textCursor();
+    QTextBlock block = caret.block();
+    // Where lines are wrapped shows only in a layout, and hangs on the formats.
+    const auto layOut = [this](const QTextBlock& line) {
+        d_->layouts.Update(line);
+        static_cast<void>(blockBoundingRect(line));
+    };
+    layOut(block);
+    const QTextLine line = block.layout()->lineForTextPosition(caret.positionInBlock());
+    int above = line.isValid() ? line.lineNumber() : 0;  // lines from the block's first to the caret's
+    while (above < wanted && block.previous().isValid()) {
+        block = block.previous();
+        layOut(block);
+        above += block.lineCount();
+    }
+    verticalScrollBar()->setValue(block.firstLineNumber() + std::max(0, above - wanted));
+    ensureCursorVisible();
+}
+
+void EditSurface::paintEvent(QPaintEvent* event) {
+    const QTextBlock first = firstVisibleBlock();
+    const qreal top = blockBoundingGeometry(first).translated(contentOffset()).top();
+    d_->layouts.UpdateVisible(first, event->rect().bottom() - top);
+    QPlainTextEdit::paintEvent(event);
+}
+
+bool EditSurface::event(QEvent* event) {
+    if (event->type() == QEvent::Paint && viewportMargins().right() > 0) {
+        // The strip beside the wrapped lines is part of the page.
+        QPainter(this).fillRect(contentsRect(), palette().base());
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void EditSurface::resizeEvent(QResizeEvent* event) {
+    // A visible viewport that gets another width by the margin reports that itself, from within. One that is just being
+    // shown doesn't, so the toolkit lays out after the margin is set.
+    const int width = viewport()->width();
+    ApplyRightMargin();
+    if (viewport()->width() != width && viewport()->isVisible()) return;
+    QPlainTextEdit::resizeEvent(event);
+}
+
+void EditSurface::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange && d_) ApplyColors();
+}
+
+void EditSurface::SetHandlers(SurfaceHandlers* handlers) {
+    d_->input.SetHandlers(handlers);
+}
+
+void EditSurface::keyPressEvent(QKeyEvent* event) {
+    if (isReadOnly() || !d_->input.KeyPress(*event)) QPlainTextEdit::keyPressEvent(event);
+}
+
+void EditSurface::keyReleaseEvent(QKeyEvent* event) {
+    QPlainTextEdit::keyReleaseEvent(event);
+    d_->input.KeyRelease(*event);
+}
+
+void EditSurface::mousePressEvent(QMouseEvent* event) {
+    if (!d_->input.MousePress(*event)) QPlainTextEdit::mousePressEvent(event);
+}
+
+void EditSurface::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (auto* const handlers = d_->input.Handlers()) handlers->MouseDown(event->button());
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+}
+
+void EditSurface::mouseMoveEvent(QMouseEvent* event) {
+    if (auto* const handlers = d_->input.Handlers()) handlers->MouseMove();
+    QPlainTextEdit::mouseMoveEvent(event);
+}
+
+void EditSurface::mouseReleaseEvent(QMouseEvent* event) {
+    QPlainTextEdit::mouseReleaseEvent(event);
+    if (auto* const handlers = d_->input.Handlers()) handlers->MouseUp(event->button());
+}
+
+void EditSurface::contextMenuEvent(QContextMenuEvent* event) {
+    // The right button has opened it already when it went down.
+    auto* const handlers = d_->input.Handlers();
+    if (handlers && event->reason() != QContextMenuEvent::Mouse) handlers->ContextMenu(event->globalPos());
+    event->accept();
+}
+
+void EditSurface::inputMethodEvent(QInputMethodEvent* event) {
+    if (isReadOnly()) {
+        event->ignore();
+        return;
+    }
+    d_->input.Compose(*event, [this](QInputMethodEvent& shown) { QPlainTextEdit::inputMethodEvent(&shown); });
+    event->accept();
+    ensureCursorVisible();
+}
+
+QMimeData* EditSurface::createMimeDataFromSelection() const {
+    auto* const copied = new QMimeData;
+    copied->setText(d_->text.HandOut());
+    return copied;
+}
+
+void EditSurface::insertFromMimeData(const QMimeData* source) {
+    if (isReadOnly() || source == nullptr || !source->hasText()) return;
+    d_->input.Insert(source->text());
+    ensureCursorVisible();
+}
+
+void EditSurface::dropEvent(QDropEvent* event) {
+    // The toolkit ends its part of the dragging, and has nothing to insert.
+    const QMimeData nothing;
+    QDropEvent end(event->position(), event->possibleActions(), &nothing, event->buttons(), event->modifiers());
+    QPlainTextEdit::dropEvent(&end);
+    d_->input.Drop(*event);
 }
 
 }  // namespace vellum

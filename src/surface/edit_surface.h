@@ -11,7 +11,9 @@
 
 #include <QPlainTextEdit>
 
+#include <memory>
 #include <optional>
+#include <span>
 
 namespace vellum {
 
@@ -136,6 +138,13 @@ protected:
 
 private:
     struct Private;
+
+    [[nodiscard]] std::optional<TextRange> Match(const QString& text, int start, Qt::CaseSensitivity cs) const;
+    void ChangeSelected(const FormatChange& change);  // the selection, or the next characters
+    void ChangeFormat(const TextRange& positions, const FormatChange& change);
+    void ApplyColors();
+    void ApplyRightMargin();
+
     std::unique_ptr<Private> d_;
 };
 

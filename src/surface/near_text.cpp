@@ -2,7 +2,6 @@
 
 #include "surface/document_text.h"
 
-#include <QTextCursor>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -31,22 +30,15 @@ NearText::~NearText() {
     QObject::disconnect(end_);
 }
 
-QString NearText::Read(int position, int length) const {
-    QTextCursor cursor(&document_);
-    cursor.setPosition(position);
-    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
-    return FromDocumentText(cursor.selectedText(), document_, position);
-}
-
 QString NearText::Characters(int position, int length) {
-    if (document_.revision() != revision_) return Read(position, length);  // it is being changed
+    if (document_.revision() != revision_) return ReadDocument(document_, {position, length});  // it is being changed
     const auto known = [&] { return position >= from_ && position + length <= from_ + text_.size(); };
     if (text_.isNull() || !known()) {
-        if (length < shortest || length > longest) return Read(position, length);
+        if (length < shortest || length > longest) return ReadDocument(document_, {position, length});
         const int last = document_.characterCount() - 1;
         from_ = std::max(0, position - margin);
-        text_ = Read(from_, std::min(position + length + margin, last) - from_);
-        if (!known()) return Read(position, length);
+        text_ = ReadDocument(document_, {from_, std::min(position + length + margin, last) - from_});
+        if (!known()) return ReadDocument(document_, {position, length});
     }
     return text_.mid(position - from_, length);
 }
@@ -65,7 +57,7 @@ void NearText::Follow(int position, int removed, int added) {
         text_ = QString();
         return;
     }
-    text_.replace(position - from_, removed, Read(position, added));
+    text_.replace(position - from_, removed, ReadDocument(document_, {position, added}));
 }
 
 }  // namespace vellum

@@ -22,7 +22,6 @@ public:
     [[nodiscard]] QString Characters(int position, int length);
 
 private:
-    [[nodiscard]] QString Read(int position, int length) const;
     void Follow(int position, int removed, int added);
 
     QTextDocument& document_;

@@ -1,11 +1,10 @@
-// Searching in the edit surface, line by line and without a copy of the text.
+#include "surface/surface_search.h"
+
 #include "surface/document_text.h"
-#include "surface/edit_surface_private.h"
 
 #include <QStringList>
+#include <QTextBlock>
 #include <QTextDocument>
-
-#include <algorithm>
 
 namespace vellum {
 namespace {
@@ -69,35 +68,14 @@ private:
 
 }  // namespace
 
-std::optional<std::pair<int, int>> EditSurface::Private::Match(const QString& text, int start,
-                                                               Qt::CaseSensitivity cs) const {
-    if (text.isEmpty() || start > q.Length()) return std::nullopt;
-    const LineSearch search(*q.document(), text, cs);
-    const int position = PositionOf(start);
-    QTextBlock block = q.document()->findBlock(position);
-    int column = position - block.position();
-    if (start > OffsetOf(position)) {
-        block = block.next();
-        column = 0;
-    }
-    const int found = search.First(block, column);
+std::optional<TextRange> FindInDocument(QTextDocument& document, const QString& text, int position,
+                                        Qt::CaseSensitivity cs) {
+    if (text.isEmpty()) return std::nullopt;
+    const LineSearch search(document, text, cs);
+    const QTextBlock block = document.findBlock(position);
+    const int found = search.First(block, position - block.position());
     if (found < 0) return std::nullopt;
-    return std::pair{found, found + search.Length()};
-}
-
-int EditSurface::IndexOf(const QString& text, int start, Qt::CaseSensitivity cs) const {
-    const auto match = d_->Match(text, start, cs);
-    return match ? d_->OffsetOf(match->first) : -1;
-}
-
-int EditSurface::Find(const QString& text, int start, Qt::CaseSensitivity cs) {
-    const auto match = d_->Match(text, start, cs);
-    if (!match) return -1;
-    QTextCursor cursor = textCursor();
-    cursor.setPosition(match->first);
-    cursor.setPosition(match->second, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-    return d_->OffsetOf(match->first);
+    return TextRange{found, search.Length()};
 }
 
 }  // namespace vellum
