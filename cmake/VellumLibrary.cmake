@@ -2,7 +2,9 @@
 
 function(vellum_warnings target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-                                           -Wnull-dereference -Wimplicit-fallthrough)
+                                           -Wnull-dereference -Wimplicit-fallthrough
+                                           # A designated initialiser names what differs from the defaults alone.
+                                           -Wno-missing-field-initializers)
   if(VELLUM_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
