@@ -16,7 +16,7 @@ QString EvenShare(int parts) {
 }
 
 QString FramesetStart(bool columns, const QStringList& sizes) {
-    return "<frameset" + Attribute(QLatin1String(columns ? "cols" : "rows"), sizes.join(u',')) + ">" + lineEnd;
+    return "<frameset" + Attribute(columns ? "cols" : "rows", sizes.join(u',')) + ">" + lineEnd;
 }
 
 }  // namespace
@@ -97,10 +97,10 @@ QString FrameLayout::LineMarkup(int line) const {
 }
 
 QString FrameLayout::FrameTag(FrameCell cell) const {
-    QString tag = "<frame" + Attribute(QLatin1String("src"), FrameSources[cell]);
-    tag += AttributeIfAny(QLatin1String("name"), FrameNames[cell]);
-    tag += Attribute(QLatin1String("frameborder"), QString::number(FrameBorder[cell]));
-    tag += Attribute(QLatin1String("scrolling"), FrameScroll[cell] == 0 ? "no" : "yes");
+    QString tag = "<frame" + Attribute("src", FrameSources[cell]);
+    tag += AttributeIfAny("name", FrameNames[cell]);
+    tag += Attribute("frameborder", QString::number(FrameBorder[cell]));
+    tag += Attribute("scrolling", FrameScroll[cell] == 0 ? "no" : "yes");
     if (FrameResize[cell] == 0) tag += " noresize=\"noresize\"";
     return tag + ">";
 }

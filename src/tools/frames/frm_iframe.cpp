@@ -6,16 +6,16 @@ namespace vellum {
 
 QString IFrameMarkup(const IFrameFields& fields) {
     QString markup = "<IFRAME";
-    markup += AttributeIfAny(QLatin1String("align"), fields.alignment);
-    markup += AttributeIfAny(QLatin1String("name"), fields.name);
-    markup += AttributeIfAny(QLatin1String("src"), fields.source);
-    markup += AttributeIfAny(QLatin1String("id"), fields.id);
-    markup += AttributeIfAny(QLatin1String("height"), fields.height);
-    markup += AttributeIfAny(QLatin1String("width"), fields.width);
-    markup += AttributeIfAny(QLatin1String("marginheight"), fields.marginHeight);
-    markup += AttributeIfAny(QLatin1String("marginwidth"), fields.marginWidth);
-    markup += Attribute(QLatin1String("frameborder"), fields.frameBorder ? "1" : "0");
-    markup += Attribute(QLatin1String("scrolling"), fields.scrollBars ? "yes" : "no");
+    markup += AttributeIfAny("align", fields.alignment);
+    markup += AttributeIfAny("name", fields.name);
+    markup += AttributeIfAny("src", fields.source);
+    markup += AttributeIfAny("id", fields.id);
+    markup += AttributeIfAny("height", fields.height);
+    markup += AttributeIfAny("width", fields.width);
+    markup += AttributeIfAny("marginheight", fields.marginHeight);
+    markup += AttributeIfAny("marginwidth", fields.marginWidth);
+    markup += Attribute("frameborder", fields.frameBorder ? "1" : "0");
+    markup += Attribute("scrolling", fields.scrollBars ? "yes" : "no");
     return markup + "></iframe>";
 }
 

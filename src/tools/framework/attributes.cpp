@@ -2,11 +2,11 @@
 
 namespace vellum {
 
-QString Attribute(QLatin1String name, const QString& value) {
-    return u' ' + name + QLatin1String("=\"") + value + u'"';
+QString Attribute(const char* name, const QString& value) {
+    return u' ' + QLatin1String(name) + QLatin1String("=\"") + value + u'"';
 }
 
-QString AttributeIfAny(QLatin1String name, const QString& value) {
+QString AttributeIfAny(const char* name, const QString& value) {
     return value.isEmpty() ? QString() : Attribute(name, value);
 }
 

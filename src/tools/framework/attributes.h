@@ -6,9 +6,9 @@
 namespace vellum {
 
 // ` name="value"`, also when the value is empty.
-[[nodiscard]] QString Attribute(QLatin1String name, const QString& value);
+[[nodiscard]] QString Attribute(const char* name, const QString& value);
 
 // The same, or nothing when the value is empty.
-[[nodiscard]] QString AttributeIfAny(QLatin1String name, const QString& value);
+[[nodiscard]] QString AttributeIfAny(const char* name, const QString& value);
 
 }  // namespace vellum

@@ -11,23 +11,23 @@ enum Pane { LinkPane, NamedReferencePane, EmailPane, NewsgroupPane };
 }  // namespace
 
 QString LinkMarkup(const LinkFields& fields) {
-    QString markup = "<a" + Attribute(QLatin1String("href"), fields.url);
-    markup += AttributeIfAny(QLatin1String("target"), fields.target);
-    markup += AttributeIfAny(QLatin1String("title"), fields.toolTip);
+    QString markup = "<a" + Attribute("href", fields.url);
+    markup += AttributeIfAny("target", fields.target);
+    markup += AttributeIfAny("title", fields.toolTip);
     if (fields.selected) markup += " selected=\"selected\"";
     return markup + '>' + fields.caption + "</a>";
 }
 
 QString NamedReferenceMarkup(const NamedReferenceFields& fields) {
-    return "<a" + Attribute(QLatin1String("name"), fields.reference) + '>' + fields.displayed + "</a>";
+    return "<a" + Attribute("name", fields.reference) + '>' + fields.displayed + "</a>";
 }
 
 QString EmailMarkup(const EmailFields& fields) {
-    return "<a" + Attribute(QLatin1String("href"), "mailto:" + fields.address) + '>' + fields.caption + "</a>";
+    return "<a" + Attribute("href", "mailto:" + fields.address) + '>' + fields.caption + "</a>";
 }
 
 QString NewsgroupMarkup(const NewsgroupFields& fields) {
-    return "<a" + Attribute(QLatin1String("href"), "news:" + fields.address) + '>' + fields.caption + "</a>";
+    return "<a" + Attribute("href", "news:" + fields.address) + '>' + fields.caption + "</a>";
 }
 
 frmAnchors::frmAnchors(Workbench& bench) : ToolDialog(bench, "frmAnchors", "Links") {

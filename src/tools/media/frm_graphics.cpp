@@ -48,7 +48,7 @@ QString StyleAttribute(const GraphicsFields& fields) {
     if (style->first) filter += fields.*style->first;
     filter += style->middle;
     if (style->second) filter += fields.*style->second;
-    return Attribute(QLatin1String("style"), filter + style->end);
+    return Attribute("style", filter + style->end);
 }
 
 // Told by the last three characters, so that "a.jpeg" is none.
@@ -69,15 +69,15 @@ void Paint(QWidget& widget, QPalette::ColorRole background, const QColor& color,
 
 QString GraphicsMarkup(const GraphicsFields& fields) {
     QString markup = "<img " + fields.mediaType + "=\"" + fields.url + '"';
-    markup += AttributeIfAny(QLatin1String("height"), fields.height);
-    markup += AttributeIfAny(QLatin1String("width"), fields.width);
-    markup += AttributeIfAny(QLatin1String("hspace"), fields.hspace);
-    markup += AttributeIfAny(QLatin1String("vspace"), fields.vspace);
-    markup += AttributeIfAny(QLatin1String("border"), fields.border);
-    markup += AttributeIfAny(QLatin1String("align"), fields.alignment);
-    markup += AttributeIfAny(QLatin1String("alt"), fields.description);
-    markup += AttributeIfAny(QLatin1String("transparency"), fields.transparency);
-    if (fields.imageMap) markup += Attribute(QLatin1String("usemap"), fields.mapName);
+    markup += AttributeIfAny("height", fields.height);
+    markup += AttributeIfAny("width", fields.width);
+    markup += AttributeIfAny("hspace", fields.hspace);
+    markup += AttributeIfAny("vspace", fields.vspace);
+    markup += AttributeIfAny("border", fields.border);
+    markup += AttributeIfAny("align", fields.alignment);
+    markup += AttributeIfAny("alt", fields.description);
+    markup += AttributeIfAny("transparency", fields.transparency);
+    if (fields.imageMap) markup += Attribute("usemap", fields.mapName);
     return markup + StyleAttribute(fields) + " />";
 }
 

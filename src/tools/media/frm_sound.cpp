@@ -16,24 +16,22 @@ QString TrueOrFalse(bool value) {
 }  // namespace
 
 QString BackgroundSoundMarkup(const BackgroundSoundFields& fields) {
-    return "<bgsound" + Attribute(QLatin1String("src"), fields.source) +
-           AttributeIfAny(QLatin1String("loop"), fields.loop) + '>';
+    return "<bgsound" + Attribute("src", fields.source) + AttributeIfAny("loop", fields.loop) + '>';
 }
 
 QString EmbeddedSoundMarkup(const EmbeddedSoundFields& fields) {
-    return "<embed" + Attribute(QLatin1String("src"), fields.source) +
-           Attribute(QLatin1String("autostart"), TrueOrFalse(fields.autoStart)) +
-           Attribute(QLatin1String("hidden"), TrueOrFalse(fields.hidden)) + '>';
+    return "<embed" + Attribute("src", fields.source) + Attribute("autostart", TrueOrFalse(fields.autoStart)) +
+           Attribute("hidden", TrueOrFalse(fields.hidden)) + '>';
 }
 
 QString AudioscopeMarkup(const AudioscopeFields& fields) {
     QString markup = "<audioscope";
-    markup += AttributeIfAny(QLatin1String("align"), fields.alignment);
-    markup += AttributeIfAny(QLatin1String("border"), fields.border);
-    markup += AttributeIfAny(QLatin1String("width"), fields.width);
-    if (!fields.width.isEmpty()) markup += Attribute(QLatin1String("height"), fields.height);
-    markup += AttributeIfAny(QLatin1String("leftcolor"), fields.leftColor);
-    markup += AttributeIfAny(QLatin1String("rightcolor"), fields.rightColor);
+    markup += AttributeIfAny("align", fields.alignment);
+    markup += AttributeIfAny("border", fields.border);
+    markup += AttributeIfAny("width", fields.width);
+    if (!fields.width.isEmpty()) markup += Attribute("height", fields.height);
+    markup += AttributeIfAny("leftcolor", fields.leftColor);
+    markup += AttributeIfAny("rightcolor", fields.rightColor);
     return markup + "></audioscope>";
 }
 

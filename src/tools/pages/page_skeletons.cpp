@@ -10,7 +10,7 @@ namespace {
 constexpr QLatin1String lineEnd("\r\n");
 
 QString NameSpace() {
-    return Attribute(QLatin1String("xmlns"), "http://www.w3.org/1999/xhtml");
+    return Attribute("xmlns", "http://www.w3.org/1999/xhtml");
 }
 
 }  // namespace

@@ -6,15 +6,15 @@
 namespace vellum {
 
 QString AppletMarkup(const AppletFields& fields) {
-    QString markup = "<applet" + Attribute(QLatin1String("name"), fields.name);
-    markup += AttributeIfAny(QLatin1String("align"), fields.alignment);
-    markup += AttributeIfAny(QLatin1String("alt"), fields.alternateText);
-    markup += Attribute(QLatin1String("codebase"), fields.urlDirectory);
-    markup += Attribute(QLatin1String("code"), fields.fileName);
-    markup += AttributeIfAny(QLatin1String("width"), fields.width);
-    markup += AttributeIfAny(QLatin1String("height"), fields.height);
-    markup += AttributeIfAny(QLatin1String("hspace"), fields.hSpace);
-    markup += AttributeIfAny(QLatin1String("vspace"), fields.vSpace);
+    QString markup = "<applet" + Attribute("name", fields.name);
+    markup += AttributeIfAny("align", fields.alignment);
+    markup += AttributeIfAny("alt", fields.alternateText);
+    markup += Attribute("codebase", fields.urlDirectory);
+    markup += Attribute("code", fields.fileName);
+    markup += AttributeIfAny("width", fields.width);
+    markup += AttributeIfAny("height", fields.height);
+    markup += AttributeIfAny("hspace", fields.hSpace);
+    markup += AttributeIfAny("vspace", fields.vSpace);
     return markup + "></applet>";
 }
 

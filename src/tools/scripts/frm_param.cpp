@@ -21,7 +21,7 @@ enum Column { NameColumn, ValueColumn };
 QString ParamMarkup(const std::vector<Parameter>& parameters) {
     QString markup;
     for (const auto& [name, value] : parameters) {
-        markup += "<param" + Attribute(QLatin1String("name"), name) + Attribute(QLatin1String("value"), value);
+        markup += "<param" + Attribute("name", name) + Attribute("value", value);
         markup += " />\r\n";
     }
     return markup;

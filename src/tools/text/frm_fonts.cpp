@@ -15,11 +15,11 @@ QString FaceNames(const FontFields& fields) {
 
 QString FontMarkup(const FontFields& fields, const QString& selection) {
     QString markup = "<font";
-    markup += AttributeIfAny(QLatin1String("face"), FaceNames(fields));
-    markup += AttributeIfAny(QLatin1String("size"), fields.size);
-    markup += AttributeIfAny(QLatin1String("color"), fields.color);
-    markup += AttributeIfAny(QLatin1String("effect"), fields.effect);
-    markup += AttributeIfAny(QLatin1String("transparency"), fields.transparency);
+    markup += AttributeIfAny("face", FaceNames(fields));
+    markup += AttributeIfAny("size", fields.size);
+    markup += AttributeIfAny("color", fields.color);
+    markup += AttributeIfAny("effect", fields.effect);
+    markup += AttributeIfAny("transparency", fields.transparency);
     return markup + '>' + selection + "</font>";
 }
 

@@ -7,9 +7,9 @@ namespace vellum {
 
 QString HRuleMarkup(const HRuleFields& fields) {
     QString markup = "<hr";
-    markup += AttributeIfAny(QLatin1String("color"), fields.color);
-    markup += AttributeIfAny(QLatin1String("size"), fields.height);
-    markup += AttributeIfAny(QLatin1String("width"), fields.width);
+    markup += AttributeIfAny("color", fields.color);
+    markup += AttributeIfAny("size", fields.height);
+    markup += AttributeIfAny("width", fields.width);
     if (fields.noShade) markup += " noshade=\"noshade\"";
     if (fields.raised) markup += " invertborder=\"invertborder\"";
     return markup + " />";

@@ -8,18 +8,18 @@ namespace vellum {
 namespace {
 
 TEST(Attributes, HaveABlankInFrontAndQuotes) {
-    EXPECT_EQ(Attribute(QLatin1String("href"), "a b.htm"), " href=\"a b.htm\"");
-    EXPECT_EQ(Attribute(QLatin1String("href"), ""), " href=\"\"");
+    EXPECT_EQ(Attribute("href", "a b.htm"), " href=\"a b.htm\"");
+    EXPECT_EQ(Attribute("href", ""), " href=\"\"");
 }
 
 TEST(Attributes, OfEmptyFieldsAreLeftOut) {
-    EXPECT_EQ(AttributeIfAny(QLatin1String("title"), "x"), " title=\"x\"");
-    EXPECT_EQ(AttributeIfAny(QLatin1String("title"), " "), " title=\" \"");
-    EXPECT_EQ(AttributeIfAny(QLatin1String("title"), ""), "");
+    EXPECT_EQ(AttributeIfAny("title", "x"), " title=\"x\"");
+    EXPECT_EQ(AttributeIfAny("title", " "), " title=\" \"");
+    EXPECT_EQ(AttributeIfAny("title", ""), "");
 }
 
 TEST(Attributes, TakeTheTextOfAFieldAsItStands) {
-    EXPECT_EQ(Attribute(QLatin1String("alt"), "\"<&>"), " alt=\"\"<&>\"");
+    EXPECT_EQ(Attribute("alt", "\"<&>"), " alt=\"\"<&>\"");
 }
 
 TEST(NumbersOf, RunInSteps) {
