@@ -56,16 +56,11 @@ void Replace(QListWidget& list, const QStringList& entries) {
 
 // What a double click in the website panel puts into the page.
 FileTools MakeFileTools(Workbench& bench) {
-    return {[&bench](const QString& path) {
-                ShowPreparedTool<frmGraphics>(bench, [&path](frmGraphics& tool) { tool.SetFile(path); });
-            },
+    return {[&bench](const QString& path) { ShowTool<frmGraphics>(bench, GraphicsOf(path)); },
             [&bench](const QString& path) {
-                const QString name = QFileInfo(path).fileName();
-                ShowPreparedTool<frmSound>(bench, [&name](frmSound& tool) { tool.SetSource(name); });
+                ShowTool<frmSound>(bench, BackgroundSoundFields{.source = QFileInfo(path).fileName()});
             },
-            [&bench](const QString& name) {
-                ShowPreparedTool<frmAnchors>(bench, [&name](frmAnchors& tool) { tool.SetUrl(name); });
-            }};
+            [&bench](const QString& name) { ShowTool<frmAnchors>(bench, LinkFields{.url = name}); }};
 }
 
 }  // namespace

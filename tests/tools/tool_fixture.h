@@ -7,7 +7,10 @@
 #include "tools/framework/tool_dialog.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -60,6 +63,17 @@ protected:
         line.selectAll();
         QTest::keyClick(&line, Qt::Key_Delete);
         QTest::keyClicks(&line, text);
+    }
+
+    // A key in the field that has the keyboard.
+    static void Press(const QWidget& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(form.focusWidget(), key, modifiers);
+    }
+
+    // What a text or a box holds.
+    static QString Field(const QWidget& form, const QString& name) {
+        const auto* const box = form.findChild<QComboBox*>(name);
+        return box ? box->currentText() : Get<QLineEdit>(form, name).text();
     }
 
     static void Click(const QWidget& form, const QString& name) {

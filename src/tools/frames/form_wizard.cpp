@@ -2,38 +2,28 @@
 
 #include "tools/frames/frame_page.h"
 
-#include <QPushButton>
 #include <QRadioButton>
+
+#include <optional>
 
 namespace vellum {
 namespace {
 
-constexpr int leastWidth = 40;  // in characters, so that the window's caption is seen whole
-
 std::optional<FrameDirection> AskDirection(Workbench& bench) {
     FormWizard wizard(bench);
-    wizard.exec();
+    if (wizard.exec() != QDialog::Accepted) return std::nullopt;
     return wizard.Direction();
 }
 
 }  // namespace
 
 FormWizard::FormWizard(Workbench& bench) : ToolDialog(bench, "FormWizard", "Frame Builder") {
-    BeginFrame("Step 1");
-    optRows = new QRadioButton("Start With &Rows", Parent());
-    optRows->setObjectName("optRows");
-    optRows->setChecked(true);
-    optRows->setMinimumWidth(fontMetrics().averageCharWidth() * leastWidth);
-    AddField({}, optRows);
-    optColumns = new QRadioButton("Start With C&olumns", Parent());
-    optColumns->setObjectName("optColumns");
-    AddField({}, optColumns);
-    EndFrame();
-    const QPushButton* const next = FinishWithButton("cmdNext", "&Next");
-    connect(next, &QPushButton::clicked, this, [this] {
-        direction_ = optRows->isChecked() ? FrameDirection::RowsFirst : FrameDirection::ColumnsFirst;
-        accept();
+    constexpr int leastWidth = 40;  // in characters, so that the window's caption is seen whole
+    AddFrame("Step 1", [this] {
+        SetFieldWidth(AddOption(direction_, FrameDirection::RowsFirst, "optRows", "Start With &Rows"), leastWidth);
+        AddOption(direction_, FrameDirection::ColumnsFirst, "optColumns", "Start With C&olumns");
     });
+    Finish([] { return QString(); }, OnCancel::Leave, {"cmdNext", "&Next"});
 }
 
 void ShowFrameBuilder(Workbench& bench) {

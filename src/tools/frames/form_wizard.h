@@ -4,10 +4,6 @@
 #include "tools/frames/frame_layout.h"
 #include "tools/framework/tool_dialog.h"
 
-#include <optional>
-
-class QRadioButton;
-
 namespace vellum {
 
 class FormWizard : public ToolDialog {
@@ -15,13 +11,10 @@ class FormWizard : public ToolDialog {
 public:
     explicit FormWizard(Workbench& bench);
 
-    // What "Next" was pressed with; nothing after Cancel.
-    [[nodiscard]] std::optional<FrameDirection> Direction() const { return direction_; }
+    [[nodiscard]] FrameDirection Direction() const { return direction_; }
 
 private:
-    QRadioButton* optRows;
-    QRadioButton* optColumns;
-    std::optional<FrameDirection> direction_;
+    FrameDirection direction_ = FrameDirection::RowsFirst;
 };
 
 // From the first question to the markup in the active document. Each form is gone before the next one comes.

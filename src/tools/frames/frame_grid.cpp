@@ -138,7 +138,7 @@ void FrameGrid::LayOutCells() {
     const int gridTwips = TwipsFromPixels(Stacked() ? height() : width());
     const int cellTwips = static_cast<int>(RoundHalfEven(static_cast<double>(gridTwips) / count));
     for (int frame = 0; frame < count; ++frame) {
-        // From edge to edge, so that the fractions of a pixel don't add up to a gap behind the last frame.
+        // From edge to edge, so that the fractions of a pixel don't add up to a gap after the last frame.
         const int size = PixelsFromTwips((frame + 1) * cellTwips) - PixelsFromTwips(frame * cellTwips);
         if (Stacked()) {
             setRowHeight(frame, size);

@@ -26,7 +26,7 @@ public:
 signals:
     // The frame was pressed, or a key came to it that does the same.
     void Chosen(int frame);
-    // An arrow key leads out of this line: -1 to the one before, 1 to the one behind.
+    // An arrow key leads out of this line: -1 to the one before, 1 to the one after.
     void LeftFor(int step, int frame);
 
 protected:

@@ -5,8 +5,8 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -22,27 +22,6 @@ constexpr int numberWidth = 6;
 constexpr int sizeWidth = 9;
 constexpr int textWidth = 16;
 
-constexpr int columnGap = 18;  // pixels
-
-void SetLeastWidth(QLineEdit* field, int characters) {
-    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * characters);
-}
-
-QString Indexed(const QString& name, int index) {
-    return QStringLiteral("%1(%2)").arg(name).arg(index);
-}
-
-// What a field shows of another frame is no edit of that frame.
-void ShowIn(QLineEdit* field, const QString& text) {
-    const QSignalBlocker quiet(field);
-    field->setText(text);
-}
-
-void ShowIn(QCheckBox* field, std::int16_t checked) {
-    const QSignalBlocker quiet(field);
-    field->setChecked(checked != 0);
-}
-
 QString SizeCaption(const QString& width, const QString& height) {
     return QStringLiteral("%1 × %2").arg(width, height);
 }
@@ -53,18 +32,17 @@ FramePage::FramePage(Workbench& bench, const QString& name, FrameDirection direc
     : ToolDialog(bench, name, "Frame Wizard"),
       layout_(direction),
       columnsFirst_(direction == FrameDirection::ColumnsFirst),
-      steps_(new QStackedWidget(Parent())) {
+      steps_(new QStackedWidget) {
     if (QWidget* const window = bench.Window()) window->setEnabled(false);
     setEnabled(true);  // the main window's children go with it, a dialog among them
     AddGrowing(steps_);
     AddNumberStep();
     AddFrameStep();
+    connect(this, &FieldForm::Changed, this, &FramePage::TakeDetails);
     // Both captions of the button keep their letters to themselves: "N" is taken only on the step that has no fields.
-    cmdNext = FinishWithButton("cmdNext", "&Finish", OnCancel::FocusText);
+    cmdNext = Finish([this] { return Next(); }, OnCancel::FocusText, {"cmdNext", "&Finish"});
     cmdNext->setText("&Next");
-    connect(cmdNext, &QPushButton::clicked, this, &FramePage::Next);
     resize(sizeHint().expandedTo(roomy));
-    txtNumber->setFocus();
 }
 
 void FramePage::AddNumberStep() {
@@ -73,11 +51,10 @@ void FramePage::AddNumberStep() {
     steps_->addWidget(step);
     auto* const question = new QWidget(step);
     (new QVBoxLayout(step))->addWidget(question, 0, Qt::AlignCenter);
-    BeginPanel(question);
-    txtNumber = AddText("txtNumber", columnsFirst_ ? "Number &Of Columns (1 - 4)" : "Number &Of Rows (1 - 4)");
-    SetLeastWidth(txtNumber, numberWidth);
-    txtNumber->setMaximumWidth(txtNumber->minimumWidth());
-    EndFrame();
+    Begin(question);
+    txtNumber = AddText(number_, "txtNumber", columnsFirst_ ? "Number &Of Columns (1 - 4)" : "Number &Of Rows (1 - 4)");
+    SetFieldWidth(txtNumber, numberWidth, numberWidth);
+    End();
 }
 
 void FramePage::AddFrameStep() {
@@ -99,33 +76,25 @@ void FramePage::AddFrameStep() {
     hint->setAlignment(Qt::AlignCenter);
     hint->setWordWrap(true);
     details_->addWidget(hint);
-    AddDetails(details_);
+    AddDetails();
     details_->addWidget(picControl);
 }
 
-void FramePage::AddDetails(QWidget* parent) {
-    picControl = new QFrame(parent);
+void FramePage::AddDetails() {
+    picControl = new QFrame(details_);
     picControl->setObjectName("picControl");
     picControl->setFrameShape(QFrame::StyledPanel);
-    BeginPanel(picControl);
-    txtName = AddText("txtName", "Frame Name");
-    txtSource = AddFile("txtSource", "Frame Source", "Find", {});
-    for (QLineEdit* field : {txtName, txtSource}) SetLeastWidth(field, textWidth);
+    Begin(picControl);
+    SetFieldWidth(AddText(shown_.name, "txtName", "Frame Name"), textWidth);
+    SetFieldWidth(AddFile(shown_.source, "txtSource", "Frame Source", "Find", {}), textWidth);
     NextColumn();
-    txtWidth = AddText("txtWidth", "Frame Width");
-    txtHeight = AddText("txtHeight", "Frame Height");
-    for (QLineEdit* field : {txtWidth, txtHeight}) SetLeastWidth(field, sizeWidth);
-    NextColumn();
-    chkScrollbars = AddCheck("chkScrollbars", "Scrollbars");
-    chkBorder = AddCheck("chkBorder", "Frame Border");
-    chkResize = AddCheck("chkResize", "Resizable");
-    EndFrame();
-    // Names are longer than sizes, and check boxes don't grow.
-    auto* const columns = static_cast<QBoxLayout*>(picControl->layout());
-    columns->setSpacing(columnGap);
-    columns->setStretch(0, 2);
-    columns->setStretch(2, 0);
-    FollowEdits();
+    SetFieldWidth(AddText(shown_.width, "txtWidth", "Frame Width"), sizeWidth);
+    SetFieldWidth(AddText(shown_.height, "txtHeight", "Frame Height"), sizeWidth);
+    NextColumn(0);
+    AddCheck(shown_.scrollbars, "chkScrollbars", "Scrollbars");
+    AddCheck(shown_.border, "chkBorder", "Frame Border");
+    AddCheck(shown_.resizable, "chkResize", "Resizable");
+    End();
 }
 
 QString FramePage::LineName(int line) const {
@@ -170,12 +139,16 @@ QPushButton* FramePage::MakeCountButton(const QString& name, int line, QWidget* 
     return button;
 }
 
-void FramePage::Next() {
-    if (steps_->currentIndex() != 0) return HandOver(layout_.Markup());
-    if (layout_.SetLineCount(txtNumber->text())) return ShowLines();
+std::optional<QString> FramePage::Next() {
+    if (steps_->currentIndex() != 0) return layout_.Markup();
+    if (layout_.SetLineCount(number_)) {
+        ShowLines();
+        return std::nullopt;
+    }
     bench_.Ask().Message(this, "Invalid Value");
     txtNumber->setFocus();
     txtNumber->selectAll();
+    return std::nullopt;
 }
 
 void FramePage::ShowLines() {
@@ -215,33 +188,27 @@ void FramePage::ChooseBeside(FrameCell cell, int step) {
 }
 
 void FramePage::LoadDetails() {
-    ShowIn(txtName, layout_.FrameNames[current_]);
-    ShowIn(txtSource, layout_.FrameSources[current_]);
-    ShowIn(txtWidth, layout_.FrameWidths[current_]);
-    ShowIn(txtHeight, layout_.FrameHeights[current_]);
-    ShowIn(chkScrollbars, layout_.FrameScroll[current_]);
-    ShowIn(chkBorder, layout_.FrameBorder[current_]);
-    ShowIn(chkResize, layout_.FrameResize[current_]);
+    shown_ = {.name = layout_.FrameNames[current_],
+              .source = layout_.FrameSources[current_],
+              .width = layout_.FrameWidths[current_],
+              .height = layout_.FrameHeights[current_],
+              .scrollbars = layout_.FrameScroll[current_] != 0,
+              .border = layout_.FrameBorder[current_] != 0,
+              .resizable = layout_.FrameResize[current_] != 0};
+    ShowFields();
 }
 
-void FramePage::FollowEdits() {
-    const auto follow = [this](QLineEdit* field, const auto& write) {
-        connect(field, &QLineEdit::textChanged, this, [this, write](const QString& text) {
-            write(text);
-            DrawLine(current_.line);
-        });
-    };
-    follow(txtName, [this](const QString& text) { layout_.FrameNames[current_] = text; });
-    follow(txtSource, [this](const QString& text) { layout_.FrameSources[current_] = text; });
-    follow(txtWidth, [this](const QString& text) { layout_.SetFrameWidth(current_, text); });
-    follow(txtHeight, [this](const QString& text) { layout_.SetFrameHeight(current_, text); });
-    const auto followCheck = [this](const QCheckBox* field, FrameTable<std::int16_t>& table) {
-        connect(field, &QCheckBox::toggled, this,
-                [this, &table](bool checked) { table[current_] = static_cast<std::int16_t>(checked ? 1 : 0); });
-    };
-    followCheck(chkScrollbars, layout_.FrameScroll);
-    followCheck(chkBorder, layout_.FrameBorder);
-    followCheck(chkResize, layout_.FrameResize);
+// A size that the line shares goes to all its frames, so that only an edited one is taken.
+void FramePage::TakeDetails() {
+    if (details_->currentWidget() != picControl) return;
+    layout_.FrameNames[current_] = shown_.name;
+    layout_.FrameSources[current_] = shown_.source;
+    if (shown_.width != layout_.FrameWidths[current_]) layout_.SetFrameWidth(current_, shown_.width);
+    if (shown_.height != layout_.FrameHeights[current_]) layout_.SetFrameHeight(current_, shown_.height);
+    layout_.FrameScroll[current_] = static_cast<std::int16_t>(shown_.scrollbars);
+    layout_.FrameBorder[current_] = static_cast<std::int16_t>(shown_.border);
+    layout_.FrameResize[current_] = static_cast<std::int16_t>(shown_.resizable);
+    DrawLine(current_.line);
 }
 
 void FramePage::DrawLine(int line) {

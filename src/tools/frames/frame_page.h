@@ -6,6 +6,7 @@
 #include "tools/framework/tool_dialog.h"
 
 #include <array>
+#include <optional>
 
 class QFrame;
 class QStackedWidget;
@@ -30,24 +31,37 @@ private:
 
     void AddNumberStep();
     void AddFrameStep();
-    void AddDetails(QWidget* parent);
+    void AddDetails();
     [[nodiscard]] Line MakeLine(int line, QWidget* parent);
     [[nodiscard]] QPushButton* MakeCountButton(const QString& name, int line, QWidget* parent, bool adds);
     [[nodiscard]] QString LineName(int line) const;
     [[nodiscard]] FrameGrid& GridOf(int line) const { return *lines_.at(static_cast<std::size_t>(line)).Row1; }
 
-    void Next();
+    [[nodiscard]] std::optional<QString> Next();
     void ShowLines();
     void ChangeFrameCount(int line, bool adds);
     void Choose(FrameCell cell);
     void ChooseBeside(FrameCell cell, int step);
     void LoadDetails();
-    void FollowEdits();
+    void TakeDetails();
     void DrawLine(int line);
+
+    // What picControl shows of the current frame.
+    struct Details {
+        QString name;
+        QString source;
+        QString width;
+        QString height;
+        bool scrollbars = false;
+        bool border = false;
+        bool resizable = false;
+    };
 
     FrameLayout layout_;
     bool columnsFirst_;
+    QString number_;  // of lines, as typed
     FrameCell current_;
+    Details shown_;
     std::array<Line, mostFrames> lines_;
 
     QStackedWidget* steps_;    // Stepper(0) and Stepper(1)
@@ -55,13 +69,6 @@ private:
     QPushButton* cmdNext;
     QFrame* picControl;
     QLineEdit* txtNumber;
-    QLineEdit* txtName;
-    QLineEdit* txtSource;
-    QLineEdit* txtWidth;
-    QLineEdit* txtHeight;
-    QCheckBox* chkScrollbars;
-    QCheckBox* chkBorder;
-    QCheckBox* chkResize;
 };
 
 // Starts with columns.

@@ -20,27 +20,18 @@ QString IFrameMarkup(const IFrameFields& fields) {
 }
 
 frmIFrame::frmIFrame(Workbench& bench) : ToolDialog(bench, "frmIFrame", "Floating Frame") {
-    const IFrameFields defaults;
-    cboAlignment =
-        AddCombo("cboAlignment", "Alignment", {"TOP", "MIDDLE", "BOTTOM", "LEFT", "RIGHT"}, defaults.alignment);
-    txtName = AddText("txtName", "Name");
-    txtID = AddText("txtID", "ID");
-    txtHTMLFile = AddFile("txtHTMLFile", "HTML File", "&Find",
-                          "Web Pages (*.htm;*.html;*.asp)|*.htm;*.html;*.asp|All Files (*.*)|*.*");
-    txtWidth = AddText("txtWidth", "Width (In Pixels)");
-    txtHeight = AddText("txtHeight", "Height (in Pixels)");
-    txtMarginHeight = AddText("txtMarginHeight", "Margin Height (In Pixels)");
-    txtMarginWidth = AddText("txtMarginWidth", "Margin Width (In Pixels)");
-    chkFrameBorder = AddCheck("chkFrameBorder", "Frame Border");
-    chkScrollBars = AddCheck("chkScrollBars", "Scroll Bars");
-    Finish([this] { return IFrameMarkup(Fields()); });
-}
-
-IFrameFields frmIFrame::Fields() const {
-    return {cboAlignment->currentText(), txtName->text(),        txtID->text(),
-            txtHTMLFile->text(),         txtWidth->text(),       txtHeight->text(),
-            txtMarginHeight->text(),     txtMarginWidth->text(), chkFrameBorder->isChecked(),
-            chkScrollBars->isChecked()};
+    AddCombo(fields_.alignment, "cboAlignment", "Alignment", {"TOP", "MIDDLE", "BOTTOM", "LEFT", "RIGHT"});
+    AddText(fields_.name, "txtName", "Name");
+    AddText(fields_.id, "txtID", "ID");
+    AddFile(fields_.source, "txtHTMLFile", "HTML File", "&Find",
+            "Web Pages (*.htm;*.html;*.asp)|*.htm;*.html;*.asp|All Files (*.*)|*.*");
+    AddText(fields_.width, "txtWidth", "Width (In Pixels)");
+    AddText(fields_.height, "txtHeight", "Height (in Pixels)");
+    AddText(fields_.marginHeight, "txtMarginHeight", "Margin Height (In Pixels)");
+    AddText(fields_.marginWidth, "txtMarginWidth", "Margin Width (In Pixels)");
+    AddCheck(fields_.frameBorder, "chkFrameBorder", "Frame Border");
+    AddCheck(fields_.scrollBars, "chkScrollBars", "Scroll Bars");
+    Finish([this] { return IFrameMarkup(fields_); });
 }
 
 }  // namespace vellum

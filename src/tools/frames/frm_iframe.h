@@ -26,19 +26,9 @@ class frmIFrame : public ToolDialog {
     Q_OBJECT
 public:
     explicit frmIFrame(Workbench& bench);
-    [[nodiscard]] IFrameFields Fields() const;
 
 private:
-    QComboBox* cboAlignment;
-    QLineEdit* txtName;
-    QLineEdit* txtID;
-    QLineEdit* txtHTMLFile;
-    QLineEdit* txtWidth;
-    QLineEdit* txtHeight;
-    QLineEdit* txtMarginHeight;
-    QLineEdit* txtMarginWidth;
-    QCheckBox* chkFrameBorder;
-    QCheckBox* chkScrollBars;
+    IFrameFields fields_;
 };
 
 }  // namespace vellum

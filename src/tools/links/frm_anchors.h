@@ -37,30 +37,14 @@ struct NewsgroupFields {
 class frmAnchors : public ToolDialog {
     Q_OBJECT
 public:
-    explicit frmAnchors(Workbench& bench);
-
-    // Of the page that the first pane links to.
-    void SetUrl(const QString& url);
-
-    [[nodiscard]] LinkFields Link() const;
-    [[nodiscard]] NamedReferenceFields NamedReference() const;
-    [[nodiscard]] EmailFields Email() const;
-    [[nodiscard]] NewsgroupFields Newsgroup() const;
+    // Opens with a link, whose caption is not looked at.
+    explicit frmAnchors(Workbench& bench, LinkFields link = {});
 
 private:
-    [[nodiscard]] QString PaneMarkup() const;
-
-    QLineEdit* txtURL;
-    QLineEdit* txtLinkCaption;
-    QLineEdit* txtToolTip;
-    QComboBox* cboTarget;
-    QCheckBox* chkTVSelected;
-    QLineEdit* txtReference;
-    QLineEdit* txtDisplayed;
-    QLineEdit* txtEmail;
-    QLineEdit* txtEmailCaption;
-    QLineEdit* txtNewsgroup;
-    QLineEdit* txtNewsgroupCaption;
+    LinkFields link_;
+    NamedReferenceFields reference_;
+    EmailFields email_;
+    NewsgroupFields newsgroup_;
 };
 
 }  // namespace vellum

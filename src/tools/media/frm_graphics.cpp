@@ -6,12 +6,13 @@
 #include "tools/framework/values.h"
 
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace vellum {
 namespace {
@@ -51,9 +52,14 @@ QString StyleAttribute(const GraphicsFields& fields) {
     return Attribute("style", filter + style->end);
 }
 
-// Told by the last three characters, so that "a.jpeg" is none.
-bool IsMeasured(const QString& name) {
-    return QStringLiteral("GIF,JPG,BMP").contains(name.right(3).toUpper());
+// The kinds are told by the last three characters, so that "a.jpeg" is none. An image that can't be read leaves the
+// fields as they are.
+void Measure(GraphicsFields& fields, const QString& path) {
+    if (!QStringLiteral("GIF,JPG,BMP").contains(path.right(3).toUpper())) return;
+    const std::optional<QSize> size = ImageSize(path);
+    if (!size) return;
+    fields.width = QString::number(size->width());
+    fields.height = QString::number(size->height());
 }
 
 // Sets the text's color along with its background, so that both fit in a light theme as in a dark one.
@@ -81,124 +87,90 @@ QString GraphicsMarkup(const GraphicsFields& fields) {
     return markup + StyleAttribute(fields) + " />";
 }
 
-frmGraphics::frmGraphics(Workbench& bench) : ToolDialog(bench, "frmGraphics", "Graphics") {
+GraphicsFields GraphicsOf(const QString& path) {
+    GraphicsFields fields{.url = QFileInfo(path).fileName()};
+    Measure(fields, path);
+    return fields;
+}
+
+frmGraphics::frmGraphics(Workbench& bench, GraphicsFields fields)
+    : ToolDialog(bench, "frmGraphics", "Graphics"), fields_(std::move(fields)) {
     AddPane("URL and Positioning");
     AddPositioning();
     AddPane("Microsoft Gradient Filters");
     AddFilters();
-    Finish([this] { return GraphicsMarkup(Fields()); });
+    Finish([this] { return GraphicsMarkup(fields_); });
 }
 
 void frmGraphics::AddPositioning() {
-    const GraphicsFields defaults;
-    cboMediaType = AddCombo("cboMediaType", "Media Type", {"dynsrc", "src", "vrml"}, defaults.mediaType);
-    txtURL = AddFile("txtURL", "URL", "Find", "All Files|*.*", [this](const QString& path) {
-        if (IsMeasured(path)) Measure(path);
-    });
-    txtHeight = AddText("txtHeight", "Height");
-    txtWidth = AddText("txtWidth", "Width");
-    txtHSpace = AddText("txtHSpace", "HSPACE");
-    txtVSpace = AddText("txtVSpace", "VSPACE");
+    constexpr int textWidth = 28;  // in characters; two columns of them stand side by side
+    AddCombo(fields_.mediaType, "cboMediaType", "Media Type", {"dynsrc", "src", "vrml"});
+    const auto measure = [this](const QString& path) {
+        Measure(fields_, path);
+        ShowFields();
+    };
+    SetFieldWidth(AddFile(fields_.url, "txtURL", "URL", "Find", "All Files|*.*", measure), textWidth);
+    SetFieldWidth(AddText(fields_.height, "txtHeight", "Height"), textWidth);
+    SetFieldWidth(AddText(fields_.width, "txtWidth", "Width"), textWidth);
+    SetFieldWidth(AddText(fields_.hspace, "txtHSpace", "HSPACE"), textWidth);
+    SetFieldWidth(AddText(fields_.vspace, "txtVSpace", "VSPACE"), textWidth);
     NextColumn();
-    cboBorder = AddCombo("cboBorder", "Border", Numbers(0, 10) << "20");
-    cboAlignment =
-        AddCombo("cboAlignment", "Alignment",
-                 {"ABSBOTTOM", "ABSMIDDLE", "BASELINE", "BOTTOM", "LEFT", "MIDDLE", "RIGHT", "TEXTTOP", "TOP"});
-    txtDescription = AddText("txtDescription", "Description");
-    BeginFrame("WebTV");
-    cboTransparency = AddCombo("cboTransparency", "Transparency", Numbers(0, 100, 10));
-    EndFrame();
-    AddImageMap();
-    // Two columns of them stand side by side.
-    constexpr int fieldWidth = 28;  // in characters
-    for (QLineEdit* field : {txtURL, txtHeight, txtWidth, txtHSpace, txtVSpace, txtDescription, txtImageMap}) {
-        field->setMinimumWidth(fieldWidth * fontMetrics().averageCharWidth());
-    }
-}
-
-void frmGraphics::AddImageMap() {
-    auto* row = new QWidget(Parent());
-    chkImageMap = new QCheckBox("Image Map", row);
-    chkImageMap->setObjectName("chkImageMap");
-    txtImageMap = MakeText("txtImageMap");
-    txtImageMap->setAccessibleName("Image Map");
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(chkImageMap);
-    layout->addWidget(txtImageMap, 1);
-    connect(chkImageMap, &QCheckBox::toggled, this, &frmGraphics::ShowImageMap);
-    ShowImageMap(false);
-    AddField({}, row);
+    AddCombo(fields_.border, "cboBorder", "Border", Numbers(0, 10) << "20");
+    AddCombo(fields_.alignment, "cboAlignment", "Alignment",
+             {"ABSBOTTOM", "ABSMIDDLE", "BASELINE", "BOTTOM", "LEFT", "MIDDLE", "RIGHT", "TEXTTOP", "TOP"});
+    SetFieldWidth(AddText(fields_.description, "txtDescription", "Description"), textWidth);
+    AddFrame("WebTV",
+             [this] { AddCombo(fields_.transparency, "cboTransparency", "Transparency", Numbers(0, 100, 10)); });
+    AddCheck(fields_.imageMap, "chkImageMap", "Image Map");
+    Beside();
+    QLineEdit* const map = AddText(fields_.mapName, "txtImageMap");
+    SetFieldWidth(map, textWidth);
+    Follow([this, map] {
+        const bool on = fields_.imageMap;
+        map->setEnabled(on);
+        Paint(*map, QPalette::Base, on ? Qt::white : ColorFromNumber(0xC0C0C0), QPalette::Text,
+              on ? Qt::black : ColorFromNumber(0x404040));
+    });
 }
 
 void frmGraphics::AddFilters() {
-    cboFilterType = AddCombo("cboFilterType", "Filter Type",
-                             {"Alpha Filter", "Blur Filter", "Flip Horizontal", "Flip Vertical", "Grayscale Filter",
-                              "Invert Filter", "Mask Filter", "Wave Filter", "XRay Filter"});
-    auto* set = MakeFieldButton("cmdFilterColor", "Set", "Filter Color");
+    AddCombo(fields_.filterType, "cboFilterType", "Filter Type",
+             {"Alpha Filter", "Blur Filter", "Flip Horizontal", "Flip Vertical", "Grayscale Filter", "Invert Filter",
+              "Mask Filter", "Wave Filter", "XRay Filter"});
+    AddFilterColor();
+    AddNote("Needed For Mask Filter");
+    AddText(fields_.strength, "txtStrength", "Strength");
+    AddNote("Needed For: Alpha Filter - Opacity");
+    AddNote("Blur Filter - Pixel Displacement");
+}
+
+void frmGraphics::AddFilterColor() {
+    auto* const set = new QPushButton("Set");
+    set->setObjectName("cmdFilterColor");
+    set->setAccessibleName("Set, Filter Color");
     set->setToolTip(tr("Opens the color dialog"));
-    set->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    lblFilterColor = new QLabel(Parent());
-    lblFilterColor->setObjectName("lblFilterColor");
-    lblFilterColor->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    lblFilterColor->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    lblFilterColor->setAlignment(Qt::AlignCenter);
-    connect(set, &QPushButton::clicked, this, &frmGraphics::SetFilterColor);
-    AddField("Filter Color", set, lblFilterColor);
-    AddNote(set, "Needed For Mask Filter");
-    txtStrength = AddText("txtStrength", "Strength");
-    AddNote(txtStrength, "Needed For: Alpha Filter - Opacity");
-    AddNote(txtStrength, "Blur Filter - Pixel Displacement");
-}
-
-void frmGraphics::ShowImageMap(bool on) {
-    txtImageMap->setEnabled(on);
-    const QColor background = on ? Qt::white : ColorFromNumber(0xC0C0C0);
-    Paint(*txtImageMap, QPalette::Base, background, QPalette::Text, on ? Qt::black : ColorFromNumber(0x404040));
-}
-
-void frmGraphics::SetFilterColor() {
-    const auto color = bench_.Ask().PickColor(this, 0);
-    if (!color) return;
-    filterColor_ = ColorToHex(*color);
-    const QColor shown = ColorFromNumber(*color);
-    const bool isLight = qGray(shown.rgb()) > 127;
-    lblFilterColor->setAutoFillBackground(true);
-    lblFilterColor->setText(filterColor_);
-    Paint(*lblFilterColor, QPalette::Window, shown, QPalette::WindowText, isLight ? Qt::black : Qt::white);
-}
-
-void frmGraphics::SetFile(const QString& path) {
-    const QString name = QFileInfo(path).fileName();
-    txtURL->setText(name);
-    if (IsMeasured(name)) Measure(path);
-}
-
-void frmGraphics::Measure(const QString& path) {
-    const std::optional<QSize> size = ImageSize(path);
-    if (!size) return;
-    txtWidth->setText(QString::number(size->width()));
-    txtHeight->setText(QString::number(size->height()));
-}
-
-GraphicsFields frmGraphics::Fields() const {
-    GraphicsFields fields;
-    fields.mediaType = cboMediaType->currentText();
-    fields.url = txtURL->text();
-    fields.height = txtHeight->text();
-    fields.width = txtWidth->text();
-    fields.hspace = txtHSpace->text();
-    fields.vspace = txtVSpace->text();
-    fields.border = cboBorder->currentText();
-    fields.alignment = cboAlignment->currentText();
-    fields.description = txtDescription->text();
-    fields.transparency = cboTransparency->currentText();
-    fields.imageMap = chkImageMap->isChecked();
-    fields.mapName = txtImageMap->text();
-    fields.filterType = cboFilterType->currentText();
-    fields.filterColor = filterColor_;
-    fields.strength = txtStrength->text();
-    return fields;
+    connect(set, &QPushButton::clicked, this, [this] {
+        const auto color = bench_.Ask().PickColor(this, 0);
+        if (!color) return;
+        fields_.filterColor = ColorToHex(*color);
+        ShowFields();
+    });
+    AddField("Filter Color", set);
+    auto* const label = new QLabel;
+    label->setObjectName("lblFilterColor");
+    label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    label->setAlignment(Qt::AlignCenter);
+    Beside();
+    AddField({}, label);
+    Follow([this, label] {
+        const auto color = ColorFromText(fields_.filterColor);
+        if (!color) return;
+        const QColor shown = ColorFromNumber(*color);
+        const bool isLight = qGray(shown.rgb()) > 127;
+        label->setAutoFillBackground(true);
+        label->setText(fields_.filterColor);
+        Paint(*label, QPalette::Window, shown, QPalette::WindowText, isLight ? Qt::black : Qt::white);
+    });
 }
 
 }  // namespace vellum

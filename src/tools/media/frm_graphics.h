@@ -3,8 +3,6 @@
 
 #include "tools/framework/tool_dialog.h"
 
-class QLabel;
-
 namespace vellum {
 
 struct GraphicsFields {
@@ -28,39 +26,20 @@ struct GraphicsFields {
 // A filter type that is none of the known ones gives no style.
 [[nodiscard]] QString GraphicsMarkup(const GraphicsFields& fields);
 
+// The fields of a file: its bare name, and its size in pixels when it is an image of a kind that is measured.
+[[nodiscard]] GraphicsFields GraphicsOf(const QString& path);
+
 class frmGraphics : public ToolDialog {
     Q_OBJECT
 public:
-    explicit frmGraphics(Workbench& bench);
-    [[nodiscard]] GraphicsFields Fields() const;
-
-    // Fills in a file: its bare name, and its size in pixels when it is an image of a kind that is measured.
-    void SetFile(const QString& path);
+    explicit frmGraphics(Workbench& bench, GraphicsFields fields = {});
 
 private:
     void AddPositioning();
-    void AddImageMap();
     void AddFilters();
-    void ShowImageMap(bool on);
-    void SetFilterColor();
-    void Measure(const QString& path);
+    void AddFilterColor();
 
-    QComboBox* cboMediaType;
-    QLineEdit* txtURL;
-    QLineEdit* txtHeight;
-    QLineEdit* txtWidth;
-    QLineEdit* txtHSpace;
-    QLineEdit* txtVSpace;
-    QComboBox* cboBorder;
-    QComboBox* cboAlignment;
-    QLineEdit* txtDescription;
-    QComboBox* cboTransparency;
-    QCheckBox* chkImageMap;
-    QLineEdit* txtImageMap;
-    QComboBox* cboFilterType;
-    QLabel* lblFilterColor;
-    QLineEdit* txtStrength;
-    QString filterColor_;
+    GraphicsFields fields_;
 };
 
 }  // namespace vellum

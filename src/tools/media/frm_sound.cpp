@@ -3,11 +3,12 @@
 #include "tools/framework/attributes.h"
 #include "tools/framework/values.h"
 
+#include <utility>
+
 namespace vellum {
 namespace {
 
-// In the order of the tabs.
-enum Pane { BackgroundSoundPane, EmbeddedSoundPane, AudioscopePane };
+constexpr auto soundFiles = "Sound Files (*.AU;*.MID;*.RMI;*.WAV)|*.AU;*MID;*RMI;*.WAV";
 
 QString TrueOrFalse(bool value) {
     return value ? "true" : "false";
@@ -35,55 +36,24 @@ QString AudioscopeMarkup(const AudioscopeFields& fields) {
     return markup + "></audioscope>";
 }
 
-frmSound::frmSound(Workbench& bench) : ToolDialog(bench, "frmSound", "Background Sounds") {
-    const BackgroundSoundFields defaults;
-    const QString filter = "Sound Files (*.AU;*.MID;*.RMI;*.WAV)|*.AU;*MID;*RMI;*.WAV";
-    AddPane("    BGSOUND");
-    txtSource = AddFile("txtSource", "Source", "Find", filter);
-    cboLoop =
-        AddCombo("cboLoop", "Loop", {"INFINITE", "1", "2", "3", "4", "5", "10", "20", "50", "100"}, defaults.loop);
-    AddPane("      EMBED");
-    txtEmbedSource = AddFile("txtEmbedSource", "Source", "Find", filter);
-    chkAutoStart = AddCheck("chkAutoStart", "Start music on page load");
-    chkHidden = AddCheck("chkHidden", "Controls Hidden");
-    AddPane("AUDIOSCOPE (WebTV)");
-    cboAlignment =
-        AddCombo("cboAlignment", "Alignment",
-                 {"absbottom", "absmiddle", "baseline", "bottom", "left", "middle", "right", "texttop", "top"});
-    cboBorder = AddCombo("cboBorder", "Border", Numbers(1, 10));
-    txtWidth = AddText("txtWidth", "Width (Pixels)");
-    txtHeight = AddText("txtHeight", "Height (Pixels)");
-    cboLeftColor = AddColor("cboLeftColor", "Left Channel Color", "Color");
-    cboRightColor = AddColor("cboRightColor", "Right Channel Color", "Color");
-    Finish([this] { return PaneMarkup(); });
-}
-
-void frmSound::SetSource(const QString& source) {
-    txtSource->setText(source);
-}
-
-BackgroundSoundFields frmSound::BackgroundSound() const {
-    return {txtSource->text(), cboLoop->currentText()};
-}
-
-EmbeddedSoundFields frmSound::EmbeddedSound() const {
-    return {txtEmbedSource->text(), chkAutoStart->isChecked(), chkHidden->isChecked()};
-}
-
-AudioscopeFields frmSound::Audioscope() const {
-    return {cboAlignment->currentText(), cboBorder->currentText(),    txtWidth->text(),
-            txtHeight->text(),           cboLeftColor->currentText(), cboRightColor->currentText()};
-}
-
-QString frmSound::PaneMarkup() const {
-    switch (VisiblePane()) {
-        case EmbeddedSoundPane:
-            return EmbeddedSoundMarkup(EmbeddedSound());
-        case AudioscopePane:
-            return AudioscopeMarkup(Audioscope());
-        default:
-            return BackgroundSoundMarkup(BackgroundSound());
-    }
+frmSound::frmSound(Workbench& bench, BackgroundSoundFields background)
+    : ToolDialog(bench, "frmSound", "Background Sounds"), background_(std::move(background)) {
+    AddPane("    BGSOUND", {}, [this] { return BackgroundSoundMarkup(background_); });
+    AddFile(background_.source, "txtSource", "Source", "Find", soundFiles);
+    AddCombo(background_.loop, "cboLoop", "Loop", {"INFINITE", "1", "2", "3", "4", "5", "10", "20", "50", "100"});
+    AddPane("      EMBED", {}, [this] { return EmbeddedSoundMarkup(embedded_); });
+    AddFile(embedded_.source, "txtEmbedSource", "Source", "Find", soundFiles);
+    AddCheck(embedded_.autoStart, "chkAutoStart", "Start music on page load");
+    AddCheck(embedded_.hidden, "chkHidden", "Controls Hidden");
+    AddPane("AUDIOSCOPE (WebTV)", {}, [this] { return AudioscopeMarkup(audioscope_); });
+    AddCombo(audioscope_.alignment, "cboAlignment", "Alignment",
+             {"absbottom", "absmiddle", "baseline", "bottom", "left", "middle", "right", "texttop", "top"});
+    AddCombo(audioscope_.border, "cboBorder", "Border", Numbers(1, 10));
+    AddText(audioscope_.width, "txtWidth", "Width (Pixels)");
+    AddText(audioscope_.height, "txtHeight", "Height (Pixels)");
+    AddColor(audioscope_.leftColor, "cboLeftColor", "Left Channel Color", "Color");
+    AddColor(audioscope_.rightColor, "cboRightColor", "Right Channel Color", "Color");
+    Finish();
 }
 
 }  // namespace vellum

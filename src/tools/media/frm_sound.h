@@ -33,29 +33,13 @@ struct AudioscopeFields {
 class frmSound : public ToolDialog {
     Q_OBJECT
 public:
-    explicit frmSound(Workbench& bench);
-
-    // Of the background sound, which is the pane that opens.
-    void SetSource(const QString& source);
-
-    [[nodiscard]] BackgroundSoundFields BackgroundSound() const;
-    [[nodiscard]] EmbeddedSoundFields EmbeddedSound() const;
-    [[nodiscard]] AudioscopeFields Audioscope() const;
+    // Opens with a background sound.
+    explicit frmSound(Workbench& bench, BackgroundSoundFields background = {});
 
 private:
-    [[nodiscard]] QString PaneMarkup() const;
-
-    QLineEdit* txtSource;
-    QComboBox* cboLoop;
-    QLineEdit* txtEmbedSource;
-    QCheckBox* chkAutoStart;
-    QCheckBox* chkHidden;
-    QComboBox* cboAlignment;
-    QComboBox* cboBorder;
-    QLineEdit* txtWidth;
-    QLineEdit* txtHeight;
-    QComboBox* cboLeftColor;
-    QComboBox* cboRightColor;
+    BackgroundSoundFields background_;
+    EmbeddedSoundFields embedded_;
+    AudioscopeFields audioscope_;
 };
 
 }  // namespace vellum

@@ -19,24 +19,17 @@ QString AppletMarkup(const AppletFields& fields) {
 }
 
 frmApplet::frmApplet(Workbench& bench) : ToolDialog(bench, "frmApplet", "Java Applet") {
-    const AppletFields defaults;
     const QStringList pixels = Numbers(50, 500, 50);
-    txtFilename = AddText("txtFilename", "Filename of Applet");
-    txtURLDirectory = AddText("txtURLDirectory", "URL Directory of Applet");
-    txtName = AddText("txtName", "Name Used In HTML Code");
-    cboAlignment = AddCombo("cboAlignment", "Alignment", {"LEFT", "CENTER", "RIGHT"});
-    cboWidth = AddCombo("cboWidth", "Width", pixels, defaults.width);
-    cboHeight = AddCombo("cboHeight", "Height", pixels, defaults.height);
-    cboHSpace = AddCombo("cboHSpace", "HSpace", pixels, defaults.hSpace);
-    cboVSpace = AddCombo("cboVSpace", "VSpace", pixels, defaults.vSpace);
-    txtAlternate = AddText("txtAlternate", "Alternate Text");
-    Finish([this] { return AppletMarkup(Fields()); });
-}
-
-AppletFields frmApplet::Fields() const {
-    return {txtFilename->text(),         txtURLDirectory->text(),  txtName->text(),
-            cboAlignment->currentText(), cboWidth->currentText(),  cboHeight->currentText(),
-            cboHSpace->currentText(),    cboVSpace->currentText(), txtAlternate->text()};
+    AddText(fields_.fileName, "txtFilename", "Filename of Applet");
+    AddText(fields_.urlDirectory, "txtURLDirectory", "URL Directory of Applet");
+    AddText(fields_.name, "txtName", "Name Used In HTML Code");
+    AddCombo(fields_.alignment, "cboAlignment", "Alignment", {"LEFT", "CENTER", "RIGHT"});
+    AddCombo(fields_.width, "cboWidth", "Width", pixels);
+    AddCombo(fields_.height, "cboHeight", "Height", pixels);
+    AddCombo(fields_.hSpace, "cboHSpace", "HSpace", pixels);
+    AddCombo(fields_.vSpace, "cboVSpace", "VSpace", pixels);
+    AddText(fields_.alternateText, "txtAlternate", "Alternate Text");
+    Finish([this] { return AppletMarkup(fields_); });
 }
 
 }  // namespace vellum

@@ -24,18 +24,9 @@ class frmApplet : public ToolDialog {
     Q_OBJECT
 public:
     explicit frmApplet(Workbench& bench);
-    [[nodiscard]] AppletFields Fields() const;
 
 private:
-    QLineEdit* txtFilename;
-    QLineEdit* txtURLDirectory;
-    QLineEdit* txtName;
-    QLineEdit* txtAlternate;
-    QComboBox* cboAlignment;
-    QComboBox* cboWidth;
-    QComboBox* cboHeight;
-    QComboBox* cboHSpace;
-    QComboBox* cboVSpace;
+    AppletFields fields_;
 };
 
 }  // namespace vellum

@@ -24,21 +24,15 @@ QString FontMarkup(const FontFields& fields, const QString& selection) {
 }
 
 frmFonts::frmFonts(Workbench& bench) : ToolDialog(bench, "frmFonts", "Font Wizard") {
-    const QStringList fonts = bench.FontNames();
-    cboSize = AddCombo("cboSize", "Font Size", Numbers(1, 7));
-    cboColor = AddColor("cboColor", "Font Color", "Choose", ColorStart::Field);
-    cboPrimary = AddCombo("cboPrimary", "Primary Font Name", fonts);
-    cboSecondary = AddCombo("cboSecondary", "Secondary Font Name", fonts);
-    BeginFrame("WebTV");
-    cboEffect = AddCombo("cboEffect", "Effect", {"emboss", "relief", "shadow"});
-    cboTransparency = AddCombo("cboTransparency", "Transparency", Numbers(0, 100, 10));
-    EndFrame();
-    Finish([this] { return FontMarkup(Fields(), SelectedText(bench_)); }, OnCancel::FocusText);
-}
-
-FontFields frmFonts::Fields() const {
-    return {cboSize->currentText(),      cboColor->currentText(),  cboPrimary->currentText(),
-            cboSecondary->currentText(), cboEffect->currentText(), cboTransparency->currentText()};
+    AddCombo(fields_.size, "cboSize", "Font Size", Numbers(1, 7));
+    AddColor(fields_.color, "cboColor", "Font Color", "Choose", ColorStart::Field);
+    AddCombo(fields_.primary, "cboPrimary", "Primary Font Name", bench.FontNames());
+    AddCombo(fields_.secondary, "cboSecondary", "Secondary Font Name", bench.FontNames());
+    AddFrame("WebTV", [this] {
+        AddCombo(fields_.effect, "cboEffect", "Effect", {"emboss", "relief", "shadow"});
+        AddCombo(fields_.transparency, "cboTransparency", "Transparency", Numbers(0, 100, 10));
+    });
+    Finish([this] { return FontMarkup(fields_, SelectedText(bench_)); }, OnCancel::FocusText);
 }
 
 }  // namespace vellum

@@ -21,15 +21,9 @@ class frmFonts : public ToolDialog {
     Q_OBJECT
 public:
     explicit frmFonts(Workbench& bench);
-    [[nodiscard]] FontFields Fields() const;
 
 private:
-    QComboBox* cboSize;
-    QComboBox* cboColor;
-    QComboBox* cboPrimary;
-    QComboBox* cboSecondary;
-    QComboBox* cboEffect;
-    QComboBox* cboTransparency;
+    FontFields fields_;
 };
 
 }  // namespace vellum

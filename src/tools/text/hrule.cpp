@@ -10,26 +10,18 @@ QString HRuleMarkup(const HRuleFields& fields) {
     markup += AttributeIfAny("color", fields.color);
     markup += AttributeIfAny("size", fields.height);
     markup += AttributeIfAny("width", fields.width);
-    if (fields.noShade) markup += " noshade=\"noshade\"";
-    if (fields.raised) markup += " invertborder=\"invertborder\"";
+    if (fields.noShade) markup += Attribute("noshade", "noshade");
+    if (fields.raised) markup += Attribute("invertborder", "invertborder");
     return markup + " />";
 }
 
 HRule::HRule(Workbench& bench) : ToolDialog(bench, "HRule", "Horizontal Rule") {
-    const HRuleFields defaults;
-    cboColor = AddColor("cboColor", "Color", "Set Color");
-    cboHeight = AddCombo("cboHeight", "Height (Pixels)", Numbers(1, 10), defaults.height);
-    cboWidth = AddCombo("cboWidth", "Width", Numbers(10, 100, 10, "%"), defaults.width);
-    chkNoshade = AddCheck("chkNoshade", "Not Shaded");
-    BeginFrame("WebTV");
-    chkTVRaised = AddCheck("chkTVRaised", "Raised Horizontal Divider");
-    EndFrame();
-    Finish([this] { return HRuleMarkup(Fields()); });
-}
-
-HRuleFields HRule::Fields() const {
-    return {cboColor->currentText(), cboHeight->currentText(), cboWidth->currentText(), chkNoshade->isChecked(),
-            chkTVRaised->isChecked()};
+    AddColor(fields_.color, "cboColor", "Color", "Set Color");
+    AddCombo(fields_.height, "cboHeight", "Height (Pixels)", Numbers(1, 10));
+    AddCombo(fields_.width, "cboWidth", "Width", Numbers(10, 100, 10, "%"));
+    AddCheck(fields_.noShade, "chkNoshade", "Not Shaded");
+    AddFrame("WebTV", [this] { AddCheck(fields_.raised, "chkTVRaised", "Raised Horizontal Divider"); });
+    Finish([this] { return HRuleMarkup(fields_); });
 }
 
 }  // namespace vellum

@@ -19,14 +19,9 @@ class HRule : public ToolDialog {
     Q_OBJECT
 public:
     explicit HRule(Workbench& bench);
-    [[nodiscard]] HRuleFields Fields() const;
 
 private:
-    QComboBox* cboColor;
-    QComboBox* cboHeight;
-    QComboBox* cboWidth;
-    QCheckBox* chkNoshade;
-    QCheckBox* chkTVRaised;
+    HRuleFields fields_;
 };
 
 }  // namespace vellum

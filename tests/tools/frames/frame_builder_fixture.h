@@ -9,10 +9,6 @@
 
 namespace vellum::test {
 
-inline QString Indexed(const QString& name, int index) {
-    return QStringLiteral("%1(%2)").arg(name).arg(index);
-}
-
 inline QString Shown(const QString& caption) {
     return QString(caption).remove(u'&');
 }
@@ -39,7 +35,6 @@ protected:
         QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(index).center());
     }
 
-    static QString Field(const QWidget& page, const QString& name) { return Get<QLineEdit>(page, name).text(); }
     static bool DetailsShow(const QWidget& page) { return Get<QFrame>(page, "picControl").isVisible(); }
     // The line and frame that is marked, as "line/frame"; several would be told apart by blanks.
     static QString Marked(const QWidget& page) {

@@ -7,9 +7,7 @@ namespace {
 
 // Fields that are all empty, also the alignment.
 IFrameFields Nothing() {
-    IFrameFields fields;
-    fields.alignment.clear();
-    return fields;
+    return {.alignment = ""};
 }
 
 TEST(IFrameMarkupOf, TheDefaults) {
@@ -21,7 +19,16 @@ TEST(IFrameMarkupOf, EmptyFields) {
 }
 
 TEST(IFrameMarkupOf, EveryField) {
-    EXPECT_EQ(IFrameMarkup({"LEFT", "news", "n1", "news.htm", "300", "200", "5", "6", true, true}),
+    EXPECT_EQ(IFrameMarkup({.alignment = "LEFT",
+                            .name = "news",
+                            .id = "n1",
+                            .source = "news.htm",
+                            .width = "300",
+                            .height = "200",
+                            .marginHeight = "5",
+                            .marginWidth = "6",
+                            .frameBorder = true,
+                            .scrollBars = true}),
               "<IFRAME align=\"LEFT\" name=\"news\" src=\"news.htm\" id=\"n1\" height=\"200\" width=\"300\" "
               "marginheight=\"5\" marginwidth=\"6\" frameborder=\"1\" scrolling=\"yes\"></iframe>");
 }
@@ -42,12 +49,10 @@ TEST(IFrameMarkupOf, EachFieldAlone) {
         EXPECT_EQ(IFrameMarkup(fields),
                   "<IFRAME " + attribute + "=\"<\"&\" frameborder=\"0\" scrolling=\"no\"></iframe>");
     }
-    IFrameFields fields = Nothing();
-    fields.frameBorder = true;
-    EXPECT_EQ(IFrameMarkup(fields), "<IFRAME frameborder=\"1\" scrolling=\"no\"></iframe>");
-    fields = Nothing();
-    fields.scrollBars = true;
-    EXPECT_EQ(IFrameMarkup(fields), "<IFRAME frameborder=\"0\" scrolling=\"yes\"></iframe>");
+    EXPECT_EQ(IFrameMarkup({.alignment = "", .frameBorder = true}),
+              "<IFRAME frameborder=\"1\" scrolling=\"no\"></iframe>");
+    EXPECT_EQ(IFrameMarkup({.alignment = "", .scrollBars = true}),
+              "<IFRAME frameborder=\"0\" scrolling=\"yes\"></iframe>");
 }
 
 class IFrameForm : public ToolFixture {};
@@ -117,7 +122,7 @@ TEST_F(IFrameForm, FindTakesTheBareNameAndACancelChangesNothing) {
     bench.prompts.openNames = {"/elsewhere/my \"page\".htm"};
     Open<frmIFrame>([this](frmIFrame& tool) {
         Click(tool, "cmdHTMLFile");
-        EXPECT_EQ(tool.Fields().source, "my \"page\".htm");
+        EXPECT_EQ(Field(tool, "txtHTMLFile"), "my \"page\".htm");
         Click(tool, "cmdHTMLFile");
         ASSERT_EQ(bench.prompts.requests.size(), 2U);
         EXPECT_EQ(bench.prompts.requests[0].directory, folder.path());

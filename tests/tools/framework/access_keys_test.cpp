@@ -36,12 +36,16 @@ class PanedTool : public ToolDialog {
 public:
     explicit PanedTool(Workbench& bench) : ToolDialog(bench, "PanedTool", "Panes") {
         AddPane("First");
-        AddText("txtOne", "Name");
+        AddText(text_, "txtOne", "Name");
         AddPane("Second");
-        AddText("txtTwo", "Name");
-        AddCheck("chkTwo", "Nothing");
+        AddText(text_, "txtTwo", "Name");
+        AddCheck(check_, "chkTwo", "Nothing");
         Finish([] { return QString(); });
     }
+
+private:
+    QString text_;
+    bool check_ = false;
 };
 
 TEST_F(ToolFixture, EachPaneHasTheLettersForItself) {

@@ -2,114 +2,69 @@
 
 #include "tests/tools/tool_fixture.h"
 
-#include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
-
-#include <algorithm>
+#include <QSet>
 
 namespace vellum::test {
 namespace {
 
-// One field of each kind.
+// Stays open while its name is empty.
 class SampleTool : public ToolDialog {
 public:
-    explicit SampleTool(Workbench& bench) : ToolDialog(bench, "SampleTool", "Sample") {
-        txtName = AddText("txtName", "Name", "first");
-        cboSize = AddCombo("cboSize", "Size", {"50", "100"}, "100");
-        cboColor = AddColor("cboColor", "Text Color", "Set Color", ColorStart::Field);
-        txtFile = AddFile("txtFile", "File", "Find", "All Files|*.*", [this](const QString& path) { chosen = path; });
-        BeginFrame("More");
-        AddCheck("chkMore", "More of it", true);
-        EndFrame();
-        AddText("txtLast", "Last");
-        Finish([this] { return "<" + txtName->text() + cboSize->currentText() + ">"; }, OnCancel::FocusText);
+    explicit SampleTool(Workbench& bench, const QString& name = "first")
+        : ToolDialog(bench, "SampleTool", "Sample"), name_(name) {
+        AddText(name_, "txtName", "Name");
+        AddCombo(size_, "cboSize", "Size", {"50", "100"});
+        Finish([this] { return name_.isEmpty() ? std::nullopt : std::optional("<" + name_ + size_ + ">"); },
+               OnCancel::FocusText);
     }
 
-    QLineEdit* txtName;
-    QComboBox* cboSize;
-    QComboBox* cboColor;
-    QLineEdit* txtFile;
-    QString chosen;
+private:
+    QString name_;
+    QString size_ = "100";
 };
 
-// Three panes, the first with a field at its top that can't take the keyboard.
+// Three panes, the first with a field at its top that can't take the keyboard, the last without a text of its own.
 class PanedTool : public ToolDialog {
 public:
     explicit PanedTool(Workbench& bench) : ToolDialog(bench, "PanedTool", "Panes") {
-        AddPane("First");
-        AddText("txtOff", "Off")->setEnabled(false);
-        AddText("txtOne", "One", "1");
-        AddPane("Second");
-        AddCombo("cboTwo", "Two", {"a", "b"}, "a");
+        AddPane("First", {}, [] { return "one"; });
+        AddText(texts_[0], "txtOff", "Off")->setEnabled(false);
+        AddText(texts_[1], "txtOne", "One");
+        AddPane("Second", {}, [] { return "two"; });
+        AddCombo(texts_[2], "cboTwo", "Two", {"a", "b"});
         AddPane("Third");
-        AddText("txtThree", "Three");
-        Finish([this] { return QString::number(VisiblePane()); });
+        AddText(texts_[3], "txtThree", "Three");
+        Finish([] { return "else"; });
     }
+
+private:
+    QString texts_[4] = {"", "1", "a", ""};
 };
 
-// A field with two notes, a second column, and a field that grows.
-class SpreadTool : public ToolDialog {
+// Has a button of its own in the place of OK, or none.
+class ButtonTool : public ToolDialog {
 public:
-    explicit SpreadTool(Workbench& bench) : ToolDialog(bench, "SpreadTool", "Spread") {
-        auto* const name = AddText("txtName", "Name");
-        AddNote(name, "For the first");
-        AddNote(name, "And the second");
-        auto* const large = new QWidget(Parent());
-        large->setObjectName("large");
-        AddGrowing(large);
-        AddText("txtBelow", "Below");
-        NextColumn();
-        AddText("txtBeside", "Beside");
-        Finish([] { return QString(); });
+    explicit ButtonTool(Workbench& bench, bool builds = true) : ToolDialog(bench, "ButtonTool", "Button") {
+        AddText(text_, "txtText", "Text");
+        AddButton("cmdHere", "Here", [this] { HandOver("here"); });
+        if (builds) {
+            Finish([] { return "next"; }, OnCancel::Leave, {"cmdNext", "&Next"});
+        } else {
+            Finish();
+        }
     }
+
+private:
+    QString text_;
 };
 
 class ToolDialogs : public ToolFixture {};
 
-TEST_F(ToolDialogs, SetNotesBelowAFieldAndTellThemWithIt) {
-    Open<SpreadTool>([](SpreadTool& tool) {
-        const auto& field = Get<QLineEdit>(tool, "txtName");
-        EXPECT_EQ(field.accessibleDescription(), "For the first, And the second");
-        int below = field.geometry().bottom();
-        for (const char* text : {"For the first", "And the second"}) {
-            const QList<QLabel*> labels = tool.findChildren<QLabel*>();
-            const auto note =
-                std::find_if(labels.begin(), labels.end(), [&](auto* one) { return one->text() == text; });
-            ASSERT_NE(note, labels.end());
-            EXPECT_GT((*note)->y(), below);
-            EXPECT_EQ((*note)->x(), field.x());
-            below = (*note)->geometry().bottom();
-        }
-    });
-}
-
-TEST_F(ToolDialogs, GiveTheHeightToSpareToAFieldThatGrows) {
-    Open<SpreadTool>([](SpreadTool& tool) {
-        const auto& large = Get<QWidget>(tool, "large");
-        const int height = large.height();
-        tool.resize(tool.width(), tool.height() + 100);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return large.height() == height + 100; }));
-        EXPECT_GT(Get<QLineEdit>(tool, "txtBelow").y(), large.geometry().bottom());
-    });
-}
-
-TEST_F(ToolDialogs, KeepColumnsApart) {
-    Open<SpreadTool>([](SpreadTool& tool) {
-        const auto& first = Get<QLineEdit>(tool, "txtBelow");
-        for (const QLabel* label : tool.findChildren<QLabel*>()) {
-            if (label->text().remove('&') != "Beside") continue;
-            EXPECT_GT(label->x() - first.geometry().right(), 2 * tool.fontMetrics().averageCharWidth());
-            return;
-        }
-        FAIL() << "no such label";
-    });
-}
-
 TEST_F(ToolDialogs, StartInTheirFirstFieldWithItsTextSelected) {
     Open<SampleTool>([](SampleTool& tool) {
-        EXPECT_EQ(tool.focusWidget(), tool.txtName);
-        EXPECT_EQ(tool.txtName->selectedText(), "first");
+        EXPECT_EQ(tool.focusWidget()->objectName(), "txtName");
+        EXPECT_EQ(Get<QLineEdit>(tool, "txtName").selectedText(), "first");
     });
     Open<PanedTool>([](PanedTool& tool) {
         EXPECT_EQ(tool.focusWidget()->objectName(), "txtOne");
@@ -124,27 +79,22 @@ TEST_F(ToolDialogs, GoToTheFirstFieldOfAPaneThatIsTurnedTo) {
         Get<QAbstractButton>(tool, "cmdOK").setFocus();
         Tab(tool, 0);
         EXPECT_EQ(tool.focusWidget()->objectName(), "txtOne");
-        QTest::keyClick(tool.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
-        QTest::keyClick(tool.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        Press(tool, Qt::Key_Tab, Qt::ControlModifier);
+        Press(tool, Qt::Key_Tab, Qt::ControlModifier);
         EXPECT_EQ(tool.focusWidget()->objectName(), "txtThree");
-        Click(tool, "cmdOK");
     });
-    EXPECT_EQ(Text(), "2");
 }
 
-TEST_F(ToolDialogs, TurnTheirPanesFromTheButtonsToo) {
-    Open<PanedTool>([](PanedTool& tool) {
-        const auto& tabs = Get<QTabWidget>(tool, "TabStrip1");
-        const std::vector<std::pair<Qt::Key, int>> turns{{Qt::Key_Tab, 1},     {Qt::Key_Tab, 2},
-                                                         {Qt::Key_Tab, 0},     {Qt::Key_Backtab, 2},
-                                                         {Qt::Key_Backtab, 1}, {Qt::Key_Backtab, 0}};
-        for (const auto& [key, pane] : turns) {
-            auto& button = Get<QAbstractButton>(tool, "cmdCancel");
-            button.setFocus();
-            QTest::keyClick(&button, key, Qt::ControlModifier);
-            EXPECT_EQ(tabs.currentIndex(), pane);
-        }
-    });
+TEST_F(ToolDialogs, WriteWhatThePaneThatShowsBuilds) {
+    const char* const written[] = {"one", "two", "else"};
+    for (int pane = 0; pane < 3; ++pane) {
+        document.Text1->SetText("");
+        Open<PanedTool>([pane](PanedTool& tool) {
+            Tab(tool, pane);
+            Click(tool, "cmdOK");
+        });
+        EXPECT_EQ(Text(), written[pane]);
+    }
 }
 
 TEST_F(ToolDialogs, LeaveTheKeyboardToWhoWalksAlongTheTabs) {
@@ -159,13 +109,15 @@ TEST_F(ToolDialogs, LeaveTheKeyboardToWhoWalksAlongTheTabs) {
     });
 }
 
-TEST_F(ToolDialogs, LabelsHaveRoomForLettersThatTheAccessKeySetsApart) {
-    Open<SampleTool>([](SampleTool& tool) {
-        for (const QLabel* label : tool.findChildren<QLabel*>()) {
-            const int measured = label->fontMetrics().size(Qt::TextShowMnemonic, label->text()).width();
-            EXPECT_TRUE(!label->buddy() || label->width() > measured) << label->text().toStdString();
-        }
-    });
+TEST_F(ToolDialogs, HandOutAccessKeys) {
+    const SampleTool tool(bench);
+    QSet<QString> letters;
+    for (const QLabel* label : tool.findChildren<QLabel*>())
+        letters << QKeySequence::mnemonic(label->text()).toString();
+    for (const QPushButton* button : tool.findChildren<QPushButton*>()) {
+        letters << QKeySequence::mnemonic(button->text()).toString();
+    }
+    EXPECT_EQ(letters, (QSet<QString>{"Alt+N", "Alt+S", "Alt+O", "Alt+C"}));
 }
 
 TEST_F(ToolDialogs, HandTheirTextToTheDocumentWhenTheyAreGone) {
@@ -179,11 +131,24 @@ TEST_F(ToolDialogs, HandTheirTextToTheDocumentWhenTheyAreGone) {
     EXPECT_FALSE(document.Saver());
 }
 
+TEST_F(ToolDialogs, StayOpenWhileTheirFieldsDoNotDo) {
+    Open<SampleTool>([](SampleTool& tool) {
+        Type(tool, "txtName", "");
+        Press(tool, Qt::Key_Return);
+        EXPECT_TRUE(tool.isVisible());
+        EXPECT_FALSE(tool.Markup());
+        Type(tool, "txtName", "now");
+        Press(tool, Qt::Key_Return);
+        EXPECT_FALSE(tool.isVisible());
+    });
+    EXPECT_EQ(Text(), "<now100>");
+}
+
 TEST_F(ToolDialogs, StartWithTheirDefaultsEachTime) {
     for (int i = 0; i < 2; ++i) {
         Open<SampleTool>([](SampleTool& tool) {
-            EXPECT_EQ(tool.txtName->text(), "first");
-            EXPECT_EQ(tool.cboSize->currentText(), "100");
+            EXPECT_EQ(Field(tool, "txtName"), "first");
+            EXPECT_EQ(Field(tool, "cboSize"), "100");
             Type(tool, "txtName", "other");
             QTest::keyClick(&tool, Qt::Key_Escape);
         });
@@ -191,62 +156,29 @@ TEST_F(ToolDialogs, StartWithTheirDefaultsEachTime) {
     EXPECT_EQ(Text(), "");
 }
 
-TEST_F(ToolDialogs, ABoxTakesAnyTextAsItIsTyped) {
-    Open<SampleTool>([](SampleTool& tool) {
-        Type(tool, "cboSize", "5");
-        EXPECT_EQ(tool.cboSize->currentText(), "5");
-        QTest::keyClick(tool.cboSize->lineEdit(), Qt::Key_Return);
+TEST_F(ToolDialogs, AreOpenedWithFieldsThatAreGiven) {
+    InModal<SampleTool>([this] { ShowTool<SampleTool>(bench, QString("given")); },
+                        [](SampleTool& tool) { Press(tool, Qt::Key_Return); });
+    EXPECT_EQ(Text(), "<given100>");
+}
+
+TEST_F(ToolDialogs, MayHaveAnotherButtonInThePlaceOfOk) {
+    Open<ButtonTool>([](ButtonTool& tool) {
+        EXPECT_EQ(Get<QPushButton>(tool, "cmdNext").text(), "&Next");
+        EXPECT_FALSE(tool.findChild<QPushButton*>("cmdOK"));
+        Press(tool, Qt::Key_Return);
     });
-    EXPECT_EQ(Text(), "<first5>");
+    EXPECT_EQ(Text(), "next");
 }
 
-TEST_F(ToolDialogs, FieldsFollowInTheOrderOfTheirLines) {
-    const SampleTool tool(bench);
-    const QStringList order{"txtName", "cboSize", "cboColor", "cmdColor", "txtFile",
-                            "cmdFile", "chkMore", "txtLast",  "cmdOK",    "cmdCancel"};
-    QStringList chain;
-    const QWidget* widget = &tool;
-    do {
-        if (order.contains(widget->objectName())) chain << widget->objectName();
-        widget = widget->nextInFocusChain();
-    } while (widget != &tool);
-    EXPECT_EQ(chain, order);
-}
-
-TEST_F(ToolDialogs, EveryFieldIsNamedForAScreenReader) {
-    const SampleTool tool(bench);
-    QStringList named;
-    for (const QLabel* label : tool.findChildren<QLabel*>()) {
-        if (label->buddy()) named << label->buddy()->objectName();
-    }
-    EXPECT_EQ(named, (QStringList{"txtName", "cboSize", "cboColor", "txtFile", "txtLast"}));
-    EXPECT_EQ(Get<QPushButton>(tool, "cmdColor").accessibleName(), "Set Color, Text Color");
-    EXPECT_EQ(Get<QPushButton>(tool, "cmdFile").accessibleName(), "Find, File");
-    EXPECT_TRUE(Get<QPushButton>(tool, "cmdOK").isDefault());
-}
-
-TEST_F(ToolDialogs, APickedColorGoesIntoItsBoxAndACancelChangesNothing) {
-    bench.prompts.colors = {0x00FF00};
-    Open<SampleTool>([](SampleTool& tool) {
-        Click(tool, "cmdColor");
-        EXPECT_EQ(tool.cboColor->currentText(), "#00FF00");
-        Click(tool, "cmdColor");
-        EXPECT_EQ(tool.cboColor->currentText(), "#00FF00");
-    });
-}
-
-TEST_F(ToolDialogs, APickedFileGivesItsBareNameAndACancelChangesNothing) {
-    bench.prompts.openNames = {"/site/img/a \"b\" #1.gif"};
-    Open<SampleTool>([this](SampleTool& tool) {
-        Click(tool, "cmdFile");
-        EXPECT_EQ(tool.txtFile->text(), "a \"b\" #1.gif");
-        EXPECT_EQ(tool.chosen, "/site/img/a \"b\" #1.gif");
-        Click(tool, "cmdFile");
-        EXPECT_EQ(tool.txtFile->text(), "a \"b\" #1.gif");
-        ASSERT_EQ(bench.prompts.requests.size(), 2U);
-        EXPECT_EQ(bench.prompts.requests[0].filter, "All Files|*.*");
-        EXPECT_EQ(bench.prompts.requests[0].directory, folder.path());
-    });
+TEST_F(ToolDialogs, MayHaveCancelAlone) {
+    InModal<ButtonTool>([this] { ShowTool<ButtonTool>(bench, false); },
+                        [](ButtonTool& tool) {
+                            EXPECT_FALSE(tool.findChild<QPushButton*>("cmdOK"));
+                            EXPECT_TRUE(tool.findChild<QPushButton*>("cmdCancel"));
+                            Click(tool, "cmdHere");
+                        });
+    EXPECT_EQ(Text(), "here");
 }
 
 TEST_F(ToolDialogs, ClosingGivesTheMainWindowBack) {

@@ -12,43 +12,45 @@ TEST(LinkMarkupOf, EmptyFields) {
 }
 
 TEST(LinkMarkupOf, EveryField) {
-    EXPECT_EQ(LinkMarkup({"a.htm", "here", "A page", "_top", true}),
+    EXPECT_EQ(LinkMarkup({.url = "a.htm", .caption = "here", .toolTip = "A page", .target = "_top", .selected = true}),
               "<a href=\"a.htm\" target=\"_top\" title=\"A page\" selected=\"selected\">here</a>");
 }
 
 TEST(LinkMarkupOf, EachFieldAlone) {
-    EXPECT_EQ(LinkMarkup({"a.htm", "", "", "", false}), "<a href=\"a.htm\"></a>");
-    EXPECT_EQ(LinkMarkup({"", "here", "", "", false}), "<a href=\"\">here</a>");
-    EXPECT_EQ(LinkMarkup({"", "", "A page", "", false}), "<a href=\"\" title=\"A page\"></a>");
-    EXPECT_EQ(LinkMarkup({"", "", "", "_self", false}), "<a href=\"\" target=\"_self\"></a>");
-    EXPECT_EQ(LinkMarkup({"", "", "", "", true}), "<a href=\"\" selected=\"selected\"></a>");
+    EXPECT_EQ(LinkMarkup({.url = "a.htm"}), "<a href=\"a.htm\"></a>");
+    EXPECT_EQ(LinkMarkup({.caption = "here"}), "<a href=\"\">here</a>");
+    EXPECT_EQ(LinkMarkup({.toolTip = "A page"}), "<a href=\"\" title=\"A page\"></a>");
+    EXPECT_EQ(LinkMarkup({.target = "_self"}), "<a href=\"\" target=\"_self\"></a>");
+    EXPECT_EQ(LinkMarkup({.selected = true}), "<a href=\"\" selected=\"selected\"></a>");
 }
 
 TEST(LinkMarkupOf, FieldsStandAsTyped) {
-    EXPECT_EQ(LinkMarkup({"a \"b\".htm?x&y", "<b>&</b>", "\"", "<", false}),
+    EXPECT_EQ(LinkMarkup({.url = "a \"b\".htm?x&y", .caption = "<b>&</b>", .toolTip = "\"", .target = "<"}),
               "<a href=\"a \"b\".htm?x&y\" target=\"<\" title=\"\"\"><b>&</b></a>");
-    EXPECT_EQ(LinkMarkup({" ", " ", " ", " ", false}), "<a href=\" \" target=\" \" title=\" \"> </a>");
+    EXPECT_EQ(LinkMarkup({.url = " ", .caption = " ", .toolTip = " ", .target = " "}),
+              "<a href=\" \" target=\" \" title=\" \"> </a>");
 }
 
 TEST(NamedReferenceMarkupOf, EmptyAndFullFields) {
     EXPECT_EQ(NamedReferenceMarkup({}), "<a name=\"\"></a>");
-    EXPECT_EQ(NamedReferenceMarkup({"top", ""}), "<a name=\"top\"></a>");
-    EXPECT_EQ(NamedReferenceMarkup({"", "Top"}), "<a name=\"\">Top</a>");
-    EXPECT_EQ(NamedReferenceMarkup({"top", "Top"}), "<a name=\"top\">Top</a>");
+    EXPECT_EQ(NamedReferenceMarkup({.reference = "top"}), "<a name=\"top\"></a>");
+    EXPECT_EQ(NamedReferenceMarkup({.displayed = "Top"}), "<a name=\"\">Top</a>");
+    EXPECT_EQ(NamedReferenceMarkup({.reference = "top", .displayed = "Top"}), "<a name=\"top\">Top</a>");
 }
 
 TEST(EmailMarkupOf, EmptyAndFullFields) {
     EXPECT_EQ(EmailMarkup({}), "<a href=\"mailto:\"></a>");
-    EXPECT_EQ(EmailMarkup({"me@example.org", ""}), "<a href=\"mailto:me@example.org\"></a>");
-    EXPECT_EQ(EmailMarkup({"", "Write"}), "<a href=\"mailto:\">Write</a>");
-    EXPECT_EQ(EmailMarkup({"me@example.org", "Write"}), "<a href=\"mailto:me@example.org\">Write</a>");
+    EXPECT_EQ(EmailMarkup({.address = "me@example.org"}), "<a href=\"mailto:me@example.org\"></a>");
+    EXPECT_EQ(EmailMarkup({.caption = "Write"}), "<a href=\"mailto:\">Write</a>");
+    EXPECT_EQ(EmailMarkup({.address = "me@example.org", .caption = "Write"}),
+              "<a href=\"mailto:me@example.org\">Write</a>");
 }
 
 TEST(NewsgroupMarkupOf, EmptyAndFullFields) {
     EXPECT_EQ(NewsgroupMarkup({}), "<a href=\"news:\"></a>");
-    EXPECT_EQ(NewsgroupMarkup({"comp.text", ""}), "<a href=\"news:comp.text\"></a>");
-    EXPECT_EQ(NewsgroupMarkup({"", "Read"}), "<a href=\"news:\">Read</a>");
-    EXPECT_EQ(NewsgroupMarkup({"comp.text", "Read"}), "<a href=\"news:comp.text\">Read</a>");
+    EXPECT_EQ(NewsgroupMarkup({.address = "comp.text"}), "<a href=\"news:comp.text\"></a>");
+    EXPECT_EQ(NewsgroupMarkup({.caption = "Read"}), "<a href=\"news:\">Read</a>");
+    EXPECT_EQ(NewsgroupMarkup({.address = "comp.text", .caption = "Read"}), "<a href=\"news:comp.text\">Read</a>");
 }
 
 class AnchorsForm : public ToolFixture {
@@ -57,10 +59,6 @@ protected:
         document.Text1->SetText(text);
         document.Text1->SetSelStart(0);
         document.Text1->SetSelLength(static_cast<int>(text.size()));
-    }
-
-    static void Press(const QWidget& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(form.focusWidget(), key, modifiers);
     }
 };
 
@@ -197,11 +195,10 @@ TEST_F(AnchorsForm, EveryCaptionIsTheSelectionByteForByte) {
     const QString lines = "<p>one\r\n\ttwo &amp; \u20AC\u00A0\r\n\r\n";
     Select(lines);
     Open<frmAnchors>([&](frmAnchors& tool) {
-        EXPECT_EQ(tool.Link().caption, lines);
-        EXPECT_EQ(tool.NamedReference().displayed, lines);
-        EXPECT_EQ(tool.Email().caption, lines);
-        EXPECT_EQ(tool.Newsgroup().caption, lines);
-        EXPECT_EQ(tool.Email().address, "");
+        for (const char* caption : {"txtLinkCaption", "txtDisplayed", "txtEmailCaption", "txtNewsgroupCaption"}) {
+            EXPECT_EQ(Field(tool, caption), lines) << caption;
+        }
+        EXPECT_EQ(Field(tool, "txtEmail"), "");
         Press(tool, Qt::Key_Return);
     });
     EXPECT_EQ(Text(), "<a href=\"\">" + lines + "</a>");
@@ -229,9 +226,9 @@ TEST_F(AnchorsForm, ACaptionMayBeLongerThanAFieldUsuallyHolds) {
 TEST_F(AnchorsForm, IsOpenedWithAPageByTheWebsitePanel) {
     Select("x");
     const QString name = QString::fromUtf8("my \"file\" \u4F60.htm");
-    InModal<frmAnchors>([&] { ShowPreparedTool<frmAnchors>(bench, [&](frmAnchors& tool) { tool.SetUrl(name); }); },
+    InModal<frmAnchors>([&] { ShowTool<frmAnchors>(bench, LinkFields{.url = name}); },
                         [&](frmAnchors& tool) {
-                            EXPECT_EQ(tool.Link().url, name);
+                            EXPECT_EQ(Field(tool, "txtURL"), name);
                             Press(tool, Qt::Key_Return);
                         });
     EXPECT_EQ(Text(), "<a href=\"" + name + "\">x</a>");

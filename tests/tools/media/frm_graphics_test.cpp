@@ -14,14 +14,25 @@ TEST(GraphicsMarkupOf, TheDefaults) {
 }
 
 TEST(GraphicsMarkupOf, AnEmptyMediaType) {
-    GraphicsFields fields;
-    fields.mediaType.clear();
-    EXPECT_EQ(GraphicsMarkup(fields), "<img =\"\" />");
+    EXPECT_EQ(GraphicsMarkup({.mediaType = ""}), "<img =\"\" />");
 }
 
 TEST(GraphicsMarkupOf, EveryField) {
-    EXPECT_EQ(GraphicsMarkup({"dynsrc", "a b.avi", "20", "30", "4", "5", "0", "LEFT", "A film", "50", true, "#map",
-                              "Glow Filter", "#FF8000", "9"}),
+    EXPECT_EQ(GraphicsMarkup({.mediaType = "dynsrc",
+                              .url = "a b.avi",
+                              .height = "20",
+                              .width = "30",
+                              .hspace = "4",
+                              .vspace = "5",
+                              .border = "0",
+                              .alignment = "LEFT",
+                              .description = "A film",
+                              .transparency = "50",
+                              .imageMap = true,
+                              .mapName = "#map",
+                              .filterType = "Glow Filter",
+                              .filterColor = "#FF8000",
+                              .strength = "9"}),
               "<img dynsrc=\"a b.avi\" height=\"20\" width=\"30\" hspace=\"4\" vspace=\"5\" border=\"0\" "
               "align=\"LEFT\" alt=\"A film\" transparency=\"50\" usemap=\"#map\" "
               "style=\"filter:Glow(color=#FF8000, strength=9)\" />");
@@ -41,23 +52,15 @@ TEST(GraphicsMarkupOf, EachFieldAlone) {
 }
 
 TEST(GraphicsMarkupOf, AnImageMapAlsoWithoutAName) {
-    GraphicsFields fields;
-    fields.mapName = "#map";
-    EXPECT_EQ(GraphicsMarkup(fields), "<img src=\"\" />");
-    fields.imageMap = true;
-    EXPECT_EQ(GraphicsMarkup(fields), "<img src=\"\" usemap=\"#map\" />");
-    fields.mapName.clear();
-    EXPECT_EQ(GraphicsMarkup(fields), "<img src=\"\" usemap=\"\" />");
+    EXPECT_EQ(GraphicsMarkup({.mapName = "#map"}), "<img src=\"\" />");
+    EXPECT_EQ(GraphicsMarkup({.imageMap = true, .mapName = "#map"}), "<img src=\"\" usemap=\"#map\" />");
+    EXPECT_EQ(GraphicsMarkup({.imageMap = true}), "<img src=\"\" usemap=\"\" />");
 }
 
 // The attributes of an otherwise empty tag.
 QString StyleOf(const QString& type, const QString& color, const QString& strength) {
-    GraphicsFields fields;
-    fields.filterType = type;
-    fields.filterColor = color;
-    fields.strength = strength;
     const QString start = "<img src=\"\"";
-    const QString markup = GraphicsMarkup(fields);
+    const QString markup = GraphicsMarkup({.filterType = type, .filterColor = color, .strength = strength});
     EXPECT_TRUE(markup.startsWith(start) && markup.endsWith(" />"));
     return markup.mid(start.size(), markup.size() - start.size() - 3);
 }
@@ -101,8 +104,6 @@ protected:
         EXPECT_TRUE(image.save(folder.filePath(name), format));
         return folder.filePath(name);
     }
-
-    static QString Field(const QWidget& form, const QString& name) { return Get<QLineEdit>(form, name).text(); }
 };
 
 TEST_F(GraphicsForm, ShowsItsCaptions) {
@@ -158,10 +159,14 @@ TEST_F(GraphicsForm, StartsWithItsDefaultsEachTime) {
     bench.prompts.colors = {0x0000FF, 0x0000FF};
     for (int i = 0; i < 2; ++i) {
         Open<frmGraphics>([](frmGraphics& tool) {
-            const GraphicsFields defaults;
-            EXPECT_EQ(GraphicsMarkup(tool.Fields()), GraphicsMarkup(defaults));
-            EXPECT_EQ(tool.Fields().mapName + tool.Fields().filterColor + tool.Fields().strength, "");
-            EXPECT_FALSE(tool.Fields().imageMap);
+            for (const char* field :
+                 {"txtURL", "txtHeight", "txtWidth", "txtHSpace", "txtVSpace", "cboBorder", "cboAlignment",
+                  "txtDescription", "cboTransparency", "txtImageMap", "cboFilterType", "txtStrength"}) {
+                EXPECT_EQ(Field(tool, field), "") << field;
+            }
+            EXPECT_EQ(Field(tool, "cboMediaType"), "src");
+            EXPECT_EQ(Get<QLabel>(tool, "lblFilterColor").text(), "");
+            EXPECT_FALSE(Get<QCheckBox>(tool, "chkImageMap").isChecked());
             EXPECT_EQ(Get<QTabWidget>(tool, "TabStrip1").currentIndex(), 0);
             Click(tool, "chkImageMap");
             for (const char* field :
@@ -241,12 +246,15 @@ TEST_F(GraphicsForm, ShowsTheFilterColorAndACancelChangesNothing) {
         const auto& label = Get<QLabel>(tool, "lblFilterColor");
         EXPECT_EQ(label.palette().color(QPalette::Window), QColor(0xFF, 0x80, 0x00));
         EXPECT_TRUE(label.autoFillBackground());
-        EXPECT_EQ(tool.Fields().filterColor, "#FF8000");
+        EXPECT_EQ(label.text(), "#FF8000");
         Click(tool, "cmdFilterColor");
         EXPECT_EQ(bench.prompts.firstColors.size(), 2U);
         EXPECT_EQ(label.palette().color(QPalette::Window), QColor(0xFF, 0x80, 0x00));
-        EXPECT_EQ(tool.Fields().filterColor, "#FF8000");
+        EXPECT_EQ(label.text(), "#FF8000");
+        Type(tool, "cboFilterType", "Mask Filter");
+        Click(tool, "cmdOK");
     });
+    EXPECT_EQ(Text(), "<img src=\"\" style=\"filter:Mask(color=#FF8000)\" />");
 }
 
 TEST_F(GraphicsForm, FindsAFileAndMeasuresIt) {
@@ -303,16 +311,15 @@ TEST_F(GraphicsForm, LeavesTheSizeWhenAFileIsNoImage) {
     });
 }
 
-TEST_F(GraphicsForm, IsPreparedWithAFile) {
+TEST_F(GraphicsForm, IsOpenedWithAFile) {
     const QString path = Image("two words.bmp", "BMP");
-    InModal<frmGraphics>([&] { ShowPreparedTool<frmGraphics>(bench, [&](frmGraphics& tool) { tool.SetFile(path); }); },
+    InModal<frmGraphics>([&] { ShowTool<frmGraphics>(bench, GraphicsOf(path)); },
                          [](frmGraphics& tool) { QTest::keyClick(tool.focusWidget(), Qt::Key_Return); });
     EXPECT_EQ(Text(), "<img src=\"two words.bmp\" height=\"30\" width=\"40\" />");
     document.Text1->SetText("");
     const QString unmeasured = Image("b.png", "PNG");
-    InModal<frmGraphics>(
-        [&] { ShowPreparedTool<frmGraphics>(bench, [&](frmGraphics& tool) { tool.SetFile(unmeasured); }); },
-        [](frmGraphics& tool) { Click(tool, "cmdOK"); });
+    InModal<frmGraphics>([&] { ShowTool<frmGraphics>(bench, GraphicsOf(unmeasured)); },
+                         [](frmGraphics& tool) { Click(tool, "cmdOK"); });
     EXPECT_EQ(Text(), "<img src=\"b.png\" />");
 }
 

@@ -7,16 +7,18 @@ namespace {
 
 TEST(BackgroundSoundMarkupOf, EmptyAndFullFields) {
     EXPECT_EQ(BackgroundSoundMarkup({}), "<bgsound src=\"\" loop=\"INFINITE\">");
-    EXPECT_EQ(BackgroundSoundMarkup({"", ""}), "<bgsound src=\"\">");
-    EXPECT_EQ(BackgroundSoundMarkup({"a.mid", ""}), "<bgsound src=\"a.mid\">");
-    EXPECT_EQ(BackgroundSoundMarkup({"a \"b\".mid", "3"}), "<bgsound src=\"a \"b\".mid\" loop=\"3\">");
+    EXPECT_EQ(BackgroundSoundMarkup({.loop = ""}), "<bgsound src=\"\">");
+    EXPECT_EQ(BackgroundSoundMarkup({.source = "a.mid", .loop = ""}), "<bgsound src=\"a.mid\">");
+    EXPECT_EQ(BackgroundSoundMarkup({.source = "a \"b\".mid", .loop = "3"}),
+              "<bgsound src=\"a \"b\".mid\" loop=\"3\">");
 }
 
 TEST(EmbeddedSoundMarkupOf, EmptyAndFullFields) {
     EXPECT_EQ(EmbeddedSoundMarkup({}), "<embed src=\"\" autostart=\"false\" hidden=\"false\">");
-    EXPECT_EQ(EmbeddedSoundMarkup({"", true, false}), "<embed src=\"\" autostart=\"true\" hidden=\"false\">");
-    EXPECT_EQ(EmbeddedSoundMarkup({"", false, true}), "<embed src=\"\" autostart=\"false\" hidden=\"true\">");
-    EXPECT_EQ(EmbeddedSoundMarkup({"a.wav", true, true}), "<embed src=\"a.wav\" autostart=\"true\" hidden=\"true\">");
+    EXPECT_EQ(EmbeddedSoundMarkup({.autoStart = true}), "<embed src=\"\" autostart=\"true\" hidden=\"false\">");
+    EXPECT_EQ(EmbeddedSoundMarkup({.hidden = true}), "<embed src=\"\" autostart=\"false\" hidden=\"true\">");
+    EXPECT_EQ(EmbeddedSoundMarkup({.source = "a.wav", .autoStart = true, .hidden = true}),
+              "<embed src=\"a.wav\" autostart=\"true\" hidden=\"true\">");
 }
 
 TEST(AudioscopeMarkupOf, EmptyFields) {
@@ -24,29 +26,29 @@ TEST(AudioscopeMarkupOf, EmptyFields) {
 }
 
 TEST(AudioscopeMarkupOf, EveryField) {
-    EXPECT_EQ(AudioscopeMarkup({"left", "2", "90", "40", "RED", "#0000FF"}),
+    EXPECT_EQ(AudioscopeMarkup({.alignment = "left",
+                                .border = "2",
+                                .width = "90",
+                                .height = "40",
+                                .leftColor = "RED",
+                                .rightColor = "#0000FF"}),
               "<audioscope align=\"left\" border=\"2\" width=\"90\" height=\"40\" leftcolor=\"RED\" "
               "rightcolor=\"#0000FF\"></audioscope>");
 }
 
 TEST(AudioscopeMarkupOf, EachFieldAlone) {
-    EXPECT_EQ(AudioscopeMarkup({"left", "", "", "", "", ""}), "<audioscope align=\"left\"></audioscope>");
-    EXPECT_EQ(AudioscopeMarkup({"", "2", "", "", "", ""}), "<audioscope border=\"2\"></audioscope>");
-    EXPECT_EQ(AudioscopeMarkup({"", "", "", "", "RED", ""}), "<audioscope leftcolor=\"RED\"></audioscope>");
-    EXPECT_EQ(AudioscopeMarkup({"", "", "", "", "", "RED"}), "<audioscope rightcolor=\"RED\"></audioscope>");
+    EXPECT_EQ(AudioscopeMarkup({.alignment = "left"}), "<audioscope align=\"left\"></audioscope>");
+    EXPECT_EQ(AudioscopeMarkup({.border = "2"}), "<audioscope border=\"2\"></audioscope>");
+    EXPECT_EQ(AudioscopeMarkup({.leftColor = "RED"}), "<audioscope leftcolor=\"RED\"></audioscope>");
+    EXPECT_EQ(AudioscopeMarkup({.rightColor = "RED"}), "<audioscope rightcolor=\"RED\"></audioscope>");
 }
 
 TEST(AudioscopeMarkupOf, TheHeightGoesWithTheWidth) {
-    EXPECT_EQ(AudioscopeMarkup({"", "", "", "5", "", ""}), "<audioscope></audioscope>");
-    EXPECT_EQ(AudioscopeMarkup({"", "", "5", "", "", ""}), "<audioscope width=\"5\" height=\"\"></audioscope>");
+    EXPECT_EQ(AudioscopeMarkup({.height = "5"}), "<audioscope></audioscope>");
+    EXPECT_EQ(AudioscopeMarkup({.width = "5"}), "<audioscope width=\"5\" height=\"\"></audioscope>");
 }
 
-class SoundForm : public ToolFixture {
-protected:
-    static void Press(const QWidget& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(form.focusWidget(), key, modifiers);
-    }
-};
+class SoundForm : public ToolFixture {};
 
 TEST_F(SoundForm, ShowsItsCaptionsAndValues) {
     Open<frmSound>([](frmSound& tool) {
@@ -180,13 +182,13 @@ TEST_F(SoundForm, FindTakesTheBareNameAndACancelChangesNothing) {
     Open<frmSound>([this](frmSound& tool) {
         Click(tool, "cmdSource");
         Tab(tool, 1);
-        EXPECT_EQ(tool.EmbeddedSound().source, "");
+        EXPECT_EQ(Field(tool, "txtEmbedSource"), "");
         Click(tool, "cmdEmbedSource");
         Click(tool, "cmdEmbedSource");
         Tab(tool, 0);
         Click(tool, "cmdSource");
-        EXPECT_EQ(tool.BackgroundSound().source, "my song.mid");
-        EXPECT_EQ(tool.EmbeddedSound().source, ".hidden.wav");
+        EXPECT_EQ(Field(tool, "txtSource"), "my song.mid");
+        EXPECT_EQ(Field(tool, "txtEmbedSource"), ".hidden.wav");
         ASSERT_EQ(bench.prompts.requests.size(), 4U);
         for (const FileRequest& request : bench.prompts.requests) {
             EXPECT_EQ(request.filter, "Sound Files (*.AU;*.MID;*.RMI;*.WAV)|*.AU;*MID;*RMI;*.WAV");
@@ -198,9 +200,9 @@ TEST_F(SoundForm, FindTakesTheBareNameAndACancelChangesNothing) {
 }
 
 TEST_F(SoundForm, IsOpenedWithASoundByTheWebsitePanel) {
-    InModal<frmSound>([&] { ShowPreparedTool<frmSound>(bench, [](frmSound& tool) { tool.SetSource("a b.WAV"); }); },
+    InModal<frmSound>([&] { ShowTool<frmSound>(bench, BackgroundSoundFields{.source = "a b.WAV"}); },
                       [](frmSound& tool) {
-                          EXPECT_EQ(tool.EmbeddedSound().source, "");
+                          EXPECT_EQ(Field(tool, "txtEmbedSource"), "");
                           Press(tool, Qt::Key_Return);
                       });
     EXPECT_EQ(Text(), "<bgsound src=\"a b.WAV\" loop=\"INFINITE\">");

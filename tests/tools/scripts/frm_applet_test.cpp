@@ -7,7 +7,7 @@ namespace {
 
 // Fields that are all empty, also those with a default.
 AppletFields Nothing() {
-    return {"", "", "", "", "", "", "", "", ""};
+    return {.width = "", .height = "", .hSpace = "", .vSpace = ""};
 }
 
 TEST(AppletMarkupOf, TheDefaults) {
@@ -21,7 +21,15 @@ TEST(AppletMarkupOf, EmptyFields) {
 }
 
 TEST(AppletMarkupOf, EveryField) {
-    EXPECT_EQ(AppletMarkup({"Clock.class", "java/", "clock", "LEFT", "50", "60", "7", "8", "A \"clock\""}),
+    EXPECT_EQ(AppletMarkup({.fileName = "Clock.class",
+                            .urlDirectory = "java/",
+                            .name = "clock",
+                            .alignment = "LEFT",
+                            .width = "50",
+                            .height = "60",
+                            .hSpace = "7",
+                            .vSpace = "8",
+                            .alternateText = "A \"clock\""}),
               "<applet name=\"clock\" align=\"LEFT\" alt=\"A \"clock\"\" codebase=\"java/\" code=\"Clock.class\" "
               "width=\"50\" height=\"60\" hspace=\"7\" vspace=\"8\"></applet>");
 }

@@ -24,9 +24,6 @@ TEST(ParamMarkupOf, EveryRowAlsoAnEmptyOne) {
 class ParamForm : public ToolFixture {
 protected:
     static void Keys(const QWidget& form, const QString& text) { QTest::keyClicks(form.focusWidget(), text); }
-    static void Key(const QWidget& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(form.focusWidget(), key, modifiers);
-    }
 };
 
 TEST_F(ParamForm, ShowsItsCaptionsAndOneRow) {
@@ -49,9 +46,9 @@ TEST_F(ParamForm, ShowsItsCaptionsAndOneRow) {
 TEST_F(ParamForm, TakesARowByKeysAlone) {
     Open<frmParam>([](frmParam& tool) {
         Keys(tool, "speed");
-        Key(tool, Qt::Key_Tab);
+        Press(tool, Qt::Key_Tab);
         Keys(tool, "10");
-        Key(tool, Qt::Key_Return);
+        Press(tool, Qt::Key_Return);
     });
     EXPECT_EQ(Text(), "<param name=\"speed\" value=\"10\" />\r\n");
 }
@@ -59,19 +56,19 @@ TEST_F(ParamForm, TakesARowByKeysAlone) {
 TEST_F(ParamForm, TakesMoreRowsByKeysAlone) {
     Open<frmParam>([](frmParam& tool) {
         Keys(tool, "a");
-        Key(tool, Qt::Key_Tab);
-        Key(tool, Qt::Key_Tab);
+        Press(tool, Qt::Key_Tab);
+        Press(tool, Qt::Key_Tab);
         EXPECT_EQ(tool.focusWidget()->objectName(), "cmdPlus");
-        Key(tool, Qt::Key_Space);
-        Key(tool, Qt::Key_Space);
+        Press(tool, Qt::Key_Space);
+        Press(tool, Qt::Key_Space);
         EXPECT_EQ(tool.focusWidget()->objectName(), "cmdPlus");
         EXPECT_EQ(Get<QLabel>(tool, "lblRows").text(), "3");
-        Key(tool, Qt::Key_Backtab, Qt::ShiftModifier);
+        Press(tool, Qt::Key_Backtab, Qt::ShiftModifier);
         Keys(tool, "1");
-        Key(tool, Qt::Key_Tab);
-        Key(tool, Qt::Key_Down);
+        Press(tool, Qt::Key_Tab);
+        Press(tool, Qt::Key_Down);
         Keys(tool, "c");
-        Key(tool, Qt::Key_Return, Qt::ControlModifier);
+        Press(tool, Qt::Key_Return, Qt::ControlModifier);
     });
     EXPECT_EQ(Text(),
               "<param name=\"a\" value=\"1\" />\r\n"
@@ -114,7 +111,7 @@ TEST_F(ParamForm, StartsAnewEachTimeAndEscChangesNothing) {
             EXPECT_EQ(Get<QLineEdit>(tool, "Text1").text(), "");
             Click(tool, "cmdPlus");
             Type(tool, "Text1", "lost");
-            Key(tool, Qt::Key_Escape);
+            Press(tool, Qt::Key_Escape);
         });
     }
     EXPECT_EQ(Text(), "");

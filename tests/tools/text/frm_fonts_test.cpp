@@ -13,7 +13,13 @@ TEST(FontMarkupOf, EmptyFields) {
 }
 
 TEST(FontMarkupOf, EveryField) {
-    EXPECT_EQ(FontMarkup({"5", "#FF8000", "Verdana", "Courier New", "relief", "50"}, "word"),
+    EXPECT_EQ(FontMarkup({.size = "5",
+                          .color = "#FF8000",
+                          .primary = "Verdana",
+                          .secondary = "Courier New",
+                          .effect = "relief",
+                          .transparency = "50"},
+                         "word"),
               "<font face=\"Verdana,Courier New\" size=\"5\" color=\"#FF8000\" effect=\"relief\" "
               "transparency=\"50\">word</font>");
 }

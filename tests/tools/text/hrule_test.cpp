@@ -12,13 +12,13 @@ TEST(HRuleMarkupOf, TheDefaults) {
 }
 
 TEST(HRuleMarkupOf, EveryField) {
-    EXPECT_EQ(HRuleMarkup({"RED", "2", "50%", true, true}),
+    EXPECT_EQ(HRuleMarkup({.color = "RED", .height = "2", .width = "50%", .noShade = true, .raised = true}),
               "<hr color=\"RED\" size=\"2\" width=\"50%\" noshade=\"noshade\" invertborder=\"invertborder\" />");
 }
 
 TEST(HRuleMarkupOf, EmptyFieldsAreLeftOut) {
-    EXPECT_EQ(HRuleMarkup({"", "", "", false, false}), "<hr />");
-    EXPECT_EQ(HRuleMarkup({"", "", "", false, true}), "<hr invertborder=\"invertborder\" />");
+    EXPECT_EQ(HRuleMarkup({.height = "", .width = ""}), "<hr />");
+    EXPECT_EQ(HRuleMarkup({.height = "", .width = "", .raised = true}), "<hr invertborder=\"invertborder\" />");
 }
 
 class HRuleForm : public ToolFixture {};
@@ -75,7 +75,10 @@ TEST_F(HRuleForm, EnterIsOkAndEscIsCancel) {
 TEST_F(HRuleForm, StartsWithItsDefaultsEachTime) {
     for (int i = 0; i < 2; ++i) {
         Open<HRule>([](HRule& tool) {
-            EXPECT_EQ(HRuleMarkup(tool.Fields()), "<hr size=\"4\" width=\"100%\" />");
+            EXPECT_EQ(Field(tool, "cboColor") + ' ' + Field(tool, "cboHeight") + ' ' + Field(tool, "cboWidth"),
+                      " 4 100%");
+            EXPECT_FALSE(Get<QCheckBox>(tool, "chkNoshade").isChecked());
+            EXPECT_FALSE(Get<QCheckBox>(tool, "chkTVRaised").isChecked());
             for (const char* box : {"cboColor", "cboHeight", "cboWidth"}) Type(tool, box, "x");
             Click(tool, "chkNoshade");
             Click(tool, "chkTVRaised");
