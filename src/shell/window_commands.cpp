@@ -77,7 +77,7 @@ void EditVisually(MDIform1& window) {
 }
 
 void ShowSettings(MDIform1& window) {
-    frmSettings dialog(window, window, &window);
+    frmSettings dialog(window, window);
     dialog.exec();
 }
 

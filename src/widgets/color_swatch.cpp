@@ -1,15 +1,20 @@
 #include "widgets/color_swatch.h"
 
+#include "widgets/prompts.h"
+
 #include <QPainter>
 #include <QPixmap>
 
 namespace vellum {
 
-ColorSwatch::ColorSwatch(QWidget* parent) : QPushButton(parent) {
+ColorSwatch::ColorSwatch(Prompts& prompts, QWidget* parent) : QPushButton(parent) {
     const int height = fontMetrics().height();
     setIconSize(QSize(height * 3, height));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     SetColor(0);
+    connect(this, &QPushButton::clicked, this, [this, &prompts] {
+        if (const auto chosen = prompts.PickColor(window(), color_)) SetColor(*chosen);
+    });
 }
 
 void ColorSwatch::SetColor(ColorNumber color) {
@@ -25,6 +30,7 @@ void ColorSwatch::SetColor(ColorNumber color) {
     setIcon(pixmap);
     setToolTip(shown.name().toUpper());
     setAccessibleDescription(shown.name().toUpper());
+    emit ColorChanged(color);
 }
 
 }  // namespace vellum

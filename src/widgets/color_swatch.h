@@ -1,4 +1,4 @@
-// A button that shows a colour and keeps its number.
+// A button that shows a colour, keeps its number, and asks for another when it is pressed.
 #pragma once
 
 #include "values/units.h"
@@ -7,13 +7,18 @@
 
 namespace vellum {
 
+class Prompts;
+
 class ColorSwatch : public QPushButton {
     Q_OBJECT
 public:
-    explicit ColorSwatch(QWidget* parent = nullptr);
+    explicit ColorSwatch(Prompts& prompts, QWidget* parent = nullptr);
 
     [[nodiscard]] ColorNumber Color() const { return color_; }
     void SetColor(ColorNumber color);  // also tells it, as "#RRGGBB", to the pointer and to the screen reader
+
+signals:
+    void ColorChanged(ColorNumber color);
 
 private:
     ColorNumber color_ = 0;

@@ -1,9 +1,19 @@
 #include "shell/frm_settings.h"
 
 #include "tests/shell/settings_bench.h"
+#include "widgets/color_swatch.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -14,6 +24,8 @@
 namespace vellum {
 namespace {
 
+constexpr int panelCount = 8;
+
 class FrmSettingsTest : public testing::Test {
 protected:
     void Open() {
@@ -23,10 +35,20 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
 
+    template <typename Widget>
+    [[nodiscard]] Widget* Get(const QString& name) const {
+        auto* const widget = form->findChild<Widget*>(name);
+        if (!widget) throw std::runtime_error("no field " + name.toStdString());
+        return widget;
+    }
+
+    [[nodiscard]] QTabBar* Tabs() const { return Get<QTabWidget>("TabStrip1")->tabBar(); }
+    [[nodiscard]] QWidget* Panel(int index) const { return Get<QWidget>(QString("picOption(%1)").arg(index)); }
+
     // Changes the tab by a click on it.
     void ClickTab(int index) {
-        QTest::mouseClick(form->TabStrip1, Qt::LeftButton, {}, form->TabStrip1->tabRect(index).center());
-        ASSERT_EQ(form->TabStrip1->currentIndex(), index);
+        QTest::mouseClick(Tabs(), Qt::LeftButton, {}, Tabs()->tabRect(index).center());
+        ASSERT_EQ(Tabs()->currentIndex(), index);
     }
 
     static void Click(QAbstractButton* button) {
@@ -49,8 +71,9 @@ protected:
     }
 
     void ClickCell(int row, int column) {
-        const QRect cell = form->Grid1->visualRect(form->Grid1->model()->index(row, column));
-        QTest::mouseClick(form->Grid1->viewport(), Qt::LeftButton, {}, cell.center());
+        const QRect cell =
+            Get<QTableWidget>("Grid1")->visualRect(Get<QTableWidget>("Grid1")->model()->index(row, column));
+        QTest::mouseClick(Get<QTableWidget>("Grid1")->viewport(), Qt::LeftButton, {}, cell.center());
     }
 
     static QStringList Entries(const QListWidget* list) {
@@ -69,12 +92,12 @@ TEST_F(FrmSettingsTest, HasItsTitleTabsAndButtons) {
     const QStringList captions{
         "Editor Settings",           "SmartColor",      "File Types", "Customizations", "FTP", "XML Helpers",
         "Document Type Definitions", "Preview Settings"};
-    ASSERT_EQ(form->TabStrip1->count(), captions.size());
-    for (int i = 0; i < captions.size(); ++i) EXPECT_EQ(form->TabStrip1->tabText(i), captions[i]);
-    EXPECT_EQ(form->cmdOK->text(), "&OK");
-    EXPECT_EQ(form->cmdCancel->text(), "&Cancel");
-    EXPECT_TRUE(form->cmdOK->isDefault());
-    EXPECT_EQ(QString(form->chkPurge->text()).remove('&'), "Purge Settings");
+    ASSERT_EQ(Tabs()->count(), captions.size());
+    for (int i = 0; i < captions.size(); ++i) EXPECT_EQ(Tabs()->tabText(i), captions[i]);
+    EXPECT_EQ(Get<QPushButton>("cmdOK")->text(), "&OK");
+    EXPECT_EQ(Get<QPushButton>("cmdCancel")->text(), "&Cancel");
+    EXPECT_TRUE(Get<QPushButton>("cmdOK")->isDefault());
+    EXPECT_EQ(QString(Get<QCheckBox>("chkPurge")->text()).remove('&'), "Purge Settings");
 }
 
 TEST_F(FrmSettingsTest, WhatTheTabKeyPassesIsFoundByItsName) {
@@ -88,35 +111,35 @@ TEST_F(FrmSettingsTest, WhatTheTabKeyPassesIsFoundByItsName) {
 TEST_F(FrmSettingsTest, CaptionsAreThoseOfTheFields) {
     Open();
     const std::pair<QAbstractButton*, const char*> captions[] = {
-        {form->chkWrap, "Word Wrap By Default"},
-        {form->chkAutoTab, "AutoTab"},
-        {form->chkPop, "Popup Tag/Attribute List"},
-        {form->chkOnOff, "Disable Color Coding"},
-        {form->cmdColor[0], "Tables"},
-        {form->cmdColor[1], "Frames"},
-        {form->cmdColor[2], "Links"},
-        {form->cmdColor[3], "Comments"},
-        {form->cmdColor[4], "ASP / JSP"},
-        {form->cmdColor[5], "Other Tags"},
-        {form->chkASPBold, "Bolderize ASP/JSP Tags"},
-        {form->Command11, "Add"},
-        {form->Command12, "Delete"},
-        {form->chkXMLCase, "Automatically Lowercase all XHTML Tags"},
-        {form->chkXMLQuotes, "Automatically Quote Tag Attributes"},
-        {form->chkXMLSlash, "Enforce backslashing of empty elements"},
-        {form->optXHTML[0], "Transitional"},
-        {form->optXHTML[1], "Strict"},
-        {form->optXHTML[2], "Frameset"},
-        {form->chkMath, "MaHTML 2.0 Specification"},
-        {form->chkSmil, "SMIL 1.0 Specification"},
-        {form->chkSVG, "SVG 1.0 Specification"},
-        {form->chkOpenBook, "Open eBook Specification"},
-        {form->chkWML, "WML 1.3 Specification"},
-        {form->chkX3D, "X3D Compromise Specification"},
-        {form->cmbBrowser[0], "Choose"},
-        {form->cmbBrowser[2], "Choose"},
-        {form->OptVertical, "Vertical"},
-        {form->optHorizontal, "Horizontal"},
+        {Get<QCheckBox>("chkWrap"), "Word Wrap By Default"},
+        {Get<QCheckBox>("chkAutoTab"), "AutoTab"},
+        {Get<QCheckBox>("chkPop"), "Popup Tag/Attribute List"},
+        {Get<QCheckBox>("chkOnOff"), "Disable Color Coding"},
+        {Get<QPushButton>("cmdColor(0)"), "Tables"},
+        {Get<QPushButton>("cmdColor(1)"), "Frames"},
+        {Get<QPushButton>("cmdColor(2)"), "Links"},
+        {Get<QPushButton>("cmdColor(3)"), "Comments"},
+        {Get<QPushButton>("cmdColor(4)"), "ASP / JSP"},
+        {Get<QPushButton>("cmdColor(5)"), "Other Tags"},
+        {Get<QCheckBox>("chkASPBold"), "Bolderize ASP/JSP Tags"},
+        {Get<QPushButton>("Command11"), "Add"},
+        {Get<QPushButton>("Command12"), "Delete"},
+        {Get<QCheckBox>("chkXMLCase"), "Automatically Lowercase all XHTML Tags"},
+        {Get<QCheckBox>("chkXMLQuotes"), "Automatically Quote Tag Attributes"},
+        {Get<QCheckBox>("chkXMLSlash"), "Enforce backslashing of empty elements"},
+        {Get<QRadioButton>("optXHTML(0)"), "Transitional"},
+        {Get<QRadioButton>("optXHTML(1)"), "Strict"},
+        {Get<QRadioButton>("optXHTML(2)"), "Frameset"},
+        {Get<QCheckBox>("chkMath"), "MaHTML 2.0 Specification"},
+        {Get<QCheckBox>("chkSmil"), "SMIL 1.0 Specification"},
+        {Get<QCheckBox>("chkSVG"), "SVG 1.0 Specification"},
+        {Get<QCheckBox>("chkOpenBook"), "Open eBook Specification"},
+        {Get<QCheckBox>("chkWML"), "WML 1.3 Specification"},
+        {Get<QCheckBox>("chkX3D"), "X3D Compromise Specification"},
+        {Get<QPushButton>("cmbBrowser(0)"), "Choose"},
+        {Get<QPushButton>("cmbBrowser(2)"), "Choose"},
+        {Get<QRadioButton>("OptVertical"), "Vertical"},
+        {Get<QRadioButton>("optHorizontal"), "Horizontal"},
     };
     for (const auto& [button, caption] : captions) EXPECT_EQ(QString(button->text()).remove('&'), caption);
 }
@@ -170,11 +193,12 @@ TEST_F(FrmSettingsTest, AccessKeysDoNotClash) {
         const QString key = QKeySequence::mnemonic(text).toString();
         EXPECT_TRUE(key.isEmpty() || keys.insert(key).second) << text.toStdString() << where.toStdString();
     };
-    for (const QWidget* panel : form->picOption) {
+    for (int index = 0; index < panelCount; ++index) {
+        const QWidget* const panel = Panel(index);
         std::set<QString> keys;
-        for (const QAbstractButton* button :
-             {static_cast<QAbstractButton*>(form->cmdOK), static_cast<QAbstractButton*>(form->cmdCancel),
-              static_cast<QAbstractButton*>(form->chkPurge)}) {
+        for (const QAbstractButton* button : {static_cast<QAbstractButton*>(Get<QPushButton>("cmdOK")),
+                                              static_cast<QAbstractButton*>(Get<QPushButton>("cmdCancel")),
+                                              static_cast<QAbstractButton*>(Get<QCheckBox>("chkPurge"))}) {
             addKey(keys, button->text(), {});
         }
         for (const auto* button : panel->findChildren<QAbstractButton*>()) {
@@ -186,41 +210,41 @@ TEST_F(FrmSettingsTest, AccessKeysDoNotClash) {
 
 TEST_F(FrmSettingsTest, TabsShowTheirPanelAndHideTheOthers) {
     Open();
-    for (int tab = 0; tab < frmSettings::panelCount; ++tab) {
+    for (int tab = 0; tab < panelCount; ++tab) {
         ClickTab(tab);
-        for (int panel = 0; panel < frmSettings::panelCount; ++panel) {
-            EXPECT_EQ(form->picOption[panel]->isVisible(), panel == tab) << panel << " at tab " << tab;
+        for (int panel = 0; panel < panelCount; ++panel) {
+            EXPECT_EQ(Panel(panel)->isVisible(), panel == tab) << panel << " at tab " << tab;
         }
     }
 }
 
 TEST_F(FrmSettingsTest, TabsAreReachedByTheKeyboard) {
     Open();
-    form->Combo2->setFocus();
-    QTest::keyClick(form->Combo2, Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(form->TabStrip1->currentIndex(), 1);
-    EXPECT_TRUE(form->picOption[1]->isVisible());
+    Get<QComboBox>("Combo2")->setFocus();
+    QTest::keyClick(Get<QComboBox>("Combo2"), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(Tabs()->currentIndex(), 1);
+    EXPECT_TRUE(Panel(1)->isVisible());
     QTest::keyClick(form.get(), Qt::Key_PageDown, Qt::ControlModifier);
-    EXPECT_EQ(form->TabStrip1->currentIndex(), 2);
+    EXPECT_EQ(Tabs()->currentIndex(), 2);
     QTest::keyClick(form.get(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(form->TabStrip1->currentIndex(), 1);
+    EXPECT_EQ(Tabs()->currentIndex(), 1);
     QTest::keyClick(form.get(), Qt::Key_PageUp, Qt::ControlModifier);
     QTest::keyClick(form.get(), Qt::Key_PageUp, Qt::ControlModifier);
-    EXPECT_EQ(form->TabStrip1->currentIndex(), 7);
+    EXPECT_EQ(Tabs()->currentIndex(), 7);
     QTest::keyClick(form.get(), Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(form->TabStrip1->currentIndex(), 0);
+    EXPECT_EQ(Tabs()->currentIndex(), 0);
 }
 
 TEST_F(FrmSettingsTest, TheSizeIsThatOfTheLargestPanel) {
     Open();
     const QSize size = form->size();
-    for (int tab = 0; tab < frmSettings::panelCount; ++tab) {
+    for (int tab = 0; tab < panelCount; ++tab) {
         ClickTab(tab);
         QCoreApplication::processEvents();
         EXPECT_EQ(form->size(), size) << tab;
-        const QSize wanted = form->picOption[tab]->minimumSizeHint();
-        EXPECT_LE(wanted.width(), form->picOption[tab]->width()) << tab;
-        EXPECT_LE(wanted.height(), form->picOption[tab]->height()) << tab;
+        const QSize wanted = Panel(tab)->minimumSizeHint();
+        EXPECT_LE(wanted.width(), Panel(tab)->width()) << tab;
+        EXPECT_LE(wanted.height(), Panel(tab)->height()) << tab;
     }
 }
 
@@ -237,15 +261,16 @@ TEST_F(FrmSettingsTest, TheTabKeyGoesDownEachPanel) {
         {"optXHTML(0)", "chkMath", "chkSmil", "chkSVG", "chkOpenBook", "chkWML", "chkX3D"},
         {"txtBrowser(0)", "cmbBrowser(0)", "txtBrowser(1)", "cmbBrowser(1)", "txtBrowser(2)", "cmbBrowser(2)",
          "txtRate", "OptVertical", "txtPercent"}};
-    for (int tab = 0; tab < frmSettings::panelCount; ++tab) {
+    for (int tab = 0; tab < panelCount; ++tab) {
         ClickTab(tab);
-        form->TabStrip1->setFocus();
+        Tabs()->setFocus();
         const QStringList expected = orders[tab] + QStringList{"chkPurge", "cmdOK", "cmdCancel", "TabStrip1"};
         QStringList visited;
         while (visited.size() < expected.size()) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            ASSERT_NE(QApplication::focusWidget(), nullptr);
-            visited << QApplication::focusWidget()->objectName();
+            const QWidget* const field = QApplication::focusWidget();
+            ASSERT_NE(field, nullptr);
+            visited << (field == Tabs() ? "TabStrip1" : field->objectName());
         }
         EXPECT_EQ(visited.join(' ').toStdString(), expected.join(' ').toStdString());
     }
@@ -264,48 +289,50 @@ TEST_F(FrmSettingsTest, ShowsTheSettings) {
     WriteCustomText(bench.store, 4, "<b>");
     bench.ReadOptions();
     Open();
-    EXPECT_EQ(form->Combo1->currentText(), "8.5");
-    EXPECT_EQ(form->Combo2->currentText(), "Courier New");
-    EXPECT_EQ(form->picColor[0]->Color(), 255U);
-    EXPECT_EQ(form->picColor[4]->Color(), 6776628U);
-    EXPECT_EQ(form->lblBackColor->Color(), 65280U);
-    EXPECT_EQ(form->lblBackColor->accessibleDescription(), "#00FF00");
-    EXPECT_TRUE(form->chkWrap->isChecked());
-    EXPECT_TRUE(form->optXHTML[1]->isChecked());
-    EXPECT_FALSE(form->chkMath->isChecked());
-    EXPECT_TRUE(form->optHorizontal->isChecked());
-    EXPECT_EQ(form->txtBrowser[1]->text(), "firefox");
-    EXPECT_EQ(Entries(form->List2), QStringList({"<hr />"}));
-    EXPECT_EQ(Entries(form->lstDocuments), QStringList({".htm", ".txt"}));
-    EXPECT_EQ(Entries(form->List1), QStringList({".bmp", ".jpg"}));
-    EXPECT_EQ(form->Grid1->rowCount(), 6);
-    EXPECT_EQ(form->Grid1->columnCount(), 2);
-    EXPECT_EQ(form->Grid1->horizontalHeaderItem(0)->text(), "Caption");
-    EXPECT_EQ(form->Grid1->horizontalHeaderItem(1)->text(), "Text Inserted");
-    EXPECT_EQ(form->Grid1->item(5, 0)->text(), "Custom6");
-    EXPECT_EQ(form->Grid1->item(4, 1)->text(), "<b>");
-    EXPECT_EQ(form->txtRate->text(), "7");
-    EXPECT_EQ(form->txtPercent->text(), "50");
+    EXPECT_EQ(Get<QComboBox>("Combo1")->currentText(), "8.5");
+    EXPECT_EQ(Get<QComboBox>("Combo2")->currentText(), "Courier New");
+    EXPECT_EQ(Get<ColorSwatch>("picColor(0)")->Color(), 255U);
+    EXPECT_EQ(Get<ColorSwatch>("picColor(4)")->Color(), 6776628U);
+    EXPECT_EQ(Get<ColorSwatch>("lblBackColor")->Color(), 65280U);
+    EXPECT_EQ(Get<ColorSwatch>("lblBackColor")->accessibleDescription(), "#00FF00");
+    EXPECT_TRUE(Get<QCheckBox>("chkWrap")->isChecked());
+    EXPECT_TRUE(Get<QRadioButton>("optXHTML(1)")->isChecked());
+    EXPECT_FALSE(Get<QCheckBox>("chkMath")->isChecked());
+    EXPECT_TRUE(Get<QRadioButton>("optHorizontal")->isChecked());
+    EXPECT_EQ(Get<QLineEdit>("txtBrowser(1)")->text(), "firefox");
+    EXPECT_EQ(Entries(Get<QListWidget>("List2")), QStringList({"<hr />"}));
+    EXPECT_EQ(Entries(Get<QListWidget>("lstDocuments")), QStringList({".htm", ".txt"}));
+    EXPECT_EQ(Entries(Get<QListWidget>("List1")), QStringList({".bmp", ".jpg"}));
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->rowCount(), 6);
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->columnCount(), 2);
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->horizontalHeaderItem(0)->text(), "Caption");
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->horizontalHeaderItem(1)->text(), "Text Inserted");
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->item(5, 0)->text(), "Custom6");
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->item(4, 1)->text(), "<b>");
+    EXPECT_EQ(Get<QLineEdit>("txtRate")->text(), "7");
+    EXPECT_EQ(Get<QLineEdit>("txtPercent")->text(), "50");
 }
 
 TEST_F(FrmSettingsTest, FontBoxesOfferTheirListsAndTakeAnyText) {
     Open();
     QStringList sizes;
-    for (int i = 0; i < form->Combo1->count(); ++i) sizes << form->Combo1->itemText(i);
+    for (int i = 0; i < Get<QComboBox>("Combo1")->count(); ++i) sizes << Get<QComboBox>("Combo1")->itemText(i);
     EXPECT_EQ(sizes, QStringList({"6", "8", "10", "12", "14", "16"}));
-    EXPECT_EQ(form->Combo2->count(), 3);
-    Type(form->Combo1->lineEdit(), "9");
-    Type(form->Combo2->lineEdit(), "Missing Font");
-    EXPECT_EQ(form->Fields().fontSize, "9");
-    EXPECT_EQ(form->Fields().fontName, "Missing Font");
+    EXPECT_EQ(Get<QComboBox>("Combo2")->count(), 3);
+    Type(Get<QComboBox>("Combo1")->lineEdit(), "9");
+    Type(Get<QComboBox>("Combo2")->lineEdit(), "Missing Font");
+    Click(Get<QPushButton>("cmdOK"));
+    EXPECT_EQ(bench.EditorFontSize, "9");
+    EXPECT_EQ(bench.EditorFontName, "Missing Font");
 }
 
 TEST_F(FrmSettingsTest, ThePasswordIsHiddenBehindStars) {
     Open();
     ClickTab(4);
-    Type(form->Text7, "geheim");
-    EXPECT_EQ(form->Text7->displayText(), "******");
-    EXPECT_EQ(form->Fields().ftpPassword, "geheim");
+    Type(Get<QLineEdit>("Text7"), "geheim");
+    EXPECT_EQ(Get<QLineEdit>("Text7")->displayText(), "******");
+    Click(Get<QPushButton>("cmdOK"));
+    EXPECT_EQ(bench.Stored(keys::ftpPassword), "geheim");
 }
 
 TEST_F(FrmSettingsTest, EntriesAreAddedAndRemoved) {
@@ -318,9 +345,12 @@ TEST_F(FrmSettingsTest, EntriesAreAddedAndRemoved) {
         QPushButton* remove;
     };
     for (const auto& [tab, list, line, add, remove] :
-         {Case{2, form->lstDocuments, form->txtDocuments, form->cmdAddDocument, form->lstDocsRemove},
-          Case{2, form->List1, form->Text2, form->Command9, form->Command10},
-          Case{3, form->List2, form->Text4, form->Command11, form->Command12}}) {
+         {Case{2, Get<QListWidget>("lstDocuments"), Get<QLineEdit>("txtDocuments"), Get<QPushButton>("cmdAddDocument"),
+               Get<QPushButton>("lstDocsRemove")},
+          Case{2, Get<QListWidget>("List1"), Get<QLineEdit>("Text2"), Get<QPushButton>("Command9"),
+               Get<QPushButton>("Command10")},
+          Case{3, Get<QListWidget>("List2"), Get<QLineEdit>("Text4"), Get<QPushButton>("Command11"),
+               Get<QPushButton>("Command12")}}) {
         ClickTab(tab);
         const QStringList before = Entries(list);
         Type(line, "new");
@@ -342,44 +372,45 @@ TEST_F(FrmSettingsTest, EntriesAreAddedAndRemoved) {
 TEST_F(FrmSettingsTest, RemoveWithNothingChosenRemovesNothing) {
     Open();
     ClickTab(2);
-    Click(form->lstDocsRemove);
-    EXPECT_EQ(form->lstDocuments->count(), 2);
+    Click(Get<QPushButton>("lstDocsRemove"));
+    EXPECT_EQ(Get<QListWidget>("lstDocuments")->count(), 2);
 }
 
 TEST_F(FrmSettingsTest, KeysAddAndRemoveToo) {
     Open();
     ClickTab(2);
-    Type(form->txtDocuments, ".new");
-    QTest::keyClick(form->txtDocuments, Qt::Key_Return);
-    EXPECT_EQ(Entries(form->lstDocuments), QStringList({".htm", ".txt", ".new"}));
+    Type(Get<QLineEdit>("txtDocuments"), ".new");
+    QTest::keyClick(Get<QLineEdit>("txtDocuments"), Qt::Key_Return);
+    EXPECT_EQ(Entries(Get<QListWidget>("lstDocuments")), QStringList({".htm", ".txt", ".new"}));
     EXPECT_TRUE(form->isVisible());
-    form->lstDocuments->setFocus();
-    QTest::keyClick(form->lstDocuments, Qt::Key_End);
-    QTest::keyClick(form->lstDocuments, Qt::Key_Delete);
-    EXPECT_EQ(Entries(form->lstDocuments), QStringList({".htm", ".txt"}));
-    QTest::keyClick(form->txtDocuments, Qt::Key_Return);  // nothing to add: it is OK
+    Get<QListWidget>("lstDocuments")->setFocus();
+    QTest::keyClick(Get<QListWidget>("lstDocuments"), Qt::Key_End);
+    QTest::keyClick(Get<QListWidget>("lstDocuments"), Qt::Key_Delete);
+    EXPECT_EQ(Entries(Get<QListWidget>("lstDocuments")), QStringList({".htm", ".txt"}));
+    QTest::keyClick(Get<QLineEdit>("txtDocuments"), Qt::Key_Return);  // nothing to add: it is OK
     EXPECT_FALSE(form->isVisible());
 }
 
 TEST_F(FrmSettingsTest, CellsAreEditedThroughTheLine) {
     Open();
     ClickTab(3);
-    EXPECT_EQ(form->Text3->text(), "Custom1");
+    EXPECT_EQ(Get<QLineEdit>("Text3")->text(), "Custom1");
     ClickCell(2, 0);
-    EXPECT_EQ(form->Text3->text(), "Custom3");
-    Type(form->Text3, "Note");
-    EXPECT_EQ(form->Grid1->item(2, 0)->text(), "Note");
+    EXPECT_EQ(Get<QLineEdit>("Text3")->text(), "Custom3");
+    Type(Get<QLineEdit>("Text3"), "Note");
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->item(2, 0)->text(), "Note");
     ClickCell(2, 1);
-    EXPECT_EQ(form->Text3->text(), "");
-    Type(form->Text3, "<p class=\"note\">");
-    QTest::keyClick(form->Grid1, Qt::Key_Up);
-    EXPECT_EQ(form->Grid1->currentRow(), 1);
-    EXPECT_EQ(form->Text3->text(), "");
-    QTest::keyClick(form->Grid1, Qt::Key_Left);
-    EXPECT_EQ(form->Text3->text(), "Custom2");
-    EXPECT_EQ(form->Fields().customCaptions[2], "Note");
-    EXPECT_EQ(form->Fields().customTexts[2], "<p class=\"note\">");
-    EXPECT_EQ(form->Fields().customTexts[1], "");
+    EXPECT_EQ(Get<QLineEdit>("Text3")->text(), "");
+    Type(Get<QLineEdit>("Text3"), "<p class=\"note\">");
+    QTest::keyClick(Get<QTableWidget>("Grid1"), Qt::Key_Up);
+    EXPECT_EQ(Get<QTableWidget>("Grid1")->currentRow(), 1);
+    EXPECT_EQ(Get<QLineEdit>("Text3")->text(), "");
+    QTest::keyClick(Get<QTableWidget>("Grid1"), Qt::Key_Left);
+    EXPECT_EQ(Get<QLineEdit>("Text3")->text(), "Custom2");
+    Click(Get<QPushButton>("cmdOK"));
+    EXPECT_EQ(ReadCustomCaption(bench.store, 2), "Note");
+    EXPECT_EQ(ReadCustomText(bench.store, 2), "<p class=\"note\">");
+    EXPECT_EQ(ReadCustomText(bench.store, 1), "");
 }
 
 TEST_F(FrmSettingsTest, ALineEndInACellSurvivesTheVisit) {
@@ -388,49 +419,50 @@ TEST_F(FrmSettingsTest, ALineEndInACellSurvivesTheVisit) {
     ClickTab(3);
     ClickCell(0, 1);
     ClickCell(1, 1);
-    EXPECT_EQ(form->Fields().customTexts[0], "<ul>\r\n</ul>");
+    Click(Get<QPushButton>("cmdOK"));
+    EXPECT_EQ(ReadCustomText(bench.store, 0), "<ul>\r\n</ul>");
 }
 
 TEST_F(FrmSettingsTest, SwatchesTakeTheChosenColor) {
     Open();
     bench.prompts.colors = {0x0000FF, 0x00FF00, 0xFF0000};
-    Click(form->lblForeColor);
-    EXPECT_EQ(form->lblForeColor->Color(), 0x0000FFU);
+    Click(Get<ColorSwatch>("lblForeColor"));
+    EXPECT_EQ(Get<ColorSwatch>("lblForeColor")->Color(), 0x0000FFU);
     ClickTab(1);
-    Click(form->picColor[3]);
-    EXPECT_EQ(form->picColor[3]->Color(), 0x00FF00U);
-    form->cmdColor[5]->setFocus();
-    QTest::keyClick(form->cmdColor[5], Qt::Key_Space);
-    EXPECT_EQ(form->picColor[5]->Color(), 0xFF0000U);
-    Click(form->cmdColor[0]);  // cancelled: no colour is left
-    EXPECT_EQ(form->picColor[0]->Color(), 8388736U);
+    Click(Get<ColorSwatch>("picColor(3)"));
+    EXPECT_EQ(Get<ColorSwatch>("picColor(3)")->Color(), 0x00FF00U);
+    Get<QPushButton>("cmdColor(5)")->setFocus();
+    QTest::keyClick(Get<QPushButton>("cmdColor(5)"), Qt::Key_Space);
+    EXPECT_EQ(Get<ColorSwatch>("picColor(5)")->Color(), 0xFF0000U);
+    Click(Get<QPushButton>("cmdColor(0)"));  // cancelled: no colour is left
+    EXPECT_EQ(Get<ColorSwatch>("picColor(0)")->Color(), 8388736U);
 }
 
 TEST_F(FrmSettingsTest, ABrowserIsChosenFromTheFiles) {
     Open();
     ClickTab(7);
     bench.prompts.openNames = {"/usr/bin/firefox"};
-    Click(form->cmbBrowser[1]);
-    EXPECT_EQ(form->txtBrowser[1]->text(), "/usr/bin/firefox");
+    Click(Get<QPushButton>("cmbBrowser(1)"));
+    EXPECT_EQ(Get<QLineEdit>("txtBrowser(1)")->text(), "/usr/bin/firefox");
     ASSERT_EQ(bench.prompts.requests.size(), 1U);
     EXPECT_EQ(bench.prompts.requests[0].filter, "Executable Files (*.EXE)|*.EXE");
-    Click(form->cmbBrowser[1]);  // cancelled
-    EXPECT_EQ(form->txtBrowser[1]->text(), "/usr/bin/firefox");
+    Click(Get<QPushButton>("cmbBrowser(1)"));  // cancelled
+    EXPECT_EQ(Get<QLineEdit>("txtBrowser(1)")->text(), "/usr/bin/firefox");
 }
 
 TEST_F(FrmSettingsTest, OkWritesAndCloses) {
     Open();
-    Click(form->chkWrap);
+    Click(Get<QCheckBox>("chkWrap"));
     ClickTab(1);
-    Click(form->chkOnOff);
+    Click(Get<QCheckBox>("chkOnOff"));
     ClickTab(6);
-    Click(form->optXHTML[2]);
-    Click(form->chkMath);
+    Click(Get<QRadioButton>("optXHTML(2)"));
+    Click(Get<QCheckBox>("chkMath"));
     ClickTab(7);
-    Type(form->txtRate, "1.5");
-    Click(form->optHorizontal);
-    Type(form->txtPercent, "100");
-    Click(form->cmdOK);
+    Type(Get<QLineEdit>("txtRate"), "1.5");
+    Click(Get<QRadioButton>("optHorizontal"));
+    Type(Get<QLineEdit>("txtPercent"), "100");
+    Click(Get<QPushButton>("cmdOK"));
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(form->result(), QDialog::Accepted);
     EXPECT_EQ(bench.prompts.messages, QStringList());
@@ -445,31 +477,31 @@ TEST_F(FrmSettingsTest, OkWritesAndCloses) {
     EXPECT_EQ(bench.events.last(), "Smartcolor");
 
     Open();
-    EXPECT_FALSE(form->chkMath->isChecked());
-    EXPECT_TRUE(form->chkWrap->isChecked());
-    EXPECT_EQ(form->txtRate->text(), "1");
+    EXPECT_FALSE(Get<QCheckBox>("chkMath")->isChecked());
+    EXPECT_TRUE(Get<QCheckBox>("chkWrap")->isChecked());
+    EXPECT_EQ(Get<QLineEdit>("txtRate")->text(), "1");
 }
 
 TEST_F(FrmSettingsTest, ABadRateKeepsTheDialogAsTyped) {
     Open();
-    Click(form->chkWrap);
-    Type(form->Combo1->lineEdit(), "14");
+    Click(Get<QCheckBox>("chkWrap"));
+    Type(Get<QComboBox>("Combo1")->lineEdit(), "14");
     ClickTab(7);
-    Type(form->txtRate, "31");
-    Type(form->txtPercent, "60");
+    Type(Get<QLineEdit>("txtRate"), "31");
+    Type(Get<QLineEdit>("txtPercent"), "60");
     ClickTab(0);
-    Click(form->cmdOK);
+    Click(Get<QPushButton>("cmdOK"));
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(bench.prompts.messages, QStringList({"Refresh Rate Needs to be between 1 and 30 seconds."}));
     EXPECT_EQ(bench.events, QStringList());
     EXPECT_EQ(bench.Stored(keys::wordWrap), "(none)");
-    EXPECT_EQ(form->txtRate->text(), "31");
-    EXPECT_EQ(form->txtPercent->text(), "60");
-    EXPECT_EQ(form->Combo1->currentText(), "14");
-    EXPECT_TRUE(form->chkWrap->isChecked());
-    EXPECT_TRUE(form->txtRate->hasFocus());
-    Type(form->txtRate, "30");
-    QTest::keyClick(form->txtRate, Qt::Key_Return);
+    EXPECT_EQ(Get<QLineEdit>("txtRate")->text(), "31");
+    EXPECT_EQ(Get<QLineEdit>("txtPercent")->text(), "60");
+    EXPECT_EQ(Get<QComboBox>("Combo1")->currentText(), "14");
+    EXPECT_TRUE(Get<QCheckBox>("chkWrap")->isChecked());
+    EXPECT_TRUE(Get<QLineEdit>("txtRate")->hasFocus());
+    Type(Get<QLineEdit>("txtRate"), "30");
+    QTest::keyClick(Get<QLineEdit>("txtRate"), Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(bench.Stored(keys::refreshRate), "30");
     EXPECT_EQ(bench.Stored(keys::fontSize), "14");
@@ -478,26 +510,26 @@ TEST_F(FrmSettingsTest, ABadRateKeepsTheDialogAsTyped) {
 TEST_F(FrmSettingsTest, ABadPercentKeepsTheDialogAsTyped) {
     Open();
     ClickTab(7);
-    Type(form->txtPercent, "101");
-    Click(form->cmdOK);
+    Type(Get<QLineEdit>("txtPercent"), "101");
+    Click(Get<QPushButton>("cmdOK"));
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(bench.prompts.messages, QStringList({"Percent of editing space must be between 0 and 100."}));
-    EXPECT_TRUE(form->txtPercent->hasFocus());
+    EXPECT_TRUE(Get<QLineEdit>("txtPercent")->hasFocus());
     EXPECT_EQ(bench.Stored(keys::editPercent), "(none)");
 }
 
 TEST_F(FrmSettingsTest, EscapeAndCancelWriteNothing) {
     for (const bool escape : {true, false}) {
         Open();
-        Click(form->chkWrap);
-        Click(form->chkPurge);
+        Click(Get<QCheckBox>("chkWrap"));
+        Click(Get<QCheckBox>("chkPurge"));
         ClickTab(2);
-        Type(form->txtDocuments, ".new");
-        Click(form->cmdAddDocument);
+        Type(Get<QLineEdit>("txtDocuments"), ".new");
+        Click(Get<QPushButton>("cmdAddDocument"));
         if (escape) {
             QTest::keyClick(form.get(), Qt::Key_Escape);
         } else {
-            Click(form->cmdCancel);
+            Click(Get<QPushButton>("cmdCancel"));
         }
         EXPECT_FALSE(form->isVisible());
         EXPECT_EQ(form->result(), QDialog::Rejected);
@@ -512,11 +544,11 @@ TEST_F(FrmSettingsTest, PurgeDeletesThePreferencesAndSavesNothing) {
     WriteSetting(bench.store, keys::recentFile, 0, "/tmp/a.htm");
     WriteSetting(bench.store, keys::useIE, "Yes");
     Open();
-    Click(form->chkPop);
+    Click(Get<QCheckBox>("chkPop"));
     ClickTab(7);
-    Type(form->txtRate, "abc");  // is not looked at
-    Click(form->chkPurge);
-    Click(form->cmdOK);
+    Type(Get<QLineEdit>("txtRate"), "abc");  // is not looked at
+    Click(Get<QCheckBox>("chkPurge"));
+    Click(Get<QPushButton>("cmdOK"));
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(bench.prompts.messages, QStringList({"Please Restart Program"}));
     EXPECT_EQ(bench.Stored(keys::autoTab), "(none)");

@@ -1,13 +1,19 @@
 #include "shell/color_bar.h"
+#include "shell/frm_settings.h"
 #include "shell/status_bar.h"
 #include "shell/toolbar.h"
 #include "tests/shell/main_window_fixture.h"
 #include "website/website_panel.h"
+#include "widgets/color_swatch.h"
 #include "widgets/tab_strip.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QTableWidget>
 #include <QTimer>
 #include <QToolButton>
 
@@ -190,11 +196,11 @@ TEST_F(MainWindowTest, CustomizeOpensTheSettingsAndTheyReachTheWindow) {
     QTimer::singleShot(0, window.get(), [] {
         auto* dialog = qobject_cast<frmSettings*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
-        dialog->Combo1->setEditText("14");
-        dialog->chkOnOff->setChecked(true);
-        dialog->lblForeColor->SetColor(255);
-        dialog->Grid1->item(0, 0)->setText("Mine");
-        QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
+        dialog->findChild<QComboBox*>("Combo1")->setEditText("14");
+        dialog->findChild<QCheckBox*>("chkOnOff")->setChecked(true);
+        dialog->findChild<ColorSwatch*>("lblForeColor")->SetColor(255);
+        dialog->findChild<QTableWidget*>("Grid1")->item(0, 0)->setText("Mine");
+        QTest::mouseClick(dialog->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
         if (dialog->isVisible()) dialog->reject();
     });
     QTest::mouseClick(window->TabStrip2, Qt::LeftButton, {}, window->TabStrip2->tabRect(0).center());

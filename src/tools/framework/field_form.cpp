@@ -1,6 +1,7 @@
 #include "tools/framework/field_form.h"
 
 #include "tools/framework/color_hex.h"
+#include "widgets/color_swatch.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -160,6 +161,14 @@ QRadioButton* FieldForm::AddOption(const QString& name, const QString& caption, 
         emit Changed();
     });
     return option;
+}
+
+ColorSwatch* FieldForm::AddSwatch(ColorNumber& field, const QString& name, const QString& caption) {
+    auto* const swatch = Named<ColorSwatch>(name, bench_.Ask());
+    Keep([swatch, &field] { swatch->SetColor(field); });
+    connect(swatch, &ColorSwatch::ColorChanged, this, [this, &field](ColorNumber color) { Take(field, color); });
+    AddField(caption, swatch);
+    return swatch;
 }
 
 TextGrid* FieldForm::AddGrid(GridRows& field, const GridParts& parts) {

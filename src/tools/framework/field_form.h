@@ -20,6 +20,8 @@ class QTabWidget;
 
 namespace vellum {
 
+class ColorSwatch;
+
 // Where the colour dialog starts.
 enum class ColorStart { Black, Field };
 
@@ -56,6 +58,7 @@ protected:
         return AddOption(
             name, caption, [&field, value] { return field == value; }, [&field, value] { field = value; });
     }
+    ColorSwatch* AddSwatch(ColorNumber& field, const QString& name, const QString& caption = {});
     TextGrid* AddGrid(GridRows& field, const GridParts& parts);
     EntryLists* AddLists(const EntryParts& parts);
     QPushButton* AddButton(const QString& name, const QString& caption, const std::function<void()>& pressed);

@@ -1,6 +1,7 @@
 #include "tools/framework/field_form.h"
 
 #include "tests/tools/tool_fixture.h"
+#include "widgets/color_swatch.h"
 
 #include <QGroupBox>
 #include <QListWidget>
@@ -21,6 +22,7 @@ struct SampleFields {
     QString file;
     bool more = true;
     Size size = Size::Large;
+    ColorNumber swatch = 0x0000FF;
     GridRows rows{{"a", "1"}, {"b", "2"}};
     QStringList entries{"one", "two"};
 };
@@ -39,6 +41,7 @@ public:
             AddOption(fields.size, Size::Small, "optSmall", "Small");
             AddOption(fields.size, Size::Large, "optLarge", "Large");
         });
+        AddSwatch(fields.swatch, "lblSwatch", "Ink");
         AddGrid(fields.rows, {.titles = {"Name", "Value"}});
         AddLists({.columns = {{.entries = fields.entries, .list = {"List1", "Entries"}, .line = {"txtEntry", "New"}}},
                   .add = {"cmdAdd", "Add"},
@@ -97,11 +100,13 @@ TEST_F(FieldForms, StartWithWhatTheirFieldsHold) {
     EXPECT_TRUE(Get<QCheckBox>(form, "chkMore").isChecked());
     EXPECT_FALSE(Get<QRadioButton>(form, "optSmall").isChecked());
     EXPECT_TRUE(Get<QRadioButton>(form, "optLarge").isChecked());
+    EXPECT_EQ(Get<ColorSwatch>(form, "lblSwatch").Color(), 0x0000FFU);
     EXPECT_EQ(Get<QTableWidget>(form, "Grid1").item(1, 0)->text(), "b");
     EXPECT_EQ(Get<QListWidget>(form, "List1").item(1)->text(), "two");
 }
 
 TEST_F(FieldForms, KeepTheirFieldsUpToDateWithWhatIsTypedAndClicked) {
+    bench.prompts.colors = {0x00FF00};
     SampleForm form(bench);
     Show(form);
     Type(form, "txtName", "other");
@@ -115,6 +120,8 @@ TEST_F(FieldForms, KeepTheirFieldsUpToDateWithWhatIsTypedAndClicked) {
     EXPECT_FALSE(form.fields.more);
     Click(form, "optSmall");
     EXPECT_EQ(form.fields.size, Size::Small);
+    Click(form, "lblSwatch");
+    EXPECT_EQ(form.fields.swatch, 0x00FF00U);
     Enter(form, "Grid1");
     QTest::keyClicks(form.focusWidget(), "new");
     EXPECT_EQ(form.fields.rows, (GridRows{{"new", "1"}, {"b", "2"}}));
@@ -135,6 +142,8 @@ TEST_F(FieldForms, KeepTheirFieldsUpToDateWithWhatCodeSets) {
     EXPECT_EQ(form.fields.width, "7");
     Get<QRadioButton>(form, "optSmall").setChecked(true);
     EXPECT_EQ(form.fields.size, Size::Small);
+    Get<ColorSwatch>(form, "lblSwatch").SetColor(7);
+    EXPECT_EQ(form.fields.swatch, 7U);
     Get<QTableWidget>(form, "Grid1").item(1, 1)->setText("9");
     EXPECT_EQ(form.fields.rows, (GridRows{{"a", "1"}, {"b", "9"}}));
 }
@@ -147,6 +156,7 @@ TEST_F(FieldForms, ShowWhatCodeHasPutIntoTheirFields) {
                              .file = "f",
                              .more = false,
                              .size = Size::Small,
+                             .swatch = 3,
                              .rows = {{"x", "y"}},
                              .entries = {}};
     form.fields = other;
@@ -157,6 +167,7 @@ TEST_F(FieldForms, ShowWhatCodeHasPutIntoTheirFields) {
     }
     EXPECT_FALSE(Get<QCheckBox>(form, "chkMore").isChecked());
     EXPECT_TRUE(Get<QRadioButton>(form, "optSmall").isChecked());
+    EXPECT_EQ(Get<ColorSwatch>(form, "lblSwatch").Color(), 3U);
     EXPECT_EQ(Get<QTableWidget>(form, "Grid1").rowCount(), 1);
     EXPECT_EQ(Get<QListWidget>(form, "List1").count(), 0);
     EXPECT_EQ(form.fields.size, Size::Small);
@@ -216,9 +227,9 @@ TEST_F(FieldForms, HideAPartBeforeTheyShow) {
 
 TEST_F(FieldForms, FollowInTheOrderOfTheirLines) {
     const SampleForm form(bench);
-    const QStringList order{"txtName",  "cboWidth",  "cboColor", "cmdColor", "txtFile",  "cmdFile", "chkMore",
-                            "optSmall", "optLarge",  "Grid1",    "cmdPlus",  "cmdMinus", "List1",   "txtEntry",
-                            "cmdAdd",   "cmdRemove", "cmdPress", "cmdOK",    "cmdCancel"};
+    const QStringList order{"txtName",  "cboWidth", "cboColor",  "cmdColor", "txtFile", "cmdFile",  "chkMore",
+                            "optSmall", "optLarge", "lblSwatch", "Grid1",    "cmdPlus", "cmdMinus", "List1",
+                            "txtEntry", "cmdAdd",   "cmdRemove", "cmdPress", "cmdOK",   "cmdCancel"};
     QStringList chain;
     const QWidget* widget = &form;
     do {
@@ -234,7 +245,8 @@ TEST_F(FieldForms, EveryFieldIsNamedForAScreenReader) {
     for (const QLabel* label : form.findChildren<QLabel*>()) {
         if (label->buddy()) named << label->buddy()->objectName();
     }
-    EXPECT_EQ(named, (QStringList{"txtName", "cboWidth", "cboColor", "txtFile", "cmdPlus", "List1", "txtEntry"}));
+    EXPECT_EQ(named,
+              (QStringList{"txtName", "cboWidth", "cboColor", "txtFile", "lblSwatch", "cmdPlus", "List1", "txtEntry"}));
     EXPECT_EQ(Get<QPushButton>(form, "cmdColor").accessibleName(), "Set Color, Text Color");
     EXPECT_EQ(Get<QPushButton>(form, "cmdFile").accessibleName(), "Find, File");
 }
