@@ -4,6 +4,7 @@
 #include "help/frm_about.h"
 #include "shell/frm_settings.h"
 #include "shell/start.h"
+#include "tests/contact_sheet/kit_sample.h"
 #include "tools/frames/form_wizard.h"
 #include "tools/frames/frame_grid.h"
 #include "tools/frames/frame_page.h"
@@ -118,6 +119,7 @@ const std::vector<Form>& Forms() {
         {"frmParam", Make<frmParam>},
         {"ASP", Make<ASP>},
         {"frmGraphics", Make<frmGraphics>},
+        {"KitSample", Make<KitSample>},
         {"propform", MakeProperties},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},
     };
