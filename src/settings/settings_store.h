@@ -9,7 +9,8 @@
 
 namespace vellum {
 
-// All three parts of an address compare without case; stored spelling is that of the first write.
+// The three parts of an address may be any texts and compare without case; they stay spelled as they were written
+// first.
 //
 // A file that can't be understood is kept aside as settings.json.damaged, with a warning, and the store starts empty.
 //
@@ -19,7 +20,7 @@ namespace vellum {
 class SettingsStore : public QObject {
     Q_OBJECT
 public:
-    explicit SettingsStore(QString path, QObject* parent = nullptr);
+    explicit SettingsStore(const QString& path, QObject* parent = nullptr);
     ~SettingsStore() override;
 
     // $XDG_CONFIG_HOME/vellumcraft/settings.json
