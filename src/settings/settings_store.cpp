@@ -169,6 +169,7 @@ struct SettingsStore::Private {
     FileIdentity identity;        // of the file that `tree` was last taken from
     std::vector<Change> pending;  // what this process has changed since the file was last written, in that order
     int batches = 0;
+    bool othersChanged = false;
     bool failureTold = false;
     QFileSystemWatcher watcher;
 
@@ -177,7 +178,8 @@ struct SettingsStore::Private {
     bool TakeOver(bool setDamagedAside);
     void TakeOverIfChanged();
     void Do(Change change);
-    bool FlushUnlessBatched() { return batches > 0 || Flush(); }
+    bool Finish();
+    void Tell();
     bool Flush();
     bool FlushLocked();
 };
@@ -188,10 +190,12 @@ void SettingsStore::Private::Start() {
         const FileDescriptor lock = TakeLock(path);
         if (!lock.IsOpen() || !TakeOver(true)) qWarning("The settings file %s can't be read.", path.constData());
     }
+    othersChanged = false;
     Watch();
     const auto follow = [this] {
         TakeOverIfChanged();
         Watch();
+        Tell();
     };
     connect(&watcher, &QFileSystemWatcher::fileChanged, &store, follow);
     connect(&watcher, &QFileSystemWatcher::directoryChanged, &store, follow);
@@ -222,6 +226,7 @@ bool SettingsStore::Private::TakeOver(bool setDamagedAside) {
         return true;
     }
     for (const Change& change : pending) change(*fresh);
+    othersChanged = othersChanged || *fresh != tree;
     tree = std::move(*fresh);
     identity = found;
     return true;
@@ -234,6 +239,17 @@ void SettingsStore::Private::TakeOverIfChanged() {
 void SettingsStore::Private::Do(Change change) {
     change(tree);
     pending.push_back(std::move(change));
+}
+
+bool SettingsStore::Private::Finish() {
+    const bool stored = batches > 0 || Flush();
+    Tell();
+    return stored;
+}
+
+// Called without the lock, for who listens may write in turn.
+void SettingsStore::Private::Tell() {
+    if (batches == 0 && std::exchange(othersChanged, false)) emit store.Changed();
 }
 
 bool SettingsStore::Private::Flush() {
@@ -288,14 +304,14 @@ bool SettingsStore::Write(QStringView application, QStringView section, QStringV
         d_->Do([application = application.toString(), section = section.toString(), key = key.toString(),
                 value](Tree& tree) { tree[application][section][key] = value; });
     }
-    return d_->FlushUnlessBatched();
+    return d_->Finish();
 }
 
 bool SettingsStore::DeleteApplication(QStringView application) {
     d_->TakeOverIfChanged();
     const bool found = d_->tree.contains(application);
     if (found) d_->Do([application = application.toString()](Tree& tree) { tree.erase(application); });
-    return d_->FlushUnlessBatched() && found;
+    return d_->Finish() && found;
 }
 
 bool SettingsStore::DeleteSection(QStringView application, QStringView section) {
@@ -307,7 +323,7 @@ bool SettingsStore::DeleteSection(QStringView application, QStringView section) 
             tree[application].erase(section);
         });
     }
-    return d_->FlushUnlessBatched() && found;
+    return d_->Finish() && found;
 }
 
 SettingsStore::Batch::Batch(SettingsStore& store) : store_(store) {
@@ -315,7 +331,7 @@ SettingsStore::Batch::Batch(SettingsStore& store) : store_(store) {
 }
 
 SettingsStore::Batch::~Batch() {
-    if (--store_.d_->batches == 0) store_.d_->Flush();
+    if (--store_.d_->batches == 0) store_.d_->Finish();
 }
 
 }  // namespace vellum

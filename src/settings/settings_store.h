@@ -51,6 +51,10 @@ public:
         SettingsStore& store_;
     };
 
+signals:
+    // Another instance has changed values, and they are taken over. Within a batch it is told at the end.
+    void Changed();
+
 private:
     struct Private;
     std::unique_ptr<Private> d_;

@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -339,6 +340,64 @@ TEST_F(SettingsStoreTest, ReadsSeeWhatAnotherInstanceWrote) {
         first.Write(u"A", u"S", u"k", value);
         EXPECT_TRUE(QTest::qWaitFor([&] { return second.Read(u"A", u"S", u"k") == value; })) << value;
     }
+}
+
+TEST_F(SettingsStoreTest, WhatAnotherInstanceChangedIsToldAndItsOwnWritesAreNot) {
+    SettingsStore first(path);
+    SettingsStore second(path);
+    QStringList told;
+    QObject::connect(&second, &SettingsStore::Changed, &second, [&] { told << second.Read(u"A", u"S", u"k"); });
+    second.Write(u"A", u"S", u"k", "own");
+    second.DeleteSection(u"A", u"S");
+    second.Write(u"A", u"S", u"k", "own again");
+    for (const char* value : {"2", "3"}) {
+        first.Write(u"A", u"S", u"k", value);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return told.contains(value); })) << value;
+    }
+    first.DeleteSection(u"A", u"S");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told.contains(""); }));
+    EXPECT_EQ(told, QStringList({"2", "3", ""}));
+}
+
+TEST_F(SettingsStoreTest, AFileWrittenAnewWithTheSameValuesIsNoChange) {
+    SettingsStore first(path);
+    first.Write(u"A", u"S", u"k", "1");
+    SettingsStore second(path);
+    const QSignalSpy told(&second, &SettingsStore::Changed);
+    WriteBytes(path, R"({"A": {"S": {"k": "1"}}})");
+    second.Write(u"A", u"S", u"l", "2");
+    EXPECT_EQ(told.count(), 0);
+    WriteBytes(path, R"({"A": {"S": {"k": "3"}}})");
+    second.Write(u"A", u"S", u"l", "4");
+    EXPECT_EQ(told.count(), 1);
+}
+
+TEST_F(SettingsStoreTest, AWriteThatFindsAnothersChangeTellsItOnceItIsDone) {
+    SettingsStore first(path);
+    SettingsStore second(path);
+    QStringList told;
+    QObject::connect(&second, &SettingsStore::Changed, &second, [&] {
+        told << second.Read(u"A", u"S", u"theirs") + OnDisk("A", "S", "mine");
+        EXPECT_TRUE(second.Write(u"A", u"S", u"answer", "3"));  // the lock is free again
+    });
+    first.Write(u"A", u"S", u"theirs", "1");
+    second.Write(u"A", u"S", u"mine", "2");
+    EXPECT_EQ(told, QStringList{"12"});
+    EXPECT_EQ(OnDisk("A", "S", "answer"), "3");
+}
+
+TEST_F(SettingsStoreTest, ABatchTellsOthersChangesAtItsEnd) {
+    SettingsStore first(path);
+    SettingsStore second(path);
+    const QSignalSpy told(&second, &SettingsStore::Changed);
+    {
+        const SettingsStore::Batch batch(second);
+        first.Write(u"A", u"S", u"theirs", "1");
+        second.Write(u"A", u"S", u"mine", "2");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return second.Read(u"A", u"S", u"theirs") == "1"; }));
+        EXPECT_EQ(told.count(), 0);
+    }
+    EXPECT_EQ(told.count(), 1);
 }
 
 TEST_F(SettingsStoreTest, ADamagedFileIsKeptAsideAndTheStoreStartsEmpty) {
