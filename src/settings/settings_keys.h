@@ -2,12 +2,10 @@
 #pragma once
 
 #include "settings/settings_store.h"
-#include "values/units.h"
 
 #include <QStringList>
 
 #include <optional>
-#include <span>
 
 namespace vellum {
 
@@ -15,6 +13,8 @@ inline constexpr QStringView preferencesApplication = u"Vellumcraft";
 inline constexpr QStringView stateApplication = u"VellumState";
 inline constexpr QStringView organizerApplication = u"Orrinade Organizer";
 
+// A family of numbered entries is one of these, too: an entry's key is `key` with the entry's number (from 0) after it,
+// and a "%1" in the default stands for the number counted from 1.
 struct SettingKey {
     QStringView application;
     QStringView section;
@@ -23,108 +23,117 @@ struct SettingKey {
 };
 
 namespace keys {
-// Numbered families (fonts, recent files, custom entries) have one constant whose key is empty; NumberedKey fills it.
-#define VELLUM_KEY(name) extern const SettingKey name
-VELLUM_KEY(fontSize);  // Settings
-VELLUM_KEY(fontName);
-VELLUM_KEY(refreshRate);
-VELLUM_KEY(wordWrap);
-VELLUM_KEY(verticalMain);
-VELLUM_KEY(editPercent);
-VELLUM_KEY(autoTab);
-VELLUM_KEY(popupTag);
-VELLUM_KEY(browser1);
-VELLUM_KEY(browser2);
-VELLUM_KEY(browser3);
-VELLUM_KEY(lowerCase);
-VELLUM_KEY(tablesColor);  // Colors
-VELLUM_KEY(framesColor);
-VELLUM_KEY(linksColor);
-VELLUM_KEY(commentsColor);
-VELLUM_KEY(otherColor);
-VELLUM_KEY(aspColor);
-VELLUM_KEY(aspBold);
-VELLUM_KEY(colorOnOff);
-VELLUM_KEY(foreColor);
-VELLUM_KEY(backColor);
-VELLUM_KEY(autoQuote);  // XML
-VELLUM_KEY(autoEmptySlash);
-VELLUM_KEY(autoCase);
-VELLUM_KEY(graphicsCount);  // Graphics
-VELLUM_KEY(graphicsEntry);
-VELLUM_KEY(docTypesCount);  // DocTypes
-VELLUM_KEY(docTypesEntry);
-VELLUM_KEY(customTagsCount);  // CustomTags
-VELLUM_KEY(customTagsEntry);
-VELLUM_KEY(customText);  // Custom "10" to "15"; the captions "00" to "05" have CustomCaptionFallback
-VELLUM_KEY(dtdXhtml);    // DTD
-VELLUM_KEY(dtdSmil);
-VELLUM_KEY(dtdSvg);
-VELLUM_KEY(dtdOpen);
-VELLUM_KEY(dtdWml);
-VELLUM_KEY(dtdX3d);
-VELLUM_KEY(dtdMath);
-VELLUM_KEY(drive);  // Direct; the first three default to the program's own directory
-VELLUM_KEY(director);
-VELLUM_KEY(filePath);
-VELLUM_KEY(ftpUrl);
-VELLUM_KEY(ftpUserName);
-VELLUM_KEY(ftpPassword);
-VELLUM_KEY(showStart);    // Startup
-VELLUM_KEY(optionsCode);  // Options
-VELLUM_KEY(optionsHeight);
-VELLUM_KEY(optionsWidth);
-VELLUM_KEY(optionsInclCode);
-VELLUM_KEY(optionsTagCase);
-VELLUM_KEY(optionsLines);
-VELLUM_KEY(optionsObj);
-VELLUM_KEY(optionsTagClassID);
-VELLUM_KEY(windowState);  // Previous
-VELLUM_KEY(windowTop);
-VELLUM_KEY(windowLeft);
-VELLUM_KEY(windowWidth);
-VELLUM_KEY(windowHeight);
-VELLUM_KEY(picture1);
-VELLUM_KEY(picture11);
-VELLUM_KEY(picture14);
-VELLUM_KEY(picture15);
-VELLUM_KEY(pic11Height);
-VELLUM_KEY(fontsNumber);  // Fonts
-VELLUM_KEY(fontsEntry);
-VELLUM_KEY(recentFile);  // RecentFiles
-VELLUM_KEY(useIE);       // Extras
-VELLUM_KEY(regAdded);
-VELLUM_KEY(organizerNumber);  // Orrinade Organizer
-VELLUM_KEY(organizerEntry);
-VELLUM_KEY(phoneNumber);
-VELLUM_KEY(phoneEntry);
-VELLUM_KEY(urlCount);
-VELLUM_KEY(urlEntry);
-#undef VELLUM_KEY
-}  // namespace keys
 
-// Every key above, for tests and for the documentation of the store.
-[[nodiscard]] std::span<const SettingKey* const> AllSettingKeys();
+inline constexpr SettingKey fontSize{preferencesApplication, u"Settings", u"Fontsize", u"8.5"};
+inline constexpr SettingKey fontName{preferencesApplication, u"Settings", u"Fontname", u"Courier New"};
+inline constexpr SettingKey refreshRate{preferencesApplication, u"Settings", u"RefreshRate", u"7"};
+inline constexpr SettingKey wordWrap{preferencesApplication, u"Settings", u"WordWrap", u"0"};
+inline constexpr SettingKey verticalMain{preferencesApplication, u"Settings", u"VerticalMain", u"True"};
+inline constexpr SettingKey editPercent{preferencesApplication, u"Settings", u"EditPercent", u"50"};
+inline constexpr SettingKey autoTab{preferencesApplication, u"Settings", u"AutoTab", u"1"};
+inline constexpr SettingKey popupTag{preferencesApplication, u"Settings", u"PopupTag", u"1"};
+inline constexpr SettingKey browser1{preferencesApplication, u"Settings", u"Browser1", u"None"};
+inline constexpr SettingKey browser2{preferencesApplication, u"Settings", u"Browser2", u"None"};
+inline constexpr SettingKey browser3{preferencesApplication, u"Settings", u"Browser3", u"None"};
+inline constexpr SettingKey lowerCase{preferencesApplication, u"Settings", u"LowerCase", u"False"};
+
+inline constexpr SettingKey tablesColor{preferencesApplication, u"Colors", u"Tables", u"8388736"};
+inline constexpr SettingKey framesColor{preferencesApplication, u"Colors", u"Frames", u"192"};
+inline constexpr SettingKey linksColor{preferencesApplication, u"Colors", u"Links", u"8388608"};
+inline constexpr SettingKey commentsColor{preferencesApplication, u"Colors", u"Comments", u"8421504"};
+inline constexpr SettingKey otherColor{preferencesApplication, u"Colors", u"Other", u"32768"};
+inline constexpr SettingKey aspColor{preferencesApplication, u"Colors", u"ASP", u"6776628"};
+inline constexpr SettingKey aspBold{preferencesApplication, u"Colors", u"ASP-Bold", u"1"};
+inline constexpr SettingKey colorOnOff{preferencesApplication, u"Colors", u"OnOff", u"False"};
+inline constexpr SettingKey foreColor{preferencesApplication, u"Colors", u"ForeColor", u"0"};
+inline constexpr SettingKey backColor{preferencesApplication, u"Colors", u"BackColor", u"16777215"};
+
+inline constexpr SettingKey autoQuote{preferencesApplication, u"XML", u"AutoQuote", u"0"};
+inline constexpr SettingKey autoEmptySlash{preferencesApplication, u"XML", u"AutoEmptySlash", u"1"};
+inline constexpr SettingKey autoCase{preferencesApplication, u"XML", u"AutoCase", u"1"};
+
+inline constexpr SettingKey graphicsCount{preferencesApplication, u"Graphics", u"Count", u"-1"};
+inline constexpr SettingKey graphicsEntry{preferencesApplication, u"Graphics", u"", u"-1"};
+
+inline constexpr SettingKey docTypesCount{preferencesApplication, u"DocTypes", u"Count", u"-1"};
+inline constexpr SettingKey docTypesEntry{preferencesApplication, u"DocTypes", u"", u"-1"};
+
+inline constexpr SettingKey customTagsCount{preferencesApplication, u"CustomTags", u"Count", u"-1"};
+inline constexpr SettingKey customTagsEntry{preferencesApplication, u"CustomTags", u"", u"-1"};
+
+inline constexpr SettingKey customCaption{preferencesApplication, u"Custom", u"0", u"Custom%1"};
+inline constexpr SettingKey customText{preferencesApplication, u"Custom", u"1", u""};
+
+inline constexpr SettingKey dtdXhtml{preferencesApplication, u"DTD", u"XHTML", u"0"};
+inline constexpr SettingKey dtdSmil{preferencesApplication, u"DTD", u"Smil", u"1"};
+inline constexpr SettingKey dtdSvg{preferencesApplication, u"DTD", u"Svg", u"0"};
+inline constexpr SettingKey dtdOpen{preferencesApplication, u"DTD", u"Open", u"1"};
+inline constexpr SettingKey dtdWml{preferencesApplication, u"DTD", u"WML", u"0"};
+inline constexpr SettingKey dtdX3d{preferencesApplication, u"DTD", u"X3D", u"0"};
+inline constexpr SettingKey dtdMath{preferencesApplication, u"DTD", u"Math", u""};
+
+// Until they are written, the program's own directory stands for the first three.
+inline constexpr SettingKey drive{preferencesApplication, u"Direct", u"Drive", u""};
+inline constexpr SettingKey director{preferencesApplication, u"Direct", u"Director", u""};
+inline constexpr SettingKey filePath{preferencesApplication, u"Direct", u"FilePath", u""};
+inline constexpr SettingKey ftpUrl{preferencesApplication, u"Direct", u"FTPURL", u""};
+inline constexpr SettingKey ftpUserName{preferencesApplication, u"Direct", u"FTPUserName", u""};
+inline constexpr SettingKey ftpPassword{preferencesApplication, u"Direct", u"FTPPassword", u""};
+
+inline constexpr SettingKey showStart{preferencesApplication, u"Startup", u"ShowStart", u"yes"};
+
+inline constexpr SettingKey optionsCode{preferencesApplication, u"Options", u"Code", u"http://"};
+inline constexpr SettingKey optionsHeight{preferencesApplication, u"Options", u"Height", u"30"};
+inline constexpr SettingKey optionsWidth{preferencesApplication, u"Options", u"Width", u"80"};
+inline constexpr SettingKey optionsInclCode{preferencesApplication, u"Options", u"InclCode", u"0"};
+inline constexpr SettingKey optionsTagCase{preferencesApplication, u"Options", u"TagCase", u"0"};
+inline constexpr SettingKey optionsLines{preferencesApplication, u"Options", u"Lines", u"True"};
+inline constexpr SettingKey optionsObj{preferencesApplication, u"Options", u"Obj", u"True"};
+inline constexpr SettingKey optionsTagClassID{preferencesApplication, u"Options", u"TagClassID", u"True"};
+
+inline constexpr SettingKey windowState{stateApplication, u"Previous", u"WindowState", u"2"};
+inline constexpr SettingKey windowTop{stateApplication, u"Previous", u"Top", u"50"};
+inline constexpr SettingKey windowLeft{stateApplication, u"Previous", u"Left", u"50"};
+inline constexpr SettingKey windowWidth{stateApplication, u"Previous", u"Width", u"600"};
+inline constexpr SettingKey windowHeight{stateApplication, u"Previous", u"Height", u"400"};
+inline constexpr SettingKey picture1{stateApplication, u"Previous", u"Picture1", u"True"};
+inline constexpr SettingKey picture11{stateApplication, u"Previous", u"Picture11", u"True"};
+inline constexpr SettingKey picture14{stateApplication, u"Previous", u"Picture14", u"True"};
+inline constexpr SettingKey picture15{stateApplication, u"Previous", u"Picture15", u"True"};
+inline constexpr SettingKey pic11Height{stateApplication, u"Previous", u"Pic11Height", u"2600"};
+
+inline constexpr SettingKey fontsNumber{stateApplication, u"Fonts", u"Number", u"-1"};
+inline constexpr SettingKey fontsEntry{stateApplication, u"Fonts", u"", u""};
+
+inline constexpr SettingKey recentFile{stateApplication, u"RecentFiles", u"", u""};
+
+inline constexpr SettingKey useIE{stateApplication, u"Extras", u"UseIE", u""};
+inline constexpr SettingKey regAdded{stateApplication, u"Extras", u"RegAdded", u"False"};
+
+inline constexpr SettingKey organizerNumber{organizerApplication, u"Data", u"Number", u"1"};
+inline constexpr SettingKey organizerEntry{organizerApplication, u"Data", u"", u""};
+
+inline constexpr SettingKey phoneNumber{organizerApplication, u"Phone", u"Number", u"0"};
+inline constexpr SettingKey phoneEntry{organizerApplication, u"Phone", u"", u""};
+
+inline constexpr SettingKey urlCount{organizerApplication, u"URL", u"URLS", u"0"};
+inline constexpr SettingKey urlEntry{organizerApplication, u"URL", u"", u""};
+
+}  // namespace keys
 
 [[nodiscard]] QString ReadSetting(const SettingsStore& store, const SettingKey& key);
 bool WriteSetting(SettingsStore& store, const SettingKey& key, const QString& value);
 
-// The same for entry `index` (from 0) of a numbered family.
+// The same for entry `index` (from 0) of a family.
 [[nodiscard]] QString ReadSetting(const SettingsStore& store, const SettingKey& family, int index);
 bool WriteSetting(SettingsStore& store, const SettingKey& family, int index, const QString& value);
 
-// The entries of a numbered family by its count; nothing when there is no list: a count of -1, or one that is past all
-// sense (32767).
+// The entries of a family by its count; nothing when there is no list: a count of -1, or one past all sense (more than
+// 32767).
 [[nodiscard]] std::optional<QStringList> ReadListSetting(const SettingsStore& store, const SettingKey& count,
                                                          const SettingKey& family);
 
 // The value as a number, by the leading-number rule.
 [[nodiscard]] double ReadNumberSetting(const SettingsStore& store, const SettingKey& key);
-
-// Captions of the custom buttons: key "0" + row, default "Custom" + (row + 1). Texts: key "1" + row. Row is 0 to 5.
-[[nodiscard]] QString ReadCustomCaption(const SettingsStore& store, int row);
-bool WriteCustomCaption(SettingsStore& store, int row, const QString& caption);
-[[nodiscard]] QString ReadCustomText(const SettingsStore& store, int row);
-bool WriteCustomText(SettingsStore& store, int row, const QString& text);
 
 }  // namespace vellum

@@ -92,9 +92,9 @@ void ApplyLists(const SettingsFields& fields, SettingsStore& store, SettingsTarg
     WriteList(store, keys::docTypesCount, keys::docTypesEntry, fields.documentTypes);
     target.SetDocumentTypes(fields.documentTypes);
     for (int row = 0; row < customButtonCount; ++row) {
-        WriteCustomCaption(store, row, fields.customCaptions[row]);
+        WriteSetting(store, keys::customCaption, row, fields.customCaptions[row]);
         target.SetCustomCaption(row, fields.customCaptions[row]);
-        WriteCustomText(store, row, fields.customTexts[row]);
+        WriteSetting(store, keys::customText, row, fields.customTexts[row]);
     }
     WriteList(store, keys::customTagsCount, keys::customTagsEntry, fields.customTags);
 }
@@ -103,8 +103,8 @@ void LoadLists(SettingsFields& fields, const SettingsStore& store, const Workben
     fields.documentTypes = workbench.DocumentTypes();
     fields.imageTypes = workbench.ImageTypes();
     for (int row = 0; row < customButtonCount; ++row) {
-        fields.customCaptions[row] = ReadCustomCaption(store, row);
-        fields.customTexts[row] = ReadCustomText(store, row);
+        fields.customCaptions[row] = ReadSetting(store, keys::customCaption, row);
+        fields.customTexts[row] = ReadSetting(store, keys::customText, row);
     }
     fields.customTags = ReadListSetting(store, keys::customTagsCount, keys::customTagsEntry).value_or(QStringList());
 }

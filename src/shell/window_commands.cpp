@@ -66,7 +66,7 @@ void InsertOtherColor(MDIform1& window) {
 void RunCustomBar(MDIform1& window, int tab) {
     if (tab == 1) {
         ShowSettings(window);
-    } else if (QString text = ReadCustomText(window.Settings(), tab - 2); !text.isEmpty()) {
+    } else if (QString text = ReadSetting(window.Settings(), keys::customText, tab - 2); !text.isEmpty()) {
         window.PortableColor(text);
     }
     window.TabStrip2->update();

@@ -150,7 +150,7 @@ TEST_F(CommandSurfacesTest, CtrlTabWithOneDocumentOrNoneDoesNothing) {
 }
 
 TEST_F(CommandSurfacesTest, AnEmptyCustomButtonWritesNothing) {
-    WriteCustomText(settings, 1, "<hr />");
+    WriteSetting(settings, keys::customText, 1, "<hr />");
     Open();
     EditSurface& surface = *Active().Text1;
     surface.SetText("ab");
@@ -167,7 +167,7 @@ TEST_F(CommandSurfacesTest, AnEmptyCustomButtonWritesNothing) {
 }
 
 TEST_F(CommandSurfacesTest, ACustomButtonShowsItsCaptionAsItWasTyped) {
-    WriteCustomCaption(settings, 0, "&nbsp;");
+    WriteSetting(settings, keys::customCaption, 0, "&nbsp;");
     Open();
     EXPECT_EQ(window->TabStrip2->Caption(2), "&nbsp;");
     EXPECT_EQ(window->TabStrip2->tabText(1), "&&nbsp;") << "what a tab strip shows as one ampersand";

@@ -286,7 +286,7 @@ TEST_F(FrmSettingsTest, ShowsTheSettings) {
     WriteSetting(bench.store, keys::browser2, "firefox");
     WriteSetting(bench.store, keys::customTagsCount, "1");
     WriteSetting(bench.store, keys::customTagsEntry, 0, "<hr />");
-    WriteCustomText(bench.store, 4, "<b>");
+    WriteSetting(bench.store, keys::customText, 4, "<b>");
     bench.ReadOptions();
     Open();
     EXPECT_EQ(Get<QComboBox>("Combo1")->currentText(), "8.5");
@@ -408,19 +408,19 @@ TEST_F(FrmSettingsTest, CellsAreEditedThroughTheLine) {
     QTest::keyClick(Get<QTableWidget>("Grid1"), Qt::Key_Left);
     EXPECT_EQ(Get<QLineEdit>("Text3")->text(), "Custom2");
     Click(Get<QPushButton>("cmdOK"));
-    EXPECT_EQ(ReadCustomCaption(bench.store, 2), "Note");
-    EXPECT_EQ(ReadCustomText(bench.store, 2), "<p class=\"note\">");
-    EXPECT_EQ(ReadCustomText(bench.store, 1), "");
+    EXPECT_EQ(ReadSetting(bench.store, keys::customCaption, 2), "Note");
+    EXPECT_EQ(ReadSetting(bench.store, keys::customText, 2), "<p class=\"note\">");
+    EXPECT_EQ(ReadSetting(bench.store, keys::customText, 1), "");
 }
 
 TEST_F(FrmSettingsTest, ALineEndInACellSurvivesTheVisit) {
-    WriteCustomText(bench.store, 0, "<ul>\r\n</ul>");
+    WriteSetting(bench.store, keys::customText, 0, "<ul>\r\n</ul>");
     Open();
     ClickTab(3);
     ClickCell(0, 1);
     ClickCell(1, 1);
     Click(Get<QPushButton>("cmdOK"));
-    EXPECT_EQ(ReadCustomText(bench.store, 0), "<ul>\r\n</ul>");
+    EXPECT_EQ(ReadSetting(bench.store, keys::customText, 0), "<ul>\r\n</ul>");
 }
 
 TEST_F(FrmSettingsTest, SwatchesTakeTheChosenColor) {

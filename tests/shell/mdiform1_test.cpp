@@ -60,7 +60,7 @@ TEST_F(MainWindowTest, TakesStoredValues) {
     WriteSetting(settings, keys::graphicsEntry, 0, ".svg");
     WriteSetting(settings, keys::docTypesCount, "1");
     WriteSetting(settings, keys::docTypesEntry, 0, ".md");
-    WriteCustomCaption(settings, 5, "Sixth");
+    WriteSetting(settings, keys::customCaption, 5, "Sixth");
     WriteSetting(settings, keys::wordWrap, "1");
     Open();
     EXPECT_EQ(window->Options()->TablesColor, 255U);

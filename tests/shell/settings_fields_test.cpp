@@ -1,6 +1,7 @@
 #include "shell/settings_fields.h"
 
 #include "tests/shell/settings_bench.h"
+#include "tests/support/setting_rows.h"
 
 #include <QFileInfo>
 
@@ -182,9 +183,9 @@ TEST_F(SettingsFieldsTest, EveryFieldIsWritten) {
     fields.customTags = QStringList{"<hr />"};
     Apply(fields);
     QStringList unwritten;
-    for (const SettingKey* key : AllSettingKeys()) {
-        if (key->application != preferencesApplication || key->key.isEmpty()) continue;
-        if (bench.Stored(*key) == "(none)") unwritten << key->section.toString() + '/' + key->key.toString();
+    for (const test::SettingRow& row : test::singleSettings) {
+        if (row.application != preferencesApplication || bench.Stored(row.constant) != "(none)") continue;
+        unwritten << row.section.toString() + '/' + row.key.toString();
     }
     EXPECT_EQ(unwritten,
               QStringList({"Settings/LowerCase", "Direct/Drive", "Direct/Director", "Direct/FilePath",
@@ -270,15 +271,15 @@ TEST_F(SettingsFieldsTest, ChecksAreReadAsTruth) {
 }
 
 TEST_F(SettingsFieldsTest, PurgeTakesThePreferencesAndNothingElse) {
-    for (const SettingKey* key : AllSettingKeys()) WriteSetting(bench.store, *key, "kept");
+    for (const test::SettingRow& row : test::singleSettings) WriteSetting(bench.store, row.constant, "kept");
     EditorOptions options = bench.Options().Now();
     options.EditorFontName = "Times";
     bench.Options().Set(options);
     bench.events.clear();
     PurgeSettings(bench, bench);
-    for (const SettingKey* key : AllSettingKeys()) {
-        const bool kept = key->application != preferencesApplication;
-        EXPECT_EQ(bench.Stored(*key), kept ? "kept" : "(none)") << key->key.toString().toStdString();
+    for (const test::SettingRow& row : test::singleSettings) {
+        const bool kept = row.application != preferencesApplication;
+        EXPECT_EQ(bench.Stored(row.constant), kept ? "kept" : "(none)") << row.key.toString().toStdString();
     }
     EXPECT_EQ(bench.events, QStringList({"ApplyEditorFont Times 8.5"}));
 }
