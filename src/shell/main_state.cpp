@@ -109,7 +109,8 @@ void RestoreState(MainRegions& window, RecentFileList& recent, const SettingsSto
     RestorePlace(window, settings);
     RestoreList(settings, keys::graphicsCount, keys::graphicsEntry, *window.List4);
     RestoreList(settings, keys::docTypesCount, keys::docTypesEntry, *window.lstDocTypes);
-    for (int row = 0; row < 6; ++row) window.TabStrip2->SetCaption(row + 2, ReadSetting(settings, keys::customCaption, row));
+    for (int row = 0; row < 6; ++row)
+        window.TabStrip2->SetCaption(row + 2, ReadSetting(settings, keys::customCaption, row));
     RestoreView(window, settings);
     for (int slot = 0; slot < RecentFileList::slotCount; ++slot) {
         recent.SetSlot(slot, ReadSetting(settings, keys::recentFile, slot));

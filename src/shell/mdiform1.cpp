@@ -105,6 +105,7 @@ void MDIform1::WireRegions() {
     connect(&documents, &OpenDocuments::Made, this, &MDIform1::WireDocument);
     connect(&documents, &OpenDocuments::CountChanged, this, &MDIform1::TellDocumentCount);
     connect(&Options(), &SharedOptions::Changed, this, &MDIform1::FollowOptions);
+    connect(&settings_, &SettingsStore::Changed, this, [this] { Options().Set(ReadEditorOptions(settings_)); });
     connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
     Picture11->TreeView1->Show(references_, *this);

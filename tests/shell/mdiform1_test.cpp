@@ -72,6 +72,14 @@ TEST_F(MainWindowTest, TakesStoredValues) {
     EXPECT_TRUE(window->findChild<QAction*>("mnuWrapItem")->isChecked());
 }
 
+TEST_F(MainWindowTest, TakesTheOptionsThatAnotherRunningProgramHasStored) {
+    Open();
+    ASSERT_TRUE(window->Options()->autoTab);
+    SettingsStore other(home.filePath("settings.json"));
+    WriteSetting(other, keys::autoTab, "0");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->Options()->autoTab; }));
+}
+
 TEST_F(MainWindowTest, StoresTheFontNames) {
     Open();
     EXPECT_EQ(Items(*window->List6), (QStringList{"Alpha", "Beta"}));
