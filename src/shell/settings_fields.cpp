@@ -10,9 +10,27 @@
 namespace vellum {
 namespace {
 
+using F = SettingsFields;
+
 constexpr const SettingKey* tagColorKeys[tagColorCount] = {&keys::tablesColor,   &keys::framesColor, &keys::linksColor,
                                                            &keys::commentsColor, &keys::aspColor,    &keys::otherColor};
 constexpr const SettingKey* browserKeys[externalBrowserCount] = {&keys::browser1, &keys::browser2, &keys::browser3};
+
+// The checks that the editor's options mirror.
+constexpr std::pair<bool F::*, const SettingKey*> optionChecks[] = {
+    {&F::colorCodingOff, &keys::colorOnOff}, {&F::aspBold, &keys::aspBold},
+    {&F::wordWrap, &keys::wordWrap},         {&F::autoTab, &keys::autoTab},
+    {&F::popupTag, &keys::popupTag},         {&F::autoQuote, &keys::autoQuote},
+    {&F::autoCase, &keys::autoCase},         {&F::autoEmptySlash, &keys::autoEmptySlash}};
+constexpr std::pair<bool F::*, const SettingKey*> definitionChecks[] = {{&F::dtdSmil, &keys::dtdSmil},
+                                                                        {&F::dtdSvg, &keys::dtdSvg},
+                                                                        {&F::dtdOpen, &keys::dtdOpen},
+                                                                        {&F::dtdWml, &keys::dtdWml},
+                                                                        {&F::dtdX3d, &keys::dtdX3d}};
+constexpr std::pair<QString F::*, const SettingKey*> texts[] = {{&F::ftpUrl, &keys::ftpUrl},
+                                                                {&F::ftpUserName, &keys::ftpUserName},
+                                                                {&F::ftpPassword, &keys::ftpPassword},
+                                                                {&F::editPercent, &keys::editPercent}};
 
 bool ReadTruth(const SettingsStore& store, const SettingKey& key) {
     return TruthValue(ReadSetting(store, key));
@@ -37,46 +55,20 @@ void WriteList(SettingsStore& store, const SettingKey& count, const SettingKey& 
     for (int i = 0; i < list.size(); ++i) WriteSetting(store, entry, i, list.at(i));
 }
 
-void WriteColors(const SettingsFields& fields, SettingsStore& store) {
-    WriteCheck(store, keys::colorOnOff, fields.colorCodingOff);
+void WriteValues(const SettingsFields& fields, SettingsStore& store) {
+    for (const auto& [field, key] : optionChecks) WriteCheck(store, *key, fields.*field);
+    for (const auto& [field, key] : definitionChecks) WriteCheck(store, *key, fields.*field);
+    WriteCheck(store, keys::dtdMath, fields.dtdMath);
+    for (const auto& [field, key] : texts) WriteSetting(store, *key, fields.*field);
     for (int i = 0; i < tagColorCount; ++i) WriteColor(store, *tagColorKeys[i], fields.tagColors[i]);
-    WriteCheck(store, keys::aspBold, fields.aspBold);
     WriteColor(store, keys::foreColor, fields.foreColor);
     WriteColor(store, keys::backColor, fields.backColor);
-}
-
-void WriteDefinitions(const SettingsFields& fields, SettingsStore& store) {
+    for (int i = 0; i < externalBrowserCount; ++i) WriteSetting(store, *browserKeys[i], fields.browsers[i]);
     WriteSetting(store, keys::dtdXhtml, QString::number(fields.xhtmlVariant));
-    WriteCheck(store, keys::dtdMath, fields.dtdMath);
-    WriteCheck(store, keys::dtdSmil, fields.dtdSmil);
-    WriteCheck(store, keys::dtdSvg, fields.dtdSvg);
-    WriteCheck(store, keys::dtdOpen, fields.dtdOpen);
-    WriteCheck(store, keys::dtdWml, fields.dtdWml);
-    WriteCheck(store, keys::dtdX3d, fields.dtdX3d);
-}
-
-void WriteEditor(const SettingsFields& fields, SettingsStore& store) {
     WriteSetting(store, keys::fontSize, fields.fontSize);
     WriteSetting(store, keys::fontName, fields.fontName);
-    WriteCheck(store, keys::wordWrap, fields.wordWrap);
-    WriteCheck(store, keys::autoTab, fields.autoTab);
-    WriteCheck(store, keys::popupTag, fields.popupTag);
-    WriteCheck(store, keys::autoQuote, fields.autoQuote);
-    WriteCheck(store, keys::autoEmptySlash, fields.autoEmptySlash);
-    WriteCheck(store, keys::autoCase, fields.autoCase);
-}
-
-void WritePreview(const SettingsFields& fields, SettingsStore& store) {
-    for (int i = 0; i < externalBrowserCount; ++i) WriteSetting(store, *browserKeys[i], fields.browsers[i]);
     WriteSetting(store, keys::refreshRate, fields.refreshRate);
     WriteSetting(store, keys::verticalMain, fields.splitVertical ? QStringLiteral("True") : QStringLiteral("False"));
-    WriteSetting(store, keys::editPercent, fields.editPercent);
-}
-
-void WriteUpload(const SettingsFields& fields, SettingsStore& store) {
-    WriteSetting(store, keys::ftpUrl, fields.ftpUrl);
-    WriteSetting(store, keys::ftpPassword, fields.ftpPassword);
-    WriteSetting(store, keys::ftpUserName, fields.ftpUserName);
 }
 
 // The rate in force is a whole number, whatever stands in the settings.
@@ -129,22 +121,15 @@ SettingsFields LoadSettingsFields(Workbench& workbench) {
                         options.CommentsColor, options.AspColor,    options.OtherColor};
     fields.aspBold = options.aspBold;
     LoadLists(fields, store, workbench);
-    fields.ftpUrl = ReadSetting(store, keys::ftpUrl);
-    fields.ftpUserName = ReadSetting(store, keys::ftpUserName);
-    fields.ftpPassword = ReadSetting(store, keys::ftpPassword);
+    for (const auto& [field, key] : texts) fields.*field = ReadSetting(store, *key);
+    for (const auto& [field, key] : definitionChecks) fields.*field = ReadTruth(store, *key);
     fields.autoCase = options.AutoCase;
     fields.autoQuote = options.AutoQuote;
     fields.autoEmptySlash = options.AutoEmptySlash;
     fields.xhtmlVariant = ReadIndex(store, keys::dtdXhtml, lastXhtmlVariant, 0);
-    fields.dtdSmil = ReadTruth(store, keys::dtdSmil);
-    fields.dtdSvg = ReadTruth(store, keys::dtdSvg);
-    fields.dtdOpen = ReadTruth(store, keys::dtdOpen);
-    fields.dtdWml = ReadTruth(store, keys::dtdWml);
-    fields.dtdX3d = ReadTruth(store, keys::dtdX3d);
     for (int i = 0; i < externalBrowserCount; ++i) fields.browsers[i] = ReadSetting(store, *browserKeys[i]);
     fields.refreshRate = QString::number(options.RefreshRate);
     fields.splitVertical = ReadSetting(store, keys::verticalMain) == QLatin1String("True");
-    fields.editPercent = ReadSetting(store, keys::editPercent);
     return fields;
 }
 
@@ -171,11 +156,7 @@ std::optional<QString> ValidateSettings(const SettingsFields& fields) {
 void ApplySettings(const SettingsFields& fields, Workbench& workbench, SettingsTarget& target) {
     SettingsStore& store = workbench.Settings();
     const SettingsStore::Batch batch(store);
-    WriteColors(fields, store);
-    WriteDefinitions(fields, store);
-    WriteEditor(fields, store);
-    WritePreview(fields, store);
-    WriteUpload(fields, store);
+    WriteValues(fields, store);
     if (fields.colorCodingOff) target.PaintActiveDocument(fields.foreColor);
     TakeOptions(fields, workbench);
     ApplyLists(fields, store, target);

@@ -322,8 +322,8 @@ TEST_F(FrmSettingsTest, FontBoxesOfferTheirListsAndTakeAnyText) {
     Type(Get<QComboBox>("Combo1")->lineEdit(), "9");
     Type(Get<QComboBox>("Combo2")->lineEdit(), "Missing Font");
     Click(Get<QPushButton>("cmdOK"));
-    EXPECT_EQ(bench.EditorFontSize, "9");
-    EXPECT_EQ(bench.EditorFontName, "Missing Font");
+    EXPECT_EQ(bench.Options()->EditorFontSize, "9");
+    EXPECT_EQ(bench.Options()->EditorFontName, "Missing Font");
 }
 
 TEST_F(FrmSettingsTest, ThePasswordIsHiddenBehindStars) {
