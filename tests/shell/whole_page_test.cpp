@@ -7,8 +7,11 @@
 #include "tools/framework/tool_dialog.h"
 #include "website/website_panel.h"
 
+#include <QAbstractButton>
 #include <QImage>
 #include <QLabel>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolButton>
 
 namespace vellum::test {
@@ -142,10 +145,11 @@ TEST_F(WholePage, IsShownInTheColoursThatTheAuthorPicks) {
     prompts.colors = {255};
     InModal<frmSettings>([this] { Trigger("mnuSettingsItem"); },
                          [](frmSettings& dialog) {
-                             QTest::mouseClick(dialog.TabStrip1, Qt::LeftButton, {},
-                                               dialog.TabStrip1->tabRect(1).center());
-                             QTest::mouseClick(dialog.cmdColor[5], Qt::LeftButton);
-                             QTest::mouseClick(dialog.cmdOK, Qt::LeftButton);
+                             auto* const tabs = dialog.findChild<QTabWidget*>("TabStrip1")->tabBar();
+                             QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+                             for (const char* name : {"cmdColor(5)", "cmdOK"}) {
+                                 QTest::mouseClick(dialog.findChild<QAbstractButton*>(name), Qt::LeftButton);
+                             }
                          });
     EXPECT_EQ(Colours(), "rrr.rrrr");
     EXPECT_TRUE(ShowsRed());
