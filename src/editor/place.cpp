@@ -143,9 +143,8 @@ PosInfo GetPosInfo(QStringView text, int pos) {
 // window. Only a tag's own end is told from what lies ahead.
 PosInfo PosInfoAtCaret(const EditSurface& surface) {
     const int pos = surface.SelStart() + 1;
-    if (pos <= windowBefore) return GetPosInfo(surface.Mid(0, pos + windowAfter), pos);
-    const int offset = pos - windowBefore;
-    return Shifted(GetPosInfo(surface.Mid(offset, windowLength), windowBefore), offset);
+    const int offset = std::max(pos - windowBefore, 0);
+    return Shifted(GetPosInfo(surface.Mid(offset, pos - offset + windowAfter), pos - offset), offset);
 }
 
 }  // namespace vellum

@@ -65,8 +65,8 @@ private:
     // formats are there before the text.
     enum class Source { Toolkit, Replacing, Filling, Restoring };
 
-    void Insert(QTextCursor& cursor, const TextRange& range,
-                const DocumentText& text);                         // in place of what stands there
+    // In place of what stands there.
+    void Insert(QTextCursor& cursor, const TextRange& range, const DocumentText& text);
     [[nodiscard]] CharFormat FormatBefore(TextPlace place) const;  // of the character before it; the base at the start
     void OnContentsChange(int position, int removed, int added);
     // The formats follow a change at `position`, which is in `first`. Answers the last block that it reaches.
