@@ -187,7 +187,7 @@ TEST_F(InsertionColorTest, APercentSignElsewhereChangesNothing) {
     }
 }
 
-TEST_F(InsertionColorTest, ASelectionIsDroppedWhereTheCaretGoesBehindTheOpening) {
+TEST_F(InsertionColorTest, ASelectionIsDroppedWhereTheCaretGoesAfterTheOpening) {
     Show("<!-|abc", other);
     surface.SetSelLength(3);
     ColorBeforeDash(bench.Options().Now(), surface, PosInfoAtCaret(surface));

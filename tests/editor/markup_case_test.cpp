@@ -41,7 +41,7 @@ TEST(MarkupCase, OnlyLowerCaseLeavesServerSideBlocks) {
     EXPECT_EQ(ConvertMarkupCase("UCase", "<% x = 1 %><b>"), "<% x = 1 %><B>");
 }
 
-TEST(MarkupCase, TextBehindABlockIsConvertedUpToTheNextClose) {
+TEST(MarkupCase, TextAfterABlockIsConvertedUpToTheNextClose) {
     EXPECT_EQ(Lower("<% X %> Plain TEXT <B> More TEXT"), "<% X %> plain text <b> More TEXT");
     EXPECT_EQ(Lower("<% \"X %> Plain <B>"), "<% \"X %> Plain <b>") << "a quote in the block ends the conversion";
 }

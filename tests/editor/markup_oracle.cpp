@@ -79,8 +79,8 @@ void MarkupOracle::FullPass(ColorNumber foreColor) {
     ScanBlocks();
 }
 
-void MarkupOracle::SpanPass(int start, int length) {
-    span_ = true;
+void MarkupOracle::RangePass(int start, int length) {
+    inRange_ = true;
     firstPos_ = start + 1;
     limit_ = start + length;
     ScanTags();

@@ -35,14 +35,14 @@ class MarkupOracle {
 public:
     MarkupOracle(ArraySurface& surface, const MarkupColors& colors) : surface_(surface), colors_(colors) {}
 
-    // The reset of a full pass and both scans, or the scans of a span pass.
+    // The reset of a full pass and both scans, or the scans of a range pass.
     void FullPass(ColorNumber foreColor);
-    void SpanPass(int start, int length);
+    void RangePass(int start, int length);
 
     [[nodiscard]] int TagCount() const { return tagCount_; }
 
 private:
-    [[nodiscard]] bool Beyond(int pos) const { return span_ && pos > limit_; }
+    [[nodiscard]] bool Beyond(int pos) const { return inRange_ && pos > limit_; }
     [[nodiscard]] int EndOfTag(int pos) const;  // the position of its last character, from 1; 0 when there is none
     void ScanTags();
     void ScanBlocks();
@@ -51,7 +51,7 @@ private:
 
     ArraySurface& surface_;
     MarkupColors colors_;
-    bool span_ = false;
+    bool inRange_ = false;
     int firstPos_ = 1;
     int limit_ = 0;
     int tagCount_ = 0;

@@ -269,7 +269,7 @@ TEST(MarkupScan, TellsWhereTheLastSelectionBegins) {
     EXPECT_EQ(selected(""), -1);
 }
 
-TEST(MarkupScan, ASpanPaintsWhatEndsInIt) {
+TEST(MarkupScan, ARangePaintsWhatEndsInIt) {
     const QString text = "<b><i>x</i></b>";
     const auto steps = [&](int start, int length) {
         QString found;
@@ -285,13 +285,13 @@ TEST(MarkupScan, ASpanPaintsWhatEndsInIt) {
     EXPECT_EQ(steps(15, 3), "0");
 }
 
-TEST(MarkupScan, ASpanTakesABlockWhosePercentIsTheLastCharacter) {
+TEST(MarkupScan, ARangeTakesABlockWhosePercentIsTheLastCharacter) {
     const QString text = "ab<%=x%>cd";
     EXPECT_EQ(Scan(text, colors, {2, 5}).steps, (std::vector<FormatStep>{{{2, 6}, {.color = asp, .bold = true}}}));
     EXPECT_TRUE(Scan(text, colors, {2, 4}).steps.empty());
 }
 
-TEST(MarkupScan, ARegionRunsBeyondItsSpan) {
+TEST(MarkupScan, ARegionRunsBeyondItsRange) {
     const MarkupScan scan = Scan("<style>a<b>c</style><i>", colors, {0, 8});
     ASSERT_EQ(scan.steps.size(), 2U);
     EXPECT_EQ(scan.steps[1], Colored({7, 5}, comments, true));
@@ -356,7 +356,7 @@ TEST(MarkupScanRandom, FullPassesAgreeWithTheStepsOneByOne) {
     }
 }
 
-TEST(MarkupScanRandom, SpanPassesAgreeWithTheStepsOneByOne) {
+TEST(MarkupScanRandom, RangePassesAgreeWithTheStepsOneByOne) {
     std::mt19937 random(2);
     for (int round = 0; round < randomTexts; ++round) {
         const QString text = test::RandomMarkup(random, static_cast<int>(random() % 40), round % 2 == 0);
@@ -369,7 +369,7 @@ TEST(MarkupScanRandom, SpanPassesAgreeWithTheStepsOneByOne) {
         test::ArraySurface slow = before;
         slow.selStart = unmoved;
         test::MarkupOracle oracle(slow, look);
-        oracle.SpanPass(start, length);
+        oracle.RangePass(start, length);
         const Outcome expected{Letters(slow), oracle.TagCount(), slow.selStart};
 
         const MarkupScan scan = Scan(text, look, {start, length});

@@ -131,7 +131,7 @@ TEST_F(SmartcolorTest, TheNextCharacterTakesTheNewColorsToo) {
     EXPECT_EQ(surface.SelColor(), 255U);
 }
 
-TEST_F(SmartcolorTest, ASpanPassTakesTheBackgroundAndLeavesThePlainColor) {
+TEST_F(SmartcolorTest, ARangePassTakesTheBackgroundAndLeavesThePlainColor) {
     surface.SetText("x<b>");
     workbench.Smartcolor();
     Store(keys::foreColor, "255");
@@ -172,14 +172,14 @@ TEST_F(SmartcolorTest, WithoutMarkupTheWaitPointerStaysAsItIs) {
     EXPECT_TRUE(NotingWorkbench::Waiting());
 }
 
-TEST_F(SmartcolorTest, ASpanPassSaysNothingAndTakesTheWaitPointerOff) {
+TEST_F(SmartcolorTest, ARangePassSaysNothingAndTakesTheWaitPointerOff) {
     surface.SetText("<p>");
     ColorSpan(0, 3);
     EXPECT_TRUE(workbench.shown.isEmpty());
     EXPECT_FALSE(NotingWorkbench::Waiting());
 }
 
-TEST_F(SmartcolorTest, ThePassClearsTheSpan) {
+TEST_F(SmartcolorTest, ThePassClearsTheRange) {
     surface.SetText("a <p> b");
     ColorSpan(2, 3);
     EXPECT_EQ(workbench.ColorSpanStart, 0);
@@ -189,7 +189,7 @@ TEST_F(SmartcolorTest, ThePassClearsTheSpan) {
     EXPECT_EQ(workbench.ColorSpanStart, 0);
 }
 
-TEST_F(SmartcolorTest, WithoutMarkupTheSpanStaysSet) {
+TEST_F(SmartcolorTest, WithoutMarkupTheRangeStaysSet) {
     surface.SetText("one two");
     surface.SetSelStart(5);
     ColorSpan(2, 3);
@@ -198,7 +198,7 @@ TEST_F(SmartcolorTest, WithoutMarkupTheSpanStaysSet) {
     EXPECT_EQ(surface.SelStart(), 5);
 }
 
-TEST_F(SmartcolorTest, MarkupOutsideTheSpanMakesItACompletePass) {
+TEST_F(SmartcolorTest, MarkupOutsideTheRangeMakesItACompletePass) {
     surface.SetText("one two <b>");
     ColorSpan(2, 3);
     EXPECT_EQ(workbench.ColorSpanLength, 0);
@@ -309,7 +309,7 @@ TEST_F(SmartcolorTest, ThePairThatWasInsertedHasTheCaretInside) {
     EXPECT_EQ(surface.SelStart(), 7);  // the start of the second tag, whatever stands between
 }
 
-TEST_F(SmartcolorTest, AnyOtherNumberOfTagsHasTheCaretBehind) {
+TEST_F(SmartcolorTest, AnyOtherNumberOfTagsHasTheCaretAfterThem) {
     for (const char* text : {"<br />", "<b><i></i>", "<b></b><i></i>", "text", "<b", "<!-- <b> </b> -->"}) {
         surface.SetText("<p>");
         surface.SetSelStart(3);
@@ -332,13 +332,13 @@ TEST_F(SmartcolorTest, TwoTagsLeaveTheCaretAtTheLastSelection) {
     EXPECT_EQ(caretAfter("<p><b"), 0);  // the second one has no end in the range
 }
 
-TEST_F(SmartcolorTest, ASpanLeavesEverythingElse) {
+TEST_F(SmartcolorTest, ARangeLeavesEverythingElse) {
     surface.SetText("<p><b>x</b></p>");
     ColorSpan(3, 8);
     EXPECT_EQ(Marks(), "<p>«o:<b>»x«o:</b>»</p>");
 }
 
-TEST_F(SmartcolorTest, ARegionIsPaintedBeyondItsSpan) {
+TEST_F(SmartcolorTest, ARegionIsPaintedBeyondItsRange) {
     surface.SetText("<p> a < b\r\nmore</STYLE><i>");
     surface.SetSelStart(0);
     Insert("<style>");
@@ -369,7 +369,7 @@ TEST_F(SmartcolorTest, AComparedTagOfSeveralColorsKeepsThemAnotherDoesNot) {
     EXPECT_EQ(Marks(), "<«f:p»>«o:<br>»");
 }
 
-TEST_F(SmartcolorTest, ABlockMayEndOneCharacterBehindTheSpan) {
+TEST_F(SmartcolorTest, ABlockMayEndOneCharacterAfterTheRange) {
     surface.SetText("a<%=x%>b");
     ColorSpan(1, 5);
     EXPECT_EQ(Marks(), "a«a:<%=x%>»b");
@@ -378,7 +378,7 @@ TEST_F(SmartcolorTest, ABlockMayEndOneCharacterBehindTheSpan) {
     EXPECT_EQ(Marks(), "a<%=x%>b");
 }
 
-TEST_F(SmartcolorTest, ASpanOutsideTheTextIsCut) {
+TEST_F(SmartcolorTest, ARangeOutsideTheTextIsCut) {
     surface.SetText("<b>x");
     ColorSpan(2, 100);
     EXPECT_EQ(surface.SelStart(), 4);
@@ -423,14 +423,14 @@ TEST_F(SmartcolorTest, PassesOverAnyTextAgreeWithTheStepsOneByOne) {
         if (size == 0 || !text.contains(u'<')) continue;
         const int start = static_cast<int>(random() % size);
         const int length = 1 + static_cast<int>(random() % (size - static_cast<unsigned>(start)));
-        test::MarkupOracle span(slow, test::markColors);
+        test::MarkupOracle pass(slow, test::markColors);
         slow.selLength = 0;
-        span.SpanPass(start, length);
+        pass.RangePass(start, length);
         ColorSpan(start, length);
-        ASSERT_EQ(Marks(), shown()) << "span " << start << "+" << length;
-        int caret = span.TagCount() == 2 ? slow.selStart : start + length;
+        ASSERT_EQ(Marks(), shown()) << "range " << start << "+" << length;
+        int caret = pass.TagCount() == 2 ? slow.selStart : start + length;
         if (caret > 0 && caret < text.size() && text.at(caret) == u'\n') --caret;  // no caret stands between CR and LF
-        ASSERT_EQ(surface.SelStart(), caret) << qPrintable(text) << " span " << start << "+" << length;
+        ASSERT_EQ(surface.SelStart(), caret) << qPrintable(text) << " range " << start << "+" << length;
     }
 }
 

@@ -1,12 +1,9 @@
 #include "surface/edit_surface.h"
 
+#include "tests/surface/surface_fixture.h"
+
 #include <QApplication>
-#include <QClipboard>
-#include <QInputMethodEvent>
-#include <QMimeData>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -16,27 +13,11 @@
 namespace vellum {
 namespace {
 
-constexpr ColorNumber red = 0x0000FF;
-constexpr ColorNumber blue = 0xFF0000;
-constexpr ColorNumber green = 0x008000;
+using test::blue;
+using test::green;
+using test::red;
 
-class EditSurfaceTest : public testing::Test {
-protected:
-    EditSurfaceTest() {
-        surface.resize(500, 300);
-        surface.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&surface));
-        surface.setFocus();
-    }
-
-    void Commit(const QString& text, const QString& preedit = {}, int replaceFrom = 0, int replaceLength = 0) {
-        QInputMethodEvent event(preedit, {});
-        if (!text.isEmpty() || replaceLength > 0) event.setCommitString(text, replaceFrom, replaceLength);
-        QApplication::sendEvent(&surface, &event);
-    }
-
-    EditSurface surface;
-};
+using EditSurfaceTest = test::SurfaceFixture;
 
 TEST_F(EditSurfaceTest, StartsEmptyWithTheCaretAtTheStart) {
     EXPECT_EQ(surface.Text(), QString());
@@ -141,110 +122,6 @@ TEST_F(EditSurfaceTest, SelectsEveryRange) {
     surface.SetSelLength(std::numeric_limits<int>::max());
     EXPECT_EQ(surface.SelText(), text.mid(1));
     EXPECT_EQ(surface.Mid(2, std::numeric_limits<int>::max()), text.mid(2));
-}
-
-TEST_F(EditSurfaceTest, TypesWithRealKeys) {
-    QTest::keyClicks(&surface, "<p>");
-    QTest::keyClick(&surface, Qt::Key_Return);
-    QTest::keyClick(&surface, Qt::Key_Tab);
-    QTest::keyClicks(&surface, "x");
-    QTest::keyClick(&surface, Qt::Key_Enter, Qt::KeypadModifier);
-    QTest::keyClick(&surface, Qt::Key_Return, Qt::ShiftModifier);
-    EXPECT_EQ(surface.Text(), "<p>\r\n\tx\r\n\r\n");
-    EXPECT_EQ(surface.SelStart(), 11);
-}
-
-TEST_F(EditSurfaceTest, DeletesWithRealKeys) {
-    surface.SetText("one two\r\nthree four");
-    surface.SetSelStart(9);
-    QTest::keyClick(&surface, Qt::Key_Backspace);
-    EXPECT_EQ(surface.Text(), "one twothree four");
-    EXPECT_EQ(surface.SelStart(), 7);
-    QTest::keyClick(&surface, Qt::Key_Delete);
-    EXPECT_EQ(surface.Text(), "one twohree four");
-    QTest::keyClick(&surface, Qt::Key_Backspace, Qt::ControlModifier);
-    EXPECT_EQ(surface.Text(), "one hree four");
-    QTest::keyClick(&surface, Qt::Key_Delete, Qt::ControlModifier);
-    EXPECT_EQ(surface.Text(), "one four");
-    surface.SetText("a\r\nb");
-    surface.SetSelStart(1);
-    QTest::keyClick(&surface, Qt::Key_Delete);
-    EXPECT_EQ(surface.Text(), "ab");
-    surface.SetSelStart(0);
-    QTest::keyClick(&surface, Qt::Key_Backspace);
-    EXPECT_EQ(surface.Text(), "ab");
-    surface.SetText(QString("x") + QChar(0xD83D) + QChar(0xDE00));
-    surface.SetSelStart(3);
-    QTest::keyClick(&surface, Qt::Key_Backspace);
-    EXPECT_EQ(surface.Text(), "x");
-}
-
-TEST_F(EditSurfaceTest, SelectsAndReplacesWithRealKeys) {
-    surface.SetText("abcd\r\nefgh");
-    surface.SetSelStart(2);
-    for (int step = 0; step < 4; ++step) QTest::keyClick(&surface, Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_EQ(surface.SelStart(), 2);
-    EXPECT_EQ(surface.SelLength(), 5);
-    EXPECT_EQ(surface.SelText(), "cd\r\ne");
-    QTest::keyClicks(&surface, "X");
-    EXPECT_EQ(surface.Text(), "abXfgh");
-    QTest::keyClick(&surface, Qt::Key_Left, Qt::ShiftModifier);
-    EXPECT_EQ(surface.SelText(), "X");
-    EXPECT_EQ(surface.SelStart(), 2);
-}
-
-TEST_F(EditSurfaceTest, UndoAndRedoKeysDoNothingHere) {
-    QTest::keyClicks(&surface, "abc");
-    QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier);
-    QTest::keyClick(&surface, Qt::Key_R, Qt::ControlModifier);
-    QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(surface.Text(), "abc");
-}
-
-TEST_F(EditSurfaceTest, CopiesAndPastesPlainText) {
-    surface.SetText(QString("a") + QChar(0xA0) + "b\r\nc");
-    QTest::keyClick(&surface, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&surface, Qt::Key_C, Qt::ControlModifier);
-    const QMimeData* const copied = QApplication::clipboard()->mimeData();
-    EXPECT_EQ(copied->text(), QString("a") + QChar(0xA0) + "b\nc");
-    EXPECT_FALSE(copied->hasHtml());
-    QTest::keyClick(&surface, Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(surface.Text(), "");
-    auto* const rich = new QMimeData;
-    rich->setHtml("<b>bold</b>");
-    rich->setText("x\ny");
-    QApplication::clipboard()->setMimeData(rich);
-    QTest::keyClick(&surface, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(surface.Text(), "x\r\ny");
-    EXPECT_EQ(surface.SelStart(), 4);
-}
-
-TEST_F(EditSurfaceTest, AnInputMethodComposesAndCommits) {
-    surface.SetText("ab");
-    surface.SetFormat({0, 1}, {red, false});
-    surface.SetFormat({1, 1}, {blue, true});
-    surface.SetSelStart(1);
-    QSignalSpy changed(&surface, &EditSurface::Changed);
-    Commit({}, "~");
-    EXPECT_EQ(surface.Text(), "ab");
-    EXPECT_EQ(changed.count(), 0);
-    surface.viewport()->grab();  // painting while something is composed keeps both
-    EXPECT_EQ(surface.document()->firstBlock().layout()->preeditAreaText(), "~");
-    Commit(QString(QChar(0xF1)), {});
-    EXPECT_EQ(surface.Text(), QString("a") + QChar(0xF1) + "b");
-    EXPECT_EQ(changed.count(), 1);
-    EXPECT_EQ(surface.SelStart(), 2);
-    EXPECT_EQ(surface.FormatAt(0), (CharFormat{red, false}));
-    EXPECT_EQ(surface.FormatAt(1), (CharFormat{red, false}));
-    EXPECT_EQ(surface.FormatAt(2), (CharFormat{blue, true}));
-    Commit("n", {}, -1, 1);
-    EXPECT_EQ(surface.Text(), "anb");
-    EXPECT_EQ(surface.FormatAt(2), (CharFormat{blue, true}));
-    surface.selectAll();
-    Commit({}, "^");
-    EXPECT_EQ(surface.Text(), "");
-    Commit("z");
-    EXPECT_EQ(surface.Text(), "z");
 }
 
 TEST_F(EditSurfaceTest, ReportsEachChangeOnce) {
@@ -378,71 +255,6 @@ TEST_F(EditSurfaceTest, SetTextDropsAllFormats) {
     EXPECT_EQ(surface.SelColor(), surface.ForeColor());
 }
 
-TEST_F(EditSurfaceTest, FindsWithoutRegardToCase) {
-    surface.SetText("one\r\nTWO one\r\ntwo");
-    EXPECT_EQ(surface.Find("two", 0), 5);
-    EXPECT_EQ(surface.SelText(), "TWO");
-    EXPECT_EQ(surface.Find("two", 6), 14);
-    EXPECT_EQ(surface.Find("two", 15), -1);
-    EXPECT_EQ(surface.SelStart(), 14);  // a failure leaves the selection
-    EXPECT_EQ(surface.Find("two", 0, Qt::CaseSensitive), 14);
-    EXPECT_EQ(surface.Find("", 0), -1);
-    EXPECT_EQ(surface.Find("one", 99), -1);
-    EXPECT_EQ(surface.Find("one", -5), 0);
-}
-
-TEST_F(EditSurfaceTest, FindsOverLineEnds) {
-    surface.SetText("a\r\nb\r\na\r\nB\r\nc");
-    EXPECT_EQ(surface.Find("\r\n", 0), 1);
-    EXPECT_EQ(surface.SelText(), "\r\n");
-    EXPECT_EQ(surface.Find("\r\n", 2), 4);  // between CR and LF: that line end is passed by
-    EXPECT_EQ(surface.Find("b\r\nc", 0), 9);
-    EXPECT_EQ(surface.SelText(), "B\r\nc");
-    EXPECT_EQ(surface.Find("A\r\nb\r\nC", 0), 6);
-    EXPECT_EQ(surface.Find("A\r\nb\r\nC", 7), -1);
-    surface.SetText("\r\n\r\n\t");
-    EXPECT_EQ(surface.Find("\r\n\t", 0), 2);
-    EXPECT_EQ(surface.Find("\r\n\r\n", 0), 0);
-    EXPECT_EQ(surface.SelLength(), 4);
-}
-
-TEST_F(EditSurfaceTest, PaintsACharacterInItsColor) {
-    surface.SetEditorFont("Liberation Mono", "20");
-    surface.SetBackColor(0xFFFFFF);
-    surface.SetForeColor(0x000000);
-    surface.SetText("MMM MMM");
-    surface.SetFormat({4, 3}, {red, false});
-    const auto countOf = [&](const QColor& color, int fromOffset, int toOffset) {
-        QTextCursor from(surface.document());
-        from.setPosition(fromOffset);
-        QTextCursor to(surface.document());
-        to.setPosition(toOffset);
-        const int left = surface.cursorRect(from).left();
-        const int right = surface.cursorRect(to).left();
-        const QImage image = surface.viewport()->grab().toImage();
-        int found = 0;
-        for (int y = 0; y < surface.cursorRect(from).bottom(); ++y) {
-            for (int x = left + 2; x < right - 1; ++x) found += image.pixelColor(x, y) == color ? 1 : 0;
-        }
-        return found;
-    };
-    EXPECT_GT(countOf(Qt::red, 4, 7), 20);
-    EXPECT_EQ(countOf(Qt::black, 4, 7), 0);
-    EXPECT_GT(countOf(Qt::black, 0, 3), 20);
-    EXPECT_EQ(countOf(Qt::red, 0, 3), 0);
-    surface.SetSelStart(0);  // an edit before it moves the colour along
-    QTest::keyClick(&surface, Qt::Key_I);
-    EXPECT_GT(countOf(Qt::red, 5, 8), 20);
-    EXPECT_EQ(countOf(Qt::red, 0, 4), 0);
-    surface.SetForeColor(blue);
-    EXPECT_GT(countOf(Qt::blue, 1, 4), 20);
-    EXPECT_GT(countOf(Qt::red, 5, 8), 20);
-    const std::vector<FormatRun> runs{{{0, 2}, {green, false}}};
-    surface.SetAllFormats({}, runs);
-    EXPECT_EQ(countOf(Qt::red, 5, 8), 0);
-    EXPECT_GT(countOf(ColorFromNumber(green), 1, 2), 5);
-}
-
 TEST_F(EditSurfaceTest, PaintsItsBackground) {
     surface.SetBackColor(0x204060);
     surface.SetRightMargin(TwipsFromPixels(200));
@@ -512,69 +324,6 @@ TEST_F(EditSurfaceTest, TheFontIsMonospacedAndOfTheGivenSize) {
     const QFontMetricsF metrics(surface.document()->defaultFont());
     EXPECT_DOUBLE_EQ(metrics.horizontalAdvance('i'), metrics.horizontalAdvance('W'));
     EXPECT_NEAR(surface.tabStopDistance(), 4 * metrics.horizontalAdvance(' '), 0.01);
-}
-
-TEST_F(EditSurfaceTest, AnOverlongLineKeepsItsColors) {
-    surface.SetEditorFont("Liberation Mono", "20");
-    const QString filler = QString("<b>x</b>").repeated(3000);
-    surface.SetText("first\r\n" + filler + "\r\nlast");
-    surface.SetFormat({7, 3}, {red, false});
-    surface.SetSelStart(7);
-    QTest::keyClick(&surface, Qt::Key_I);
-    EXPECT_EQ(surface.Text(), "first\r\ni" + filler + "\r\nlast");
-    EXPECT_EQ(surface.FormatAt(7), CharFormat());
-    EXPECT_EQ(surface.FormatAt(8), (CharFormat{red, false}));
-    const QTextBlock block = surface.document()->findBlockByNumber(1);
-    const QImage image = surface.viewport()->grab().toImage();
-    QTextCursor cursor(block);
-    cursor.setPosition(block.position() + 1);
-    const QRect from = surface.cursorRect(cursor);
-    cursor.setPosition(block.position() + 4);
-    const QRect to = surface.cursorRect(cursor);
-    int found = 0;
-    for (int y = from.top(); y < from.bottom(); ++y) {
-        for (int x = from.left() + 2; x < to.left(); ++x) found += image.pixelColor(x, y) == Qt::red ? 1 : 0;
-    }
-    EXPECT_GT(found, 20);
-    surface.SetSelStart(7);
-    surface.SetSelLength(20000);
-    QTest::keyClick(&surface, Qt::Key_Delete);
-    surface.viewport()->grab();
-    EXPECT_EQ(surface.Text(), "first\r\n" + ("i" + filler).mid(20000) + "\r\nlast");
-}
-
-TEST_F(EditSurfaceTest, PaintingAsksForNoFurtherPainting) {
-    surface.SetText("abc\r\ndef\r\nghi");
-    surface.SetFormat({0, 13}, {red, true});
-    QApplication::processEvents();
-    struct Counter : QObject {
-        int paints = 0;
-        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-            paints += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    } counter;
-    surface.setCursorWidth(0);  // a blinking caret is painted for its own reasons
-    QApplication::processEvents();
-    surface.viewport()->installEventFilter(&counter);
-    surface.SetFormat({1, 5}, {blue, false});
-    for (int round = 0; round < 20; ++round) QApplication::processEvents();
-    EXPECT_EQ(counter.paints, 1);
-}
-
-TEST_F(EditSurfaceTest, TakesDroppedTextAsPlainText) {
-    surface.SetText("abcd");
-    QTextCursor cursor(surface.document());
-    cursor.setPosition(2);
-    const QPoint place = surface.cursorRect(cursor).center();
-    QMimeData dragged;
-    dragged.setText("x\ny");
-    dragged.setHtml("<b>x</b>");
-    QDragEnterEvent enter(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(surface.viewport(), &enter);
-    QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(surface.viewport(), &drop);
-    EXPECT_EQ(surface.Text(), "abx\r\nycd");
 }
 
 TEST_F(EditSurfaceTest, SetsAllFormatsAtOnce) {

@@ -53,7 +53,7 @@ TEST_F(NearTextTest, ReadsAnyRange) {
     EXPECT_EQ(around.Characters(end, 0), "");
 }
 
-TEST_F(NearTextTest, FollowsEditsBeforeInAndBehind) {
+TEST_F(NearTextTest, FollowsEditsBeforeInAndAfter) {
     edit.setPlainText(Lines(5000));
     const auto check = [&](int position) {
         EXPECT_EQ(around.Characters(position, 14000), Whole(position, 14000)) << position;
