@@ -121,6 +121,16 @@ TEST_F(SettingsStoreTest, AFileThatOthersCouldReadIsClosedToThemByTheNextWrite) 
     EXPECT_EQ(StatusOf(path).st_mode & 0777U, 0600U);
 }
 
+TEST_F(SettingsStoreTest, WhatAKilledWriteLeftOpenToOthersIsClosedToThem) {
+    QDir().mkpath(QFileInfo(path).path());
+    WriteBytes(path + ".new", "half a file, and a long one");
+    ::chmod(QFile::encodeName(path + ".new").constData(), 0644);
+    SettingsStore store(path);
+    store.Write(u"A", u"S", u"k", "v");
+    EXPECT_EQ(StatusOf(path).st_mode & 0777U, 0600U);
+    EXPECT_EQ(OnDisk("A", "S", "k"), "v");
+}
+
 TEST_F(SettingsStoreTest, NoFileIsLeftBesideItButTheLock) {
     SettingsStore store(path);
     store.Write(u"A", u"S", u"k", "v");
@@ -511,6 +521,7 @@ TEST_F(SettingsStoreTest, AFullDiskLosesNothing) {
     EXPECT_FALSE(store.Write(u"A", u"S", u"large", large));
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, signalBefore);
+    EXPECT_FALSE(QFile::exists(path + ".new"));
     EXPECT_EQ(OnDisk("A", "S", "k"), "v");
     EXPECT_EQ(store.Read(u"A", u"S", u"large"), large);
     EXPECT_TRUE(store.Write(u"A", u"S", u"l", "w"));
