@@ -50,7 +50,7 @@ public:
     void SetSelColor(ColorNumber color);
     [[nodiscard]] std::optional<bool> SelBold() const;
     void SetSelBold(bool bold);
-    // The same in a range, without touching the selection.
+    // The same in a range, cut to the text, without touching the selection.
     void SetFormat(const TextRange& range, const FormatChange& change);
     // Many of these in their order, each one on what the ones before it left. Fast when they lie close together.
     void ApplyFormats(std::span<const FormatStep> steps);

@@ -203,7 +203,7 @@ void FormatStore::SetFormat(TextPlace from, TextPlace to, const FormatChange& ch
     }
 }
 
-void FormatStore::SetAll(const CharFormat& rest) {
+void FormatStore::SetAll(const CharFormat& rest, std::span<const FormatRun> runs) {
     base_ = rest;
     for (Slot& slot : slots_) {
         if (slot.chunk->runs.empty()) continue;
@@ -213,10 +213,6 @@ void FormatStore::SetAll(const CharFormat& rest) {
             slot.chunk = std::make_shared<Chunk>(Chunk{slot.chunk->lengths, {}});
         }
     }
-}
-
-void FormatStore::SetAll(const CharFormat& rest, std::span<const FormatRun> runs) {
-    SetAll(rest);
     auto next = runs.begin();
     int lineStart = 0;
     FormatRows rows;

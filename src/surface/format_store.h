@@ -62,10 +62,8 @@ public:
 
     // Leaves the base as it is, also when the range is the whole text.
     void SetFormat(TextPlace from, TextPlace to, const FormatChange& change);
-    // Everything takes `rest`, which is the base from now on, without a walk over the lines.
-    void SetAll(const CharFormat& rest);
-    // Everything takes `rest`, and then each run its format. Runs ascend and don't overlap; their offsets count a line
-    // end as one character.
+    // Everything takes `rest`, which is the base from now on, and then each run its format. Runs ascend and don't
+    // overlap; their offsets count a line end as one character.
     void SetAll(const CharFormat& rest, std::span<const FormatRun> runs);
 
     // The base format, which all characters have that lie in no run.

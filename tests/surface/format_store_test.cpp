@@ -166,7 +166,7 @@ TEST(FormatStore, AnExplicitOwnColorIsTheOwnColor) {
 TEST(FormatStore, SetsEverythingAtOnceInTheBase) {
     FormatStore store = StoreOf("xx\nxx\nxx");
     store.SetFormat({0, 1}, {2, 1}, {.color = red.color, .bold = true});
-    store.SetAll(blueBold);
+    store.SetAll(blueBold, {});
     EXPECT_EQ(store.Base(), blueBold);
     for (int line = 0; line < 3; ++line) EXPECT_TRUE(store.Runs(line).empty());
     EXPECT_EQ(store.FormatAt({1, 1}), blueBold);
@@ -177,7 +177,7 @@ TEST(FormatStore, ACopyStaysAsItWas) {
     store.SetFormat({0, 0}, {0, 2}, {.color = red.color, .bold = {}});
     const FormatStore copy = store;
     store.Replace({0, 0}, {1, 2}, std::vector{7}, blueBold);
-    store.SetAll(blueBold);
+    store.SetAll(blueBold, {});
     EXPECT_EQ(copy.LineCount(), 2);
     EXPECT_EQ(copy.LineLength(0), 4);
     EXPECT_EQ(copy.FormatAt({0, 1}), red);
@@ -251,7 +251,7 @@ TEST_P(FormatStoreRandom, AgreesWithOneFormatACharacter) {
             case 2:
                 if (round % 8 == 0) {
                     std::ranges::fill(naive.formats, format);
-                    store.SetAll(format);
+                    store.SetAll(format, {});
                 }
                 break;
             default:

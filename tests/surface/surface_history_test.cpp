@@ -90,7 +90,7 @@ TEST(SurfaceHistory, BringsBackTextAndFormats) {
     const FullCopy before = text.Copy();
     const auto snapshot = text.Take();
     text.Replace(2, 3, "X\nY\n", redBold);
-    text.formats.SetAll(redBold);
+    text.formats.SetAll(redBold, {});
     const FullCopy after = text.Copy();
     const auto later = text.Take();
     ASSERT_TRUE(text.Restore(snapshot));
