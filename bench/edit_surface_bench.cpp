@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QTest>
-#include <QTextBlock>
 
 #include <benchmark/benchmark.h>
 #include <memory>

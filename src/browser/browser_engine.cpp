@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLibraryInfo>
-#include <QList>
 #include <QLoggingCategory>
 
 #include <cstdio>

@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QChildEvent>
-#include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileInfo>

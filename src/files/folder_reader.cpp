@@ -1,6 +1,5 @@
 #include "files/folder_reader.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QtConcurrentRun>

@@ -3,8 +3,6 @@
 // The sizes of a window are those inside the frame that the desktop or the multi-document area draws around it.
 #pragma once
 
-#include <optional>
-
 namespace vellum {
 
 struct TwipRect {

@@ -2,10 +2,8 @@
 
 #include "files/paths.h"
 #include "settings/settings_keys.h"
-#include "shell/color_bar.h"
 #include "shell/main_regions.h"
 #include "shell/recent_files.h"
-#include "shell/toolbar.h"
 #include "values/number_rules.h"
 #include "values/units.h"
 #include "website/website_panel.h"

@@ -4,10 +4,10 @@
 #include "editor/reference_tree.h"
 #include "editor/workbench.h"
 #include "shell/file_commands.h"
-#include "shell/frm_settings.h"
 #include "shell/main_regions.h"
 #include "shell/open_documents.h"
 #include "shell/recovery_keeper.h"
+#include "shell/settings_fields.h"
 
 #include <functional>
 

@@ -3,8 +3,6 @@
 #include "shell/mdiform1.h"
 #include "shell/start.h"
 
-#include <QTimer>
-
 namespace vellum {
 
 Session::Session(QString commandLine)

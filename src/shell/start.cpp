@@ -3,7 +3,6 @@
 #include "settings/settings_keys.h"
 #include "system/fonts.h"
 #include "system/programs.h"
-#include "values/number_rules.h"
 #include "values/units.h"
 #include "widgets/icons.h"
 #include "widgets/prompts.h"

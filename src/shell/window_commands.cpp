@@ -10,7 +10,6 @@
 #include "shell/frm_settings.h"
 #include "system/programs.h"
 #include "tools/framework/color_hex.h"
-#include "widgets/tab_strip.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>

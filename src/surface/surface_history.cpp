@@ -1,5 +1,7 @@
 #include "surface/surface_history.h"
 
+#include "surface/format_difference.h"
+
 #include <algorithm>
 #include <utility>
 #include <variant>

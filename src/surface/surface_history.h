@@ -4,7 +4,6 @@
 // Positions count from 0, a line end as one character.
 #pragma once
 
-#include "surface/format_difference.h"
 #include "surface/format_store.h"
 
 #include <QString>

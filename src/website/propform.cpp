@@ -4,7 +4,6 @@
 #include "website/file_kind.h"
 #include "widgets/plain_tool_tip.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>

@@ -5,6 +5,7 @@
 #include "tests/support/test_home.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QListView>
 #include <QStyleFactory>

@@ -1,14 +1,11 @@
 #include "editor/text_commands.h"
 
-#include "settings/settings_keys.h"
 #include "tests/support/color_of.h"
 #include "tests/support/test_workbench.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QMimeData>
-#include <QPointer>
 #include <QScrollBar>
 #include <QTest>
 

@@ -1,6 +1,5 @@
 #include "help/didyouknow.h"
 
-#include "settings/settings_keys.h"
 #include "tests/support/modal.h"
 #include "tests/support/test_workbench.h"
 

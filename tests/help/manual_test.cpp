@@ -1,7 +1,6 @@
 #include "help/manual.h"
 
 #include <QRegularExpression>
-#include <QStringList>
 #include <QXmlStreamReader>
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 // What lies beside the sources: the package list, the scripts and the desktop entry.
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
