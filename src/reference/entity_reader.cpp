@@ -92,11 +92,11 @@ int AddEntText(ReferenceTree& tree, int& nodeIndex, const QString& entText, int 
 }
 
 int AddEnt(ReferenceTree& tree, int& nodeIndex, const QString& entPath, int parentIndex, const QString& title) {
+    if (const std::optional<LoadedText> loaded = ReadTextFile(entPath)) {
+        return AddEntText(tree, nodeIndex, loaded->text, parentIndex, title);
+    }
     tree.AddNoder(parentIndex, NodeKind::CharacterSet, title);
-    const std::optional<LoadedText> loaded = ReadTextFile(entPath);
-    if (!loaded) throw ReadingFailed("the file can't be read");
-    ReadCharacters(tree, nodeIndex, loaded->text);
-    return nodeIndex - 1;
+    throw ReadingFailed("the file can't be read");
 }
 
 }  // namespace vellum

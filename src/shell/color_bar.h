@@ -36,8 +36,6 @@ public:
 
     TabStrip* const clrbutton;  // to the right of the boxes
 
-    [[nodiscard]] int MarkedBox() const { return marked_; }
-
 signals:
     void ColorTaken(ColorNumber color);
 

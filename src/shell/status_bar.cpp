@@ -39,16 +39,8 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     }
 }
 
-QLabel* StatusBar::At(StatusPanel panel) const {
-    return panels_.at(static_cast<std::size_t>(panel) - 1);
-}
-
 void StatusBar::SetPanel(StatusPanel panel, const QString& text) {
-    At(panel)->setText(text);
-}
-
-QString StatusBar::Panel(StatusPanel panel) const {
-    return At(panel)->text();
+    panels_.at(static_cast<std::size_t>(panel) - 1)->setText(text);
 }
 
 }  // namespace vellum

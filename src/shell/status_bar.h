@@ -18,11 +18,8 @@ public:
     explicit StatusBar(QWidget* parent = nullptr);
 
     void SetPanel(StatusPanel panel, const QString& text);
-    [[nodiscard]] QString Panel(StatusPanel panel) const;
 
 private:
-    [[nodiscard]] QLabel* At(StatusPanel panel) const;
-
     std::array<QLabel*, panelCount> panels_{};
 };
 

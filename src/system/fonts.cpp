@@ -12,10 +12,6 @@ QStringList SystemFontNames() {
     return QFontDatabase::families();
 }
 
-int SystemFontCount() {
-    return static_cast<int>(QFontDatabase::families().size());
-}
-
 double PointSize(const QString& text, double fallback) {
     constexpr double largest = 1000;  // beyond it the font engine gives up
     const double size = LeadingNumber(text);

@@ -6,7 +6,6 @@
 namespace vellum {
 
 [[nodiscard]] QStringList SystemFontNames();  // in the system's order
-[[nodiscard]] int SystemFontCount();
 
 // Point sizes in settings are decimal text ("8.5"). The size as a number, at most 1000; `fallback` for anything that
 // isn't above 0.

@@ -19,7 +19,6 @@ public:
     bool Play(const QString& path);
     // Tells the player to end, and doesn't wait for it.
     void Stop();
-    [[nodiscard]] bool IsPlaying() const { return process_ && process_->state() == QProcess::Running; }
 
 private:
     QPointer<QProcess> process_;  // deletes itself when the player has ended

@@ -245,7 +245,7 @@ QVariant FileNames::data(const QModelIndex& index, int role) const {
     return {};
 }
 
-FileList::FileList(QWidget* parent) : QListView(parent), reader_(FolderContent::Files) {
+FileList::FileList(QWidget* parent) : QListView(parent), reader_(FolderContent::Files, this) {
     setModel(&names_);
     setUniformItemSizes(true);  // else every one of many thousand rows is measured
     setEditTriggers(NoEditTriggers);
@@ -253,7 +253,6 @@ FileList::FileList(QWidget* parent) : QListView(parent), reader_(FolderContent::
     connect(&reader_, &FolderReader::Read, this, [this](const QStringList& names) {
         Show(names);
         if (!awaited_.isEmpty() && SelectFile(awaited_)) awaited_.clear();
-        emit Listed();
     });
     // The view's own "activated" comes with a single click under some styles.
     connect(this, &QListView::doubleClicked, this, [this](const QModelIndex& index) {

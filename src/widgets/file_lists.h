@@ -119,7 +119,6 @@ public:
 
 signals:
     void PathChanged(const QString& path);
-    void Listed();  // the names in the list are those on disk
     // A double click or Enter on a file, with its full path.
     void FileActivated(const QString& path);
 

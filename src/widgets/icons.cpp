@@ -1,6 +1,5 @@
 #include "widgets/icons.h"
 
-#include <QDir>
 #include <QFile>
 #include <QHash>
 
@@ -36,13 +35,6 @@ QIcon ThemeIcon(const QString& name) {
     const QString standard = StandardNames().value(name);
     if (!standard.isEmpty() && QIcon::hasThemeIcon(standard)) return QIcon::fromTheme(standard);
     return OwnIcon(name);
-}
-
-QStringList IconNames() {
-    LoadDrawings();
-    QStringList names;
-    for (const QString& file : QDir(":/icons").entryList({"*.svg"}, QDir::Files, QDir::Name)) names << file.chopped(4);
-    return names;
 }
 
 }  // namespace vellum

@@ -3,7 +3,6 @@
 
 #include <QIcon>
 #include <QString>
-#include <QStringList>
 
 namespace vellum {
 
@@ -13,8 +12,5 @@ namespace vellum {
 
 // The project's own drawing, whatever the theme has: for sets that must look alike.
 [[nodiscard]] QIcon OwnIcon(const QString& name);
-
-// The names of all of the project's drawings.
-[[nodiscard]] QStringList IconNames();
 
 }  // namespace vellum

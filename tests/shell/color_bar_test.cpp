@@ -190,7 +190,7 @@ TEST_F(ColorBarTest, WorksByTheKeyboard) {
     ASSERT_TRUE(bar.hasFocus());
     EXPECT_FALSE(bar.accessibleName().isEmpty());
     QTest::keyClick(&bar, Qt::Key_Left);
-    EXPECT_EQ(bar.MarkedBox(), 0);
+    EXPECT_EQ(bar.accessibleDescription(), "#2D0000");
     QTest::keyClick(&bar, Qt::Key_Right);
     EXPECT_EQ(bar.accessibleDescription(), "#5A0000");
     QTest::keyClick(&bar, Qt::Key_Space);
@@ -198,7 +198,7 @@ TEST_F(ColorBarTest, WorksByTheKeyboard) {
     EXPECT_TRUE(surface.hasFocus());
     bar.setFocus();
     QTest::keyClick(&bar, Qt::Key_Down);
-    EXPECT_EQ(bar.MarkedBox(), 6);
+    EXPECT_EQ(bar.accessibleDescription(), "#FF5A5A");
     QTest::keyClick(&bar, Qt::Key_End);
     QTest::keyClick(&bar, Qt::Key_Right);
     QTest::keyClick(&bar, Qt::Key_Return);

@@ -2,7 +2,6 @@
 #include "tests/shell/main_window_fixture.h"
 
 #include <QDir>
-#include <QLabel>
 #include <QSignalSpy>
 
 namespace vellum::test {
@@ -167,7 +166,7 @@ TEST_F(DocumentWindowTest, APointerMoveOverADocumentClearsTheHint) {
     window->SetHint("something");
     QTest::mouseMove(Active().Text1->viewport(), {20, 20});
     QTest::mouseMove(Active().Text1->viewport(), {24, 24});
-    EXPECT_EQ(window->findChild<QLabel*>("StatusBar1.Panels(3)")->text(), "");
+    EXPECT_EQ(Panel(3), "");
 }
 
 TEST_F(DocumentWindowTest, APointerMoveBesideTheEditorClearsTheHintToo) {
@@ -175,7 +174,7 @@ TEST_F(DocumentWindowTest, APointerMoveBesideTheEditorClearsTheHintToo) {
     window->SetHint("something");
     QTest::mouseMove(&Active(), {Active().width() - 4, 40});
     QTest::mouseMove(&Active(), {Active().width() - 3, 60});
-    EXPECT_EQ(window->findChild<QLabel*>("StatusBar1.Panels(3)")->text(), "");
+    EXPECT_EQ(Panel(3), "");
 }
 
 TEST_F(DocumentWindowTest, TheStatusBarTellsLengthAndLine) {
@@ -183,10 +182,10 @@ TEST_F(DocumentWindowTest, TheStatusBarTellsLengthAndLine) {
     QTest::keyClicks(Active().Text1, "ab");
     QTest::keyClick(Active().Text1, Qt::Key_Return);
     QTest::keyClicks(Active().Text1, "c");
-    EXPECT_EQ(window->findChild<QLabel*>("StatusBar1.Panels(2)")->text(), "5 bytes");
-    EXPECT_EQ(window->findChild<QLabel*>("StatusBar1.Panels(6)")->text(), "2");
-    EXPECT_EQ(window->findChild<QLabel*>("StatusBar1.Panels(5)")->text(), "1 open");
-    EXPECT_EQ(window->findChild<QLabel*>("StatusBar1.Panels(1)")->text(), "Changed");
+    EXPECT_EQ(Panel(2), "5 bytes");
+    EXPECT_EQ(Panel(6), "2");
+    EXPECT_EQ(Panel(5), "1 open");
+    EXPECT_EQ(Panel(1), "Changed");
 }
 
 }  // namespace

@@ -1,10 +1,8 @@
 #include "shell/form16.h"
 
-#include "shell/form26.h"
 #include "tests/shell/main_window_fixture.h"
 #include "tests/support/wait_for.h"
 
-#include <QLabel>
 #include <QSignalSpy>
 
 namespace vellum::test {
@@ -123,7 +121,7 @@ TEST_F(Form16Test, TheSliderTellsWhatItIsFor) {
     const Form16& form = OpenWithPreview();
     QTest::mouseMove(form.Slider1, {5, 5});
     QTest::mouseMove(form.Slider1, {9, 7});
-    EXPECT_EQ(window->findChild<QLabel*>("StatusBar1.Panels(3)")->text(), "Resizes the editing and preview panes.");
+    EXPECT_EQ(Panel(3), "Resizes the editing and preview panes.");
 }
 
 TEST_F(Form16Test, WrapsByTheEditorsWidth) {

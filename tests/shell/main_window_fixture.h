@@ -7,9 +7,9 @@
 #include "shell/mdiform1.h"
 #include "surface/edit_surface.h"
 #include "tests/support/scripted_prompts.h"
-#include "values/number_rules.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
@@ -60,6 +60,12 @@ protected:
         ASSERT_NE(action, nullptr) << item;
         ASSERT_TRUE(action->isEnabled()) << item;
         action->trigger();
+    }
+
+    // What a panel of the status bar shows, from 1.
+    [[nodiscard]] QString Panel(int number) const {
+        const QObject& owner = *window;
+        return owner.findChild<QLabel*>(QString("StatusBar1.Panels(%1)").arg(number))->text();
     }
 
     [[nodiscard]] QString SitePath(const QString& name) const { return site.filePath(name); }

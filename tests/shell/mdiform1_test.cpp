@@ -1,6 +1,5 @@
 #include "shell/color_bar.h"
 #include "shell/frm_settings.h"
-#include "shell/status_bar.h"
 #include "shell/toolbar.h"
 #include "tests/shell/main_window_fixture.h"
 #include "website/website_panel.h"
@@ -9,7 +8,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -38,7 +36,7 @@ TEST_F(MainWindowTest, StartsWithOneBlankMaximisedDocument) {
     EXPECT_TRUE(Active().Saver());
     EXPECT_EQ(window->documents.NewDocCount, 1);
     EXPECT_EQ(window->OpenDocCount(), 1);
-    EXPECT_EQ(window->StatusBar1->Panel(StatusPanel::Hint), "");
+    EXPECT_EQ(Panel(3), "");
 }
 
 TEST_F(MainWindowTest, AnEmptyStoreGivesTheBuiltInListsAndPlaces) {
@@ -283,7 +281,7 @@ TEST_F(MainWindowTest, ToolbarButtonsGiveTheirTipsAndHints) {
     EXPECT_EQ(save->toolTip(), "Saves the Current Document With a Choice of a New Name");
     QTest::mouseMove(save, {3, 3});
     QTest::mouseMove(save, {6, 6});
-    EXPECT_EQ(window->StatusBar1->Panel(StatusPanel::Hint), "Saves the document");
+    EXPECT_EQ(Panel(3), "Saves the document");
     QTest::mouseMove(window->area->viewport(), {1, 1});
     EXPECT_EQ(window->Picture1->Button(ButtonArray::Command44, 8)->toolTip(), "Color-Codes  XHTML Syntax");
     EXPECT_EQ(window->Picture1->Button(ButtonArray::Command93, 3)->toolTip(), "Font Browser");

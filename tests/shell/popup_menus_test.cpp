@@ -207,17 +207,18 @@ TEST_F(WebsiteMenuTest, ADirectoryIsMadeAndTheListsAreReadAgain) {
     Pick(Directories(), Qt::Key_C);
     EXPECT_TRUE(QDir(SitePath("new place")).exists());
     const WebsitePanel& panel = *window->Picture11;
+    const auto& reader = *panel.File2->findChild<FolderReader*>();
     for (QWidget* list : std::initializer_list<QWidget*>{panel.Drive1, panel.Dir1, panel.File2}) {
         window->activateWindow();  // which the popup has taken the keyboard from
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        const QSignalSpy listed(panel.File2, &FileList::Listed);
+        const QSignalSpy read(&reader, &FolderReader::Read);
         list->setFocus();
         QTest::keyClick(list, Qt::Key_F5);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return listed.count() == 1; })) << qPrintable(list->objectName());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return read.count() == 1; })) << qPrintable(list->objectName());
     }
-    const QSignalSpy listed(panel.File2, &FileList::Listed);
+    const QSignalSpy read(&reader, &FolderReader::Read);
     Pick(Directories(), Qt::Key_R);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return listed.count() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return read.count() == 1; }));
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 
 #include <QAbstractButton>
 #include <QImage>
-#include <QLabel>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
@@ -64,11 +63,6 @@ protected:
             }
         }
         return false;
-    }
-
-    [[nodiscard]] QString Panel(int index) const {
-        const QObject& owner = *window;
-        return owner.findChild<QLabel*>(QString("StatusBar1.Panels(%1)").arg(index))->text();
     }
 };
 

@@ -1,5 +1,4 @@
 // The window menu, the hint line and the panel of the main window.
-#include "shell/status_bar.h"
 #include "shell/toolbar.h"
 #include "tests/shell/main_window_fixture.h"
 #include "website/website_panel.h"
@@ -41,8 +40,6 @@ protected:
         });
         return places;
     }
-
-    [[nodiscard]] QString Hint() const { return window->StatusBar1->Panel(StatusPanel::Hint); }
 };
 
 TEST_F(WindowCommandsTest, TilesHorizontallyOneBelowTheOther) {
@@ -127,10 +124,10 @@ TEST_F(WindowCommandsTest, ThePointerOverTheBackgroundClearsTheHint) {
     Trigger("mnuClose");
     ASSERT_TRUE(Children().isEmpty());
     window->SetHint("something");
-    ASSERT_EQ(Hint(), "something");
+    ASSERT_EQ(Panel(3), "something");
     QTest::mouseMove(window->area->viewport(), {20, 20});
     QTest::mouseMove(window->area->viewport(), {24, 24});
-    EXPECT_EQ(Hint(), "");
+    EXPECT_EQ(Panel(3), "");
 }
 
 struct Tip {
@@ -169,7 +166,7 @@ TEST_F(WindowCommandsTest, EveryToolbarButtonHasItsTipAndItsHint) {
         window->SetHint(before);
         QTest::mouseMove(button, {3, 3});
         QTest::mouseMove(button, {6, 6});
-        EXPECT_EQ(Hint(), hint) << toolTip << " at " << index;
+        EXPECT_EQ(Panel(3), hint) << toolTip << " at " << index;
     }
     EXPECT_EQ(window->Picture1->findChildren<QToolButton*>().size(), static_cast<qsizetype>(std::size(tips)));
 }

@@ -149,7 +149,7 @@ TEST_F(Panel, RefreshReadsAgain) {
     WebsitePanel panel;
     ASSERT_TRUE(panel.SetDirectory(Place("site")));
     ASSERT_TRUE(Lists(panel, {"About us.htm", "index.htm"}));
-    const QSignalSpy listed(panel.File2, &FileList::Listed);
+    const QSignalSpy listed(panel.File2->findChild<FolderReader*>(), &FolderReader::Read);
     panel.Refresh();
     ASSERT_TRUE(QTest::qWaitFor([&] { return listed.count() > 0; }, patience));
     EXPECT_EQ(panel.File2->Names(), QStringList({"About us.htm", "index.htm"}));

@@ -291,7 +291,7 @@ TEST_F(FileLists, FileListReadsTheLastFolderThatWasAskedFor) {
     Touch(At("few/one.htm"));
     FileList list;
     QStringList seen;
-    QObject::connect(&list, &FileList::Listed, [&] { seen << list.Names(); });
+    QObject::connect(list.findChild<FolderReader*>(), &FolderReader::Read, [&] { seen << list.Names(); });
     ASSERT_TRUE(list.SetPath(At("many")));
     ASSERT_TRUE(list.SetPath(At("few")));
     ASSERT_TRUE(Becomes(list, {"one.htm"}));

@@ -27,6 +27,13 @@ double Contrast(const QColor& one, const QColor& other) {
     return std::max(a, b) / std::min(a, b);
 }
 
+QStringList IconNames() {
+    const bool loaded = !OwnIcon("new").isNull();
+    QStringList names;
+    for (const QString& file : QDir(":/icons").entryList({"*.svg"}, QDir::Files)) names << file.chopped(4);
+    return loaded ? names : QStringList();
+}
+
 // The pixels of an icon that are fully inked.
 std::vector<QColor> InkOf(const QString& name) {
     const QImage image = OwnIcon(name).pixmap(48, 48).toImage().convertToFormat(QImage::Format_ARGB32);
