@@ -3,7 +3,8 @@
 
 #include <cstddef>
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+// The sanitizer's own; the header that declares it doesn't come with this compiler.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // NOLINT
 #else
 #include <malloc.h>
 #endif
