@@ -11,17 +11,15 @@
 namespace vellum::bench {
 namespace {
 
-// Far enough from both ends that a whole window lies around it, in the smallest page too.
-constexpr int leastOffset = 12500;
+// A whole window lies around the middle of a page of this size, which is the smallest.
+constexpr long leastSize = 25'000;
 
-// The caret in the middle of a page of so many kilobytes, or as near to it as a whole window fits, in the words of the
-// first line of plain text from there on: the scan then looks for everything, and finds the same kind of place. A
-// letter goes in each time, as when typing.
+// The caret in the middle of a page of so many kilobytes, in the words of the first line of plain text from there on:
+// the scan then looks for everything, and finds the same kind of place. A letter goes in each time, as when typing.
 void PlaceOfCaret(benchmark::State& state) {
     EditSurface surface;
-    surface.SetText(MakePage(state.range(0) * 1000));
-    const int middle = std::max(surface.Length() / 2, leastOffset);
-    surface.SetSelStart(surface.IndexOf(QStringLiteral("and so the story"), middle) + 4);
+    surface.SetText(MakePage(std::max(Kilobytes(state.range(0)), leastSize)));
+    surface.SetSelStart(surface.IndexOf(QStringLiteral("and so the story"), surface.Length() / 2) + 4);
     if (PosInfoAtCaret(surface).kind != PlaceKind::Plain) return state.SkipWithError("not in plain text");
     std::vector<double> seconds;
     for (auto _ : state) {

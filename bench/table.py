@@ -61,16 +61,15 @@ def main():
     print("\n".join(row(line, widths) for line in rows))
     missed = 0
     print()
+    wanted = {name for _, left, right, _, _ in RATIOS for name in (left, right)} | {name for _, name, *_ in LIMITS}
+    if missing := sorted(wanted - runs.keys()):
+        sys.exit("There is no run of " + ", ".join(missing))
     for title, left, right, key, goal in RATIOS:
-        if left not in runs or right not in runs:
-            continue
         ratio = runs[left][key] / runs[right][key]
         fine = ratio <= goal
         missed += not fine
         print(f"{title}: {ratio:.2f} (goal {goal}){'' if fine else '  MISSED'}")
     for title, name, key, unit, goal in LIMITS:
-        if name not in runs:
-            continue
         value = runs[name][key]
         fine = value <= goal
         missed += not fine

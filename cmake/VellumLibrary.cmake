@@ -25,12 +25,6 @@ function(vellum_library folder)
   endif()
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp
        ${PROJECT_SOURCE_DIR}/src/${folder}/*.h ${PROJECT_SOURCE_DIR}/src/${folder}/*.qrc)
-  if(NOT sources MATCHES "\\.cpp")
-    add_library(${library} INTERFACE) # a floor that nothing stands on yet
-    target_include_directories(${library} INTERFACE ${PROJECT_SOURCE_DIR}/src)
-    target_link_libraries(${library} INTERFACE ${ARG_LINKS})
-    return()
-  endif()
   add_library(${library} STATIC ${sources})
   # moc looks at the folder again when a header joins or leaves it, which it would not do by itself.
   set(headers ${sources})

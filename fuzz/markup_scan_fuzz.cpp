@@ -55,7 +55,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     constexpr std::size_t settings = 3;  // switches, and the range in parts of the text
     constexpr int parts = 256;
     if (size < settings) return 0;
-    const MarkupColors colors{.off = (data[0] & 1U) != 0, .aspBold = (data[0] & 2U) != 0};
+    const MarkupColors colors{.tables = 1,
+                              .frames = 2,
+                              .links = 3,
+                              .comments = 4,
+                              .other = 5,
+                              .asp = 6,
+                              .off = (data[0] & 1U) != 0,
+                              .aspBold = (data[0] & 2U) != 0};
     QString text =
         QString::fromLatin1(reinterpret_cast<const char*>(data + settings), static_cast<qsizetype>(size - settings));
     if ((data[0] & 4U) != 0) text = QString::fromUtf8(text.toLatin1());

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int linesOfContext = 4;  // above the caret's line after a step
 
-// An empty text form makes an empty text.
+// A text form that holds nothing stands for an empty text.
 void Show(EditSurface& surface, const SnapshotText& text, int caret) {
     if (const auto* const snapshot = std::get_if<EditSurface::Snapshot>(&text)) {
         surface.Restore(*snapshot);

@@ -24,7 +24,7 @@ public:
 
     EditSurface* const Text1;
     TagPopup* const picAttr;  // beside the caret
-    bool usingKeys = false;   // the typing run has its undo snapshot
+    bool usingKeys = false;   // the stretch of typing has its undo snapshot
     bool WordWrapOn = false;
 
     [[nodiscard]] const DocumentFile& File() const { return file_; }

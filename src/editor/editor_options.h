@@ -39,7 +39,7 @@ struct EditorOptions {
     std::int16_t RefreshRate = 0;  // seconds
 };
 
-// The settings as they are stored now. A color that is none falls back to the default of its key.
+// The settings as they are stored now. A colour out of range falls back to the default of its key.
 [[nodiscard]] EditorOptions ReadEditorOptions(const SettingsStore& settings);
 
 // The options in force, for everyone who looks or listens.

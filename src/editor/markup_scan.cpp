@@ -204,8 +204,9 @@ private:
     std::vector<FormatStep> steps_;
 };
 
-// Keeps what shows in the end. Text in one colour gives steps of one colour nothing to spare: a construct lies in plain
-// text, and the one that may begin within another, the "<" before a region's closing tag, is painted in any case.
+// Keeps what shows in the end. It needn't ask whether the range of a step has one colour: in a text of one colour a
+// construct lies in plain text, and the one that may begin within another, the "<" before a region's closing tag, is
+// painted in any case.
 class FormatCanvas {
 public:
     FormatCanvas(const MarkupColors& colors, const CharFormat& rest, qsizetype textLength)

@@ -16,14 +16,14 @@ namespace vellum {
 
 // The colours of the constructs, and the author's two switches.
 struct MarkupColors {
-    ColorNumber tables = 8388736;
-    ColorNumber frames = 192;
-    ColorNumber links = 8388608;
-    ColorNumber comments = 8421504;  // and the bodies of regions
-    ColorNumber other = 32768;       // and the opening tags of regions
-    ColorNumber asp = 6776628;
-    bool off = false;     // nothing takes a colour; tags are counted all the same
-    bool aspBold = true;  // server-side blocks are bold, with or without colours
+    ColorNumber tables = 0;
+    ColorNumber frames = 0;
+    ColorNumber links = 0;
+    ColorNumber comments = 0;  // and the bodies of regions
+    ColorNumber other = 0;     // and the opening tags of regions
+    ColorNumber asp = 0;
+    bool off = false;      // nothing takes a colour; tags are counted all the same
+    bool aspBold = false;  // server-side blocks are bold, with or without colours
 };
 
 struct MarkupScan {
@@ -37,7 +37,7 @@ struct MarkupScan {
 // A range of a text with CR LF at line ends, without the text around it.
 struct TextExcerpt {
     QStringView text;   // of the range and one character more, unless the whole text ends there
-    TextRange range;    // begins in the whole text
+    TextRange range;    // in the whole text
     int endOfText = 0;  // the length of the whole text
     // The offset in the whole text of the first match at or after one, without regard to case; -1 when there is none.
     // Asked for the closing tag of a region that isn't in `text`.

@@ -6,6 +6,7 @@
 #include "editor/place.h"
 #include "editor/tag_popup.h"
 #include "editor/workbench.h"
+#include "surface/document_text.h"
 
 namespace vellum {
 namespace {
@@ -13,9 +14,7 @@ namespace {
 // A surface has CR LF at every line end, while the clipboard and files bring others: with its own, the length of the
 // text is what goes in, and each line gets its indentation.
 QString WithSurfaceLineEnds(QString text) {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(u'\r', u'\n');
-    return text.replace(u'\n', QLatin1String("\r\n"));
+    return WithCrLf(WithLf(std::move(text)));
 }
 
 void WritePlain(Workbench& bench, EditSurface& surface, const QString& markup) {

@@ -13,7 +13,7 @@ constexpr QStringView tableTags =
     u"<TABLE<TD<TR<TFOOT<THEAD<COLGROUP<COL<TH<TBODY</TABLE</TD</TR</TFOOT</THEAD</COLGROUP</TH</TBODY";
 constexpr QStringView frameTags = u"<FRAMESET<FRAME<IFRAME<NOFRAMES</FRAMESET</IFRAME</NOFRAMES";
 
-// The lists hold nothing longer without a second "<", and a name without one can't be found in anything shorter.
+// Between two "<" the lists hold nothing longer, so a longer name is in none of them.
 constexpr int longestListedName = 10;
 
 constexpr int bitsPerCharacter = 7;

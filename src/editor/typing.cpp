@@ -15,7 +15,7 @@
 namespace vellum {
 namespace {
 
-// Keys that end a typing run: they move the caret, or do nothing to the text.
+// Keys that end a stretch of typing: they move the caret, or do nothing to the text.
 bool IsNavigationKey(int key) {
     static constexpr std::array keys{Qt::Key_Up,     Qt::Key_Down,    Qt::Key_PageUp, Qt::Key_PageDown,
                                      Qt::Key_Pause,  Qt::Key_Control, Qt::Key_Escape, Qt::Key_CapsLock,
@@ -177,7 +177,6 @@ void TypingAssist::KeyUp(int key, int /*shiftState*/) {
         return;
     }
     place_ = PosInfoAtCaret(*document_.Text1);
-    bench_.ShowStatus(StatusPanel::Line, NumberText(document_.Text1->GetLineFromChar(document_.Text1->SelStart()) + 1));
     if (IsScriptCaption(document_.Caption()) || key == Qt::Key_Shift) return;
     if (place_.kind == PlaceKind::Tag) {
         OfferInTag();

@@ -70,7 +70,6 @@ public:
     // Opens a file in a window of its own and counts it. When it can't be read, the window stays, blank, and `failure`
     // is shown.
     virtual void OpenInNewWindow(const QString& path, const QString& failure) = 0;
-    virtual void LoadPage(const QString& html) = 0;
 
 private:
     SharedOptions options_;

@@ -1,4 +1,4 @@
-// Reads the names in a folder without holding up the window, and again whenever the folder changes on disk.
+// Reads the names in a folder on a worker thread, and again whenever the folder changes on disk.
 #pragma once
 
 #include <QFileSystemWatcher>

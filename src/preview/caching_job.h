@@ -15,6 +15,7 @@ class Workbench;
 
 struct CachingJob {
     QString path = {};                  // of the file, which goes beside it when one of `documents` has it
+    QString substitute = {};            // the path that the file gets where that one can't be written
     QString text = {};                  // with any line ends; the file gets CR LF
     TextFormat format = {};             // of the document; the file gets its encoding
     QStringList documents = {};         // the captions of all open documents

@@ -83,8 +83,13 @@ bool WriteQuickly(const QString& path, const QByteArray& bytes, quint64 number) 
 
 // The path of the file, empty when it can't be written.
 QString Write(const CachingJob& job, quint64 number) {
-    QString path = PathBesideDocuments(job.path, job.documents);
-    return WriteQuickly(path, CachingBytes(job), number) ? path : QString();
+    const QByteArray bytes = CachingBytes(job);
+    for (const QString& wanted : {job.path, job.substitute}) {
+        if (wanted.isEmpty()) continue;
+        QString path = PathBesideDocuments(wanted, job.documents);
+        if (WriteQuickly(path, bytes, number)) return path;
+    }
+    return {};
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Writes caching files. A file is replaced as a whole, and of two writes of the same file the one ordered last stays.
-// Nothing is forced to the disk, because a caching file that is lost in a power cut is made anew.
+// A plain file isn't forced to the disk, because a caching file that is lost in a power cut is made anew.
 #pragma once
 
 #include "preview/caching_job.h"

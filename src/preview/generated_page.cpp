@@ -11,21 +11,19 @@
 namespace vellum {
 namespace {
 
-// The path of the page on disk; empty when it can't be written anywhere. A person can read the manual even when the
-// website directory takes no files.
-QString WritePage(Workbench& workbench, const QString& html) {
+// A person can read the manual even when the website directory takes no files.
+CachingJob PageJob(Workbench& workbench, const QString& html) {
+    static const QTemporaryDir folder;
     CachingJob job = WebsiteJob(workbench, html, {});
-    if (QString path = WriteCachingFile(job); !path.isEmpty()) return path;
-    static const QTemporaryDir substitute;
-    job.path = substitute.filePath(QStringLiteral("caching.htm"));
-    return WriteCachingFile(job);
+    job.substitute = folder.filePath(QStringLiteral("caching.htm"));
+    return job;
 }
 
 }  // namespace
 
 void LoadPage(Workbench& workbench, const QString& html) {
     if (!workbench.UsePreview()) {
-        const QString path = WritePage(workbench, html);
+        const QString path = WriteCachingFile(PageJob(workbench, html));
         if (!path.isEmpty()) ShowInFirstBrowser(workbench, path);
         return;
     }
@@ -35,8 +33,7 @@ void LoadPage(Workbench& workbench, const QString& html) {
 }
 
 void ShowPageIn(Workbench& workbench, PreviewPipeline& pipeline, const QString& html) {
-    const QString path = WritePage(workbench, html);
-    if (!path.isEmpty()) pipeline.ShowFile(path);
+    pipeline.ShowLater(WriteCachingFileLater(PageJob(workbench, html)));
 }
 
 }  // namespace vellum

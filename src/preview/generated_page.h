@@ -12,8 +12,8 @@ class Workbench;
 // text changes. Opens a document when there is none. A session without previews shows it in the first external browser.
 void LoadPage(Workbench& workbench, const QString& html);
 
-// The same in the preview of one window, active or not, which is visible afterwards unless the page can't be written
-// anywhere.
+// The same in the preview of one window, active or not. It is visible once the page is written, unless it can't be
+// written anywhere.
 void ShowPageIn(Workbench& workbench, PreviewPipeline& pipeline, const QString& html);
 
 }  // namespace vellum

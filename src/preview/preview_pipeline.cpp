@@ -16,8 +16,9 @@
 namespace vellum {
 namespace {
 
-// Milliseconds; for a RefreshRate that gives no interval.
+// Milliseconds.
 constexpr int designInterval = 7000;
+constexpr std::int16_t second = 1000;
 
 }  // namespace
 
@@ -29,9 +30,7 @@ PreviewPipeline::PreviewPipeline(Workbench& workbench, Document& document, Brows
       autoPreview_(autoPreview),
       timer_(new QTimer(&document)) {
     timer_->setObjectName("Timer2");
-    timer_->setInterval(designInterval);
-    const auto interval = MultiplyInt16(workbench_.Options()->RefreshRate, 1000);
-    if (interval && *interval > 0) timer_->setInterval(*interval);
+    SetRefreshRate(workbench_.Options()->RefreshRate);
     connect(timer_, &QTimer::timeout, this, &PreviewPipeline::Refresh);
     connect(&watcher_, &QFutureWatcherBase::finished, this, &PreviewPipeline::Written);
     connect(document_.Text1, &EditSurface::Changed, this, [this] {
@@ -41,8 +40,9 @@ PreviewPipeline::PreviewPipeline(Workbench& workbench, Document& document, Brows
     timer_->start();
 }
 
-void PreviewPipeline::SetInterval(int milliseconds) {
-    timer_->setInterval(milliseconds);
+void PreviewPipeline::SetRefreshRate(std::int16_t seconds) {
+    const auto interval = MultiplyInt16(seconds, second);
+    timer_->setInterval(interval && *interval > 0 ? *interval : designInterval);
 }
 
 void PreviewPipeline::Refresh() {
@@ -60,14 +60,22 @@ void PreviewPipeline::PreviewNow() {
     }
 }
 
-void PreviewPipeline::ShowFile(const QString& path) {
+void PreviewPipeline::ShowLater(const QFuture<QString>& page) {
     Stop();
-    browser_.show();
-    browser_.Navigate(path);
+    auto* const watcher = new QFutureWatcher<QString>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, stops = stops_] {
+        watcher->deleteLater();
+        const QString path = watcher->result();
+        if (path.isEmpty() || stops != stops_) return;
+        browser_.show();
+        browser_.Navigate(path);
+    });
+    watcher->setFuture(page);
 }
 
 void PreviewPipeline::Stop() {
     timer_->stop();
+    ++stops_;
     again_ = false;
     if (writing_) writing_->forgotten = true;
 }

@@ -1,10 +1,12 @@
 // The live preview: writes a document's text to its caching file and sends the document's browser there.
 #pragma once
 
+#include <QFuture>
 #include <QFutureWatcher>
 #include <QObject>
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 
 class QAbstractButton;
@@ -27,8 +29,9 @@ public:
     PreviewPipeline(Workbench& workbench, Document& document, BrowserSurface& browser,
                     const QAbstractButton& autoPreview);
 
-    // The timer's interval, which is RefreshRate until this is called.
-    void SetInterval(int milliseconds);
+    // Seconds between refreshes, which is RefreshRate until this is called. A rate that gives no interval is taken for
+    // the one of a window that knows no settings yet.
+    void SetRefreshRate(std::int16_t seconds);
 
     // Shows the text as it is now; each tick of the timer calls it. The timer stops when the file is written and the
     // text hasn't changed since. When the file can't be written, it runs on, and nothing is said.
@@ -37,8 +40,9 @@ public:
     // The same for tab 1, whether `autoPreview` is checked or not. A failure is told: "Trouble with IE".
     void PreviewNow();
 
-    // Shows another file until the text changes. What is being written now will not be shown.
-    void ShowFile(const QString& path);
+    // Shows the file that is being written to that path, until the text changes; nothing when the path is empty. What
+    // else is being written now will not be shown.
+    void ShowLater(const QFuture<QString>& page);
 
     // Stops the timer, and doesn't show what is being written now.
     void Stop();
@@ -66,6 +70,7 @@ private:
     QTimer* const timer_;
     QFutureWatcher<QString> watcher_;  // its result is the path of the file
     std::optional<Order> writing_;
+    int stops_ = 0;       // how often it was stopped
     bool again_ = false;  // tab 1 was asked for while a file was being written
 };
 

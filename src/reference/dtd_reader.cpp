@@ -190,26 +190,22 @@ QString DtdReading::ExpandedAttlist(QString attText) {
     return attText;
 }
 
-void ReadBranch(ReferenceTree& tree, int& nodeIndex, const QString& text, int parentIndex, const CaptionHook& caption) {
-    nodeIndex = DtdReading(tree, nodeIndex, text, parentIndex, caption).Run();
-}
-
 }  // namespace
 
 int AddDtDText(ReferenceTree& tree, int& nodeIndex, const QString& dtdText, int parentIndex, const QString& title,
                const CaptionHook& caption) {
     tree.AddRoot(NodeKind::DocumentType, title);
-    ReadBranch(tree, nodeIndex, dtdText, parentIndex, caption);
+    nodeIndex = DtdReading(tree, nodeIndex, dtdText, parentIndex, caption).Run();
     return nodeIndex;
 }
 
 int AddDtD(ReferenceTree& tree, int& nodeIndex, const QString& dtdPath, int parentIndex, const QString& title,
            const CaptionHook& caption) {
+    if (const std::optional<LoadedText> loaded = ReadTextFile(dtdPath)) {
+        return AddDtDText(tree, nodeIndex, loaded->text, parentIndex, title, caption);
+    }
     tree.AddRoot(NodeKind::DocumentType, title);
-    const std::optional<LoadedText> loaded = ReadTextFile(dtdPath);
-    if (!loaded) throw ReadingFailed("the file can't be read");
-    ReadBranch(tree, nodeIndex, loaded->text, parentIndex, caption);
-    return nodeIndex;
+    throw ReadingFailed("the file can't be read");
 }
 
 }  // namespace vellum

@@ -28,8 +28,8 @@ QString Normalised(const QString& raw) {
     return text;
 }
 
-// Such a name can reach neither over the end of a word nor into another declaration or a value, so ending its heads
-// makes or breaks no other match and changes no value that doesn't hold a whole head.
+// A search for such a name matches within one word only. So putting an end to the heads that hold it neither makes nor
+// breaks another match, and changes no value but one that holds a whole head.
 bool IsWord(QStringView name) {
     return std::ranges::none_of(name, [](QChar c) { return QStringView(u" \r\n<\"").contains(c); });
 }

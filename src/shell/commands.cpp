@@ -17,7 +17,11 @@ void Execute(const Command& command, MDIform1& window) {
 
 void Connect(QAction& item, const Command& command, MDIform1& window) {
     QObject::connect(&item, &QAction::triggered, &window, [&window, command] { Execute(command, window); });
-    if (command.needsDocument) QObject::connect(&window, &MDIform1::DocumentsOpen, &item, &QAction::setEnabled);
+    if (command.needs == Needs::Document) {
+        QObject::connect(&window, &MDIform1::DocumentsOpen, &item, &QAction::setEnabled);
+    } else if (command.needs == Needs::Preview) {
+        item.setEnabled(window.UsePreview());
+    }
 }
 
 }  // namespace vellum

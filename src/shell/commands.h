@@ -1,5 +1,5 @@
-// Every command of the program, once: what it does, and whether it is off while no document is open. Menus, bars, popup
-// menus and keys only name the commands that stand here.
+// Every command of the program, once: what it does, and when it is off. Menus, bars, popup menus and keys only name the
+// commands that stand here; the keys of undo and of the clipboard are the editor's own (editor/typing).
 #pragma once
 
 #include "editor/text_commands.h"
@@ -24,10 +24,14 @@ class QAction;
 
 namespace vellum {
 
+// What a command is off without: an open document, or a session with previews. One that stands only in menus and bars
+// that are off themselves needs no mark.
+enum class Needs { Nothing, Document, Preview };
+
 // One of three: a function, a tag pair, or nothing at all, where a tool has yet to come.
 struct Command {
     void (*run)(MDIform1& window) = nullptr;
-    bool needsDocument = false;  // one in a menu that is off needs no mark of its own
+    Needs needs = Needs::Nothing;
     const char* open = nullptr;  // goes before the selection, or in its place when `close` is empty
     const char* close = "";
 };
@@ -40,28 +44,26 @@ void Connect(QAction& item, const Command& command, MDIform1& window);
 
 namespace commands {
 
-inline constexpr bool needsDocument = true;
-
 [[nodiscard]] constexpr Command Tags(const char* open, const char* close = "") {
-    return {nullptr, false, open, close};
+    return {nullptr, Needs::Nothing, open, close};
 }
 template <typename Tool>
 [[nodiscard]] constexpr Command Open() {
     return {[](MDIform1& window) { ShowTool<Tool>(window); }};
 }
 inline constexpr Command later{};
-inline constexpr Command laterForDocuments{nullptr, needsDocument};
+inline constexpr Command laterForDocuments{nullptr, Needs::Document};
 
 // Files
 inline constexpr Command newPage{[](MDIform1& window) { ShowNewWizards(window); }};
 inline constexpr Command openPages{[](MDIform1& window) { window.Files().Open(); }};
 template <int slot>
 inline constexpr Command openRecent{[](MDIform1& window) { window.Files().OpenRecent(slot); }};
-inline constexpr Command closePage{[](MDIform1& window) { window.documents.CloseActive(); }, needsDocument};
-inline constexpr Command closeAllPages{[](MDIform1& window) { window.documents.CloseAll(); }, needsDocument};
-inline constexpr Command savePage{[](MDIform1& window) { window.Files().Save(); }, needsDocument};
-inline constexpr Command savePageAs{[](MDIform1& window) { window.Files().SaveAs(); }, needsDocument};
-inline constexpr Command printPage{[](MDIform1& window) { window.Files().Print(); }, needsDocument};
+inline constexpr Command closePage{[](MDIform1& window) { window.documents.CloseActive(); }, Needs::Document};
+inline constexpr Command closeAllPages{[](MDIform1& window) { window.documents.CloseAll(); }, Needs::Document};
+inline constexpr Command savePage{[](MDIform1& window) { window.Files().Save(); }, Needs::Document};
+inline constexpr Command savePageAs{[](MDIform1& window) { window.Files().SaveAs(); }, Needs::Document};
+inline constexpr Command printPage{[](MDIform1& window) { window.Files().Print(); }, Needs::Document};
 inline constexpr Command quit{[](MDIform1& window) { window.close(); }};
 
 // Text
@@ -77,7 +79,7 @@ inline constexpr Command upperCase{[](MDIform1& window) { UpperCaseMarkup(window
 inline constexpr Command lowerCase{[](MDIform1& window) { LowerCaseMarkup(window); }};
 inline constexpr Command wrapLines{ToggleWordWrap};
 inline constexpr Command goToLine{[](MDIform1& window) { GoToLine(window); }};
-inline constexpr Command colorCode{[](MDIform1& window) { window.Smartcolor(); }, needsDocument};
+inline constexpr Command colorCode{[](MDIform1& window) { window.Smartcolor(); }, Needs::Document};
 
 // Tags that stand in more than one place
 inline constexpr Command center = Tags("<center>", "</center>");
@@ -125,7 +127,7 @@ inline constexpr Command specialEffects = later;
 inline constexpr Command styleSheet = later;
 inline constexpr Command tableBuilder = later;
 inline constexpr Command orbiter = later;
-inline constexpr Command visualEditor{EditVisually};
+inline constexpr Command visualEditor{EditVisually, Needs::Preview};
 
 // The window
 template <int region>
@@ -136,10 +138,10 @@ template <int step>
 inline constexpr Command stepPane{[](MDIform1& window) { window.StepPane(step); }};
 template <int step>
 inline constexpr Command stepDocument{[](MDIform1& window) { StepDocument(window, step); }};
-inline constexpr Command settings{ShowSettings, needsDocument};
+inline constexpr Command settings{ShowSettings, Needs::Document};
 
 // The website
-inline constexpr Command linkToFile{[](MDIform1& window) { window.Website().LinkToFile(); }, needsDocument};
+inline constexpr Command linkToFile{[](MDIform1& window) { window.Website().LinkToFile(); }, Needs::Document};
 inline constexpr Command renameFile{[](MDIform1& window) { window.Website().RenameFile(); }};
 inline constexpr Command deleteFile{[](MDIform1& window) { window.Website().DeleteFile(); }};
 inline constexpr Command fileProperties{[](MDIform1& window) { window.Website().ShowProperties(); }};
@@ -150,7 +152,7 @@ inline constexpr Command findFiles{[](MDIform1& window) { window.Website().FindF
 // Other programs, and help
 template <int browser>
 inline constexpr Command externalBrowser{[](MDIform1& window) { OpenInExternalBrowser(window, browser); },
-                                         needsDocument};
+                                         Needs::Document};
 inline constexpr Command calculator{[](MDIform1& window) { StartAccessory(window, "calc.exe"); }};
 inline constexpr Command characterMap{[](MDIform1& window) { StartAccessory(window, "charmap.exe"); }};
 inline constexpr Command clipboardViewer{[](MDIform1& window) { StartAccessory(window, "clipbrd.exe"); }};

@@ -17,7 +17,6 @@ DocumentWindow::DocumentWindow(Workbench& workbench, QWidget* parent)
     : Document(workbench, parent), lblFormat_(new QLabel(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setMouseTracking(true);
-    setFocusProxy(Text1);
     Text1->setMouseTracking(true);
     Text1->viewport()->setMouseTracking(true);
     Text1->installEventFilter(this);

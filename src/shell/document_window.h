@@ -23,7 +23,7 @@ public:
     // Shows a text that a crash left behind.
     void Recover(const RecoveredText& lost);
 
-    // Lays the window out and puts the selection's start back.
+    // Lays the window out and puts the selection back.
     void ResizeMe() final;
 
 signals:
@@ -46,10 +46,9 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    // What that label needs at the font's size, in pixels.
-    [[nodiscard]] int FormatHeight() const;
-
     QLabel* const lblFormat_;  // how the file spells its text; stands in the strip below the editor
+    // What lblFormat_ needs at the font's size, in pixels.
+    [[nodiscard]] int FormatHeight() const;
 
 private:
     void ShowFile();  // its path and format

@@ -1,5 +1,6 @@
 #include "shell/layout.h"
 
+#include "surface/edit_surface.h"
 #include "values/number_rules.h"
 
 #include <algorithm>

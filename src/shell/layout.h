@@ -46,9 +46,7 @@ struct WindowSize {
     int activeHeight = 0;
 };
 
-// A right margin that no line reaches.
-inline constexpr int noWrapMargin = 1000000;
-
+// The right margin in twips; noWrapMargin where nothing is to wrap.
 [[nodiscard]] int RightMarginFor(bool wordWrap, int textWidth);
 
 // Each takes the layout that stands and gives the one for `size`; where the window is too small for a step, that step's

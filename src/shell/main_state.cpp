@@ -77,18 +77,18 @@ void RestoreView(MainRegions& window, const SettingsStore& settings) {
     window.SetPanelHeight(LengthSetting(settings, keys::pic11Height));
 }
 
-// A place that has gone ends it, and leaves the panel at the program's own directory.
+// Where one of them has gone, the panel stays at the program's own directory.
 void RestoreWebsite(WebsitePanel& panel, const SettingsStore& settings) {
     const QString own = OwnDirectory();
-    panel.SetDirectory(own);
-    panel.SetFilePath(own);
     const auto place = [&](const SettingKey& key) {
         const QString stored = ReadSetting(settings, key);
         return stored.isEmpty() ? own : stored;
     };
-    if (!panel.SetDrive(place(keys::drive))) return;
-    if (!panel.SetDirectory(place(keys::director))) return;
-    panel.SetFilePath(place(keys::filePath));
+    const bool restored = panel.SetDrive(place(keys::drive)) && panel.SetDirectory(place(keys::director)) &&
+                          panel.SetFilePath(place(keys::filePath));
+    if (restored) return;
+    panel.SetDirectory(own);
+    panel.SetFilePath(own);
 }
 
 void WritePlace(const QWidget& window, SettingsStore& settings) {

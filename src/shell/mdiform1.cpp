@@ -2,7 +2,6 @@
 
 #include "editor/document.h"
 #include "files/paths.h"
-#include "preview/generated_page.h"
 #include "preview/preview_pipeline.h"
 #include "reference/add_tags.h"
 #include "settings/settings_keys.h"
@@ -54,7 +53,7 @@ void Replace(QListWidget& list, const QStringList& entries) {
     list.addItems(entries);
 }
 
-// What a double click in the website panel puts into the page.
+// What the website panel puts into the page: the first two by a double click, the link by the right button.
 FileTools MakeFileTools(Workbench& bench) {
     return {[&bench](const QString& path) { ShowTool<frmGraphics>(bench, GraphicsOf(path)); },
             [&bench](const QString& path) {
@@ -122,7 +121,6 @@ void MDIform1::Load(const QString& commandLine, const std::function<void()>& spl
     AddTags();
     splashDone();
     ShowLaidOut();
-    if (QAction* item = Item("mnuVisualItem"); item && !usePreview_) item->setEnabled(false);
     documents.Open({.path = commandLine, .isFirst = true});
     SetHint({});
     // What was lost comes before the tips, which keep away from a page that has text.
@@ -176,11 +174,10 @@ void MDIform1::ApplyEditorFont(const QString& family, const QString& pointSize) 
 
 // Only the active window takes the new font and period; the others keep theirs until they are opened anew.
 void MDIform1::FollowOptions() {
-    constexpr int millisecondsInSecond = 1000;
     const EditorOptions& options = Options().Now();
     ApplyEditorFont(options.EditorFontName, options.EditorFontSize);
     if (auto* document = qobject_cast<Form16*>(ActiveDocument())) {
-        document->Pipeline().SetInterval(options.RefreshRate * millisecondsInSecond);
+        document->Pipeline().SetRefreshRate(options.RefreshRate);
     }
 }
 
@@ -207,10 +204,6 @@ void MDIform1::WireDocument(DocumentWindow* window) {
     connect(window->Text1, &EditSurface::Changed, this, showFacts);
     connect(window->Text1, &EditSurface::SelChanged, this, showFacts);
     connect(window, &Document::SaverChanged, this, showFacts);
-}
-
-void MDIform1::LoadPage(const QString& html) {
-    vellum::LoadPage(*this, html);
 }
 
 void MDIform1::ShowDocumentFacts(const Document& document) {

@@ -45,7 +45,6 @@ public:
     const ReferenceTree& References() const override { return references_; }
     Document* NewForm() override;
     void OpenInNewWindow(const QString& path, const QString& failure) override;
-    void LoadPage(const QString& html) override;
 
     // SettingsTarget
     void SetImageTypes(const QStringList& types) override;

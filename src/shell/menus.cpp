@@ -14,14 +14,15 @@ enum class ItemTrait {
     None,
     Unchecked,  // has a check mark, which is off at first
     Checked,
-    EditorsKey,  // the shortcut is the editor's own: the item shows it and leaves the key alone
+    ForDocuments,  // a menu that is off while no document is open
+    EditorsKey,    // the shortcut is the editor's own: the item shows it and leaves the key alone
 };
 
 struct MenuEntry {
     int depth;            // 0: a menu of the bar; 1: an item of it; 2: an item of the submenu before it
     const char* name;     // the item's object name; a member of an array has its index, as in "mnuRecents(0)"
     const char* caption;  // "-" is a separator
-    Command command{};    // of a menu, only whether it is off counts
+    Command command{};    // of a menu none
     const char* shortcut = "";
     ItemTrait trait = ItemTrait::None;
 };
@@ -57,7 +58,7 @@ constexpr MenuEntry table[] = {
     {1, "", "-"},
     {1, "mnuExitItem", "E&xit", quit, "Ctrl+Q"},
 
-    {0, "mnuEdit", "&Edit", laterForDocuments},
+    {0, "mnuEdit", "&Edit", {}, "", ForDocuments},
     {1, "mnuUndoItem", "&Undo", undo, "Ctrl+Z", EditorsKey},
     {1, "mnuRedoItem", "Redo", redo, "Ctrl+R", EditorsKey},
     {1, "", "-"},
@@ -76,7 +77,7 @@ constexpr MenuEntry table[] = {
     {1, "mnuWrapItem", "Word Wrap", wrapLines, "", Unchecked},
     {1, "mnuLineItem", "Goto Line...", goToLine, "Ctrl+G"},
 
-    {0, "mnuHTMLbasic", "&XHTML", laterForDocuments},
+    {0, "mnuHTMLbasic", "&XHTML", {}, "", ForDocuments},
     {1, "mnuPItem", "&Paragraph <p></p>", paragraph},
     {1, "mnuBRItem", "&Line Break <br />", lineBreak},
     {1, "mnuHRItem", "Horizontal &Rule <hr />", Tags("<hr />")},
@@ -104,7 +105,7 @@ constexpr MenuEntry table[] = {
     {2, "mnuListDefTermItem", "Defintion List Term <dt></dt>", Tags("<dt>", "</dt>")},
     {2, "mnuListDefDeftem", "Definition List Definition <dd></dd>", Tags("<dd>", "</dd>")},
 
-    {0, "mnuTools", "&Tools", laterForDocuments},
+    {0, "mnuTools", "&Tools", {}, "", ForDocuments},
     {1, "mnuAM", "A - J"},
     {2, "mnuAnchorItem", "&Anchor...", anchor},
     {2, "mnuASPItem", "A&SP...", asp},
@@ -158,7 +159,7 @@ constexpr MenuEntry table[] = {
 
     {0, "mnuHelp", "Hel&p"},
     {1, "mnuManualItem", "&Online Manual", manual, "F1"},
-    {1, "mnuTutorialItem", "XHTML Tutorial", laterForDocuments},
+    {1, "mnuTutorialItem", "XHTML Tutorial", {}, "", ForDocuments},
     {2, "mnuLessonItem(0)", "Lesson 1 (The Structure)", later},
     {2, "mnuLessonItem(1)", "Lesson 2 (The Basic Tags)", later},
     {2, "mnuLessonItem(2)", "Lesson 3 (Formatting Tags)", later},
@@ -190,7 +191,9 @@ void AddItem(QMenu& menu, const MenuEntry& entry, MDIform1& window) {
 
 QMenu* AddMenu(QMenu& menu, const MenuEntry& entry, MDIform1& window) {
     menu.menuAction()->setObjectName(entry.name);
-    Connect(*menu.menuAction(), entry.command, window);
+    if (entry.trait == ForDocuments) {
+        QObject::connect(&window, &MDIform1::DocumentsOpen, menu.menuAction(), &QAction::setEnabled);
+    }
     return &menu;
 }
 

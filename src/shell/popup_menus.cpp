@@ -52,7 +52,7 @@ constexpr PanelItem directoryItems[] = {
     {"popDirectoryRefresh", "&Refresh Directory", commands::refreshDirectory, Qt::Key_F5},
 };
 
-// The key that means Enter too on the other block of keys.
+// Return also means the Enter key of the keypad.
 QList<QKeySequence> KeysOf(QKeyCombination key) {
     if (key.key() == Qt::Key_unknown) return {};
     if (key.key() != Qt::Key_Return) return {key};

@@ -4,10 +4,6 @@
 
 namespace vellum {
 
-bool RecentFileList::IsEmpty() const {
-    return std::all_of(slots_.begin(), slots_.end(), [](const QString& slot) { return slot.isEmpty(); });
-}
-
 bool RecentFileList::Add(const QString& path) {
     if (std::find(slots_.begin(), slots_.end(), path) != slots_.end()) return false;
     std::move_backward(slots_.begin(), slots_.end() - 1, slots_.end());

@@ -14,7 +14,6 @@ public:
     // Slot 0 is the newest; an empty string is an empty slot.
     [[nodiscard]] const QString& Slot(int index) const { return slots_.at(static_cast<std::size_t>(index)); }
     void SetSlot(int index, const QString& path) { slots_.at(static_cast<std::size_t>(index)) = path; }
-    [[nodiscard]] bool IsEmpty() const;
 
     // Puts a path in front and drops the oldest. A path that is listed already, compared with case, changes nothing;
     // tells whether anything changed.

@@ -38,19 +38,20 @@ inline constexpr int externalBrowserCount = 3;
 // The tag colours in the order of the dialog's swatches.
 enum TagColor { tablesTag, framesTag, linksTag, commentsTag, aspTag, otherTag, tagColorCount };
 
+// The defaults stand with the keys of the settings and nowhere else.
 struct SettingsFields {
     QString fontSize;
     QString fontName;
     ColorNumber foreColor = 0;
-    ColorNumber backColor = 0xFFFFFF;
+    ColorNumber backColor = 0;
     bool wordWrap = false;
-    bool autoTab = true;
-    bool popupTag = true;
+    bool autoTab = false;
+    bool popupTag = false;
     bool lowerCase = false;  // read, shown nowhere, never written
 
     bool colorCodingOff = false;
     std::array<ColorNumber, tagColorCount> tagColors{};
-    bool aspBold = true;
+    bool aspBold = false;
 
     QStringList documentTypes;
     QStringList imageTypes;
@@ -63,21 +64,21 @@ struct SettingsFields {
     QString ftpUserName;
     QString ftpPassword;
 
-    bool autoCase = true;
+    bool autoCase = false;
     bool autoQuote = false;
-    bool autoEmptySlash = true;
+    bool autoEmptySlash = false;
 
     int xhtmlVariant = 0;  // 0 Transitional, 1 Strict, 2 Frameset
     bool dtdMath = false;  // written, but never read back
-    bool dtdSmil = true;
+    bool dtdSmil = false;
     bool dtdSvg = false;
-    bool dtdOpen = true;
+    bool dtdOpen = false;
     bool dtdWml = false;
     bool dtdX3d = false;
 
     std::array<QString, externalBrowserCount> browsers;
     QString refreshRate;  // as typed
-    bool splitVertical = true;
+    bool splitVertical = false;
     QString editPercent;  // as typed
 };
 

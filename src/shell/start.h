@@ -39,14 +39,14 @@ public:
     QTimer* const timAnimation;
     QTimer* const Timer1;
     QTimer* const Timer2;
-    QListWidget* const List6;  // the installed fonts, read by the main window
+    QListWidget* const List6;  // the fonts that the session knows
     QLabel* const lblmessage;
     QLabel* const Label1;
     QLabel* const Label2;
     QLabel* const lblX;
     QLabel* const lblX2;
 
-    // Shows the form and starts the preparation; Loaded follows when the animation has ended.
+    // Shows the form and starts the preparation; Ready follows when the animation has ended.
     void Load();
     [[nodiscard]] QStringList FontNames() const;
 

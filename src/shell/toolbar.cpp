@@ -88,7 +88,8 @@ void MainToolbar::Connect(MDIform1& window) {
         QToolButton* const button = Button(design.array, design.index);
         connect(button, &QToolButton::clicked, &window,
                 [&window, command = design.command] { Execute(command, window); });
-        if (design.command.needsDocument) connect(&window, &MDIform1::DocumentsOpen, button, &QWidget::setEnabled);
+        if (design.command.needs == Needs::Document)
+            connect(&window, &MDIform1::DocumentsOpen, button, &QWidget::setEnabled);
     }
 }
 

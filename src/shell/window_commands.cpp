@@ -4,6 +4,7 @@
 #include "help/didyouknow.h"
 #include "help/frm_about.h"
 #include "help/manual.h"
+#include "preview/generated_page.h"
 #include "settings/settings_keys.h"
 #include "shell/commands.h"
 #include "shell/form16.h"
@@ -88,7 +89,7 @@ void StartAccessory(MDIform1& window, const QString& program) {
 }
 
 void ShowManual(MDIform1& window) {
-    window.LoadPage(ManualPage());
+    LoadPage(window, ManualPage());
 }
 
 void ShowTips(MDIform1& window) {

@@ -17,7 +17,7 @@ void Composition::EndChange(const QTextCursor& place) {
     changes_ = false;
 }
 
-// The toolkit takes what is being composed for text when it looks for a place beside it, and finds none that there is.
+// While something is composed, the toolkit counts it as text and looks for positions that the document doesn't have.
 void Composition::End(bool commits) {
     if (changes_ || place_.isNull()) return;
     QInputMethod& method = *QGuiApplication::inputMethod();

@@ -85,6 +85,11 @@ TextRange SelectedRange(const QTextCursor& cursor) {
     return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
 }
 
+QString WithLf(QString text) {
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return text.replace(u'\r', u'\n');
+}
+
 QString WithCrLf(const QString& text) {
     const auto lineEnds = text.count(u'\n');
     if (lineEnds == 0) return text;

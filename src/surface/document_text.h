@@ -34,6 +34,9 @@ void MarkStandIns(QTextDocument& document, int position, const DocumentText& ins
 // The positions that are selected; where the cursor stands when none is.
 [[nodiscard]] TextRange SelectedRange(const QTextCursor& cursor);
 
+// `text` with line ends of any kind, with "\n" instead.
+[[nodiscard]] QString WithLf(QString text);
+
 // `text` with "\n" line ends, with CR LF instead.
 [[nodiscard]] QString WithCrLf(const QString& text);
 

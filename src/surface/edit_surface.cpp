@@ -1,5 +1,6 @@
 #include "surface/edit_surface.h"
 
+#include "settings/settings_keys.h"
 #include "surface/composition.h"
 #include "surface/document_text.h"
 #include "surface/format_layouts.h"
@@ -26,12 +27,6 @@
 #include <cmath>
 
 namespace vellum {
-namespace {
-
-constexpr int tabColumns = 4;
-constexpr int noWrapMargin = 1000000;  // twips; from here on nothing wraps
-
-}  // namespace
 
 // What the surface is made of; what stands further down uses what stands before it.
 struct EditSurface::Private {
@@ -67,7 +62,7 @@ EditSurface::EditSurface(QWidget* parent) : QPlainTextEdit(parent), d_(std::make
         // It went without a key, which would have taken the snapshot.
         if (auto* const handlers = d_->input.Handlers()) static_cast<void>(handlers->KeyDown(Qt::Key_unknown, 0, true));
     });
-    SetEditorFont(QStringLiteral("Courier New"), QStringLiteral("8.5"));
+    SetEditorFont(keys::fontName.fallback.toString(), keys::fontSize.fallback.toString());
     ApplyColors();
 }
 

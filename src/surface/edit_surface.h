@@ -19,6 +19,9 @@ namespace vellum {
 
 class SurfaceHandlers;
 
+// A right margin in twips from which on nothing wraps.
+inline constexpr int noWrapMargin = 1000000;
+
 class EditSurface : public QPlainTextEdit {
     Q_OBJECT
 public:
@@ -98,7 +101,7 @@ public:
     void PlaceCaretLine(int linesAbove);
 
     // In twips from the left edge of the text; lines wrap there, or at the surface's edge when that is nearer. From
-    // 1000000 on nothing wraps.
+    // noWrapMargin on nothing wraps.
     void SetRightMargin(int twips);
     [[nodiscard]] int RightMargin() const;
 

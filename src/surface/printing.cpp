@@ -1,6 +1,8 @@
 #include "surface/printing.h"
 
+#include "files/file_errors.h"
 #include "surface/edit_surface.h"
+#include "surface/surface_look.h"
 
 #include <QCoreApplication>
 #include <QFontMetricsF>
@@ -37,7 +39,6 @@ public:
           bottom_(paper.height() - top_),
           font_(surface.document()->defaultFont(), painter.device()),
           y_(top_) {
-        constexpr int tabColumns = 4;
         option_.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         option_.setTabStopDistance(tabColumns * QFontMetricsF(font_, painter.device()).horizontalAdvance(u' '));
         painter_.setPen(OnPaper(ColorFromNumber(surface.ForeColor())));
@@ -93,10 +94,6 @@ private:
     qreal y_;
 };
 
-void Explain(QString* error, const QString& sentence) {
-    if (error != nullptr) *error = sentence;
-}
-
 }  // namespace
 
 bool PaintPages(const EditSurface& surface, QPainter& painter, const QSizeF& paper,
@@ -120,14 +117,14 @@ bool PrintSurface(const EditSurface& surface, QPrinter& printer) {
 bool PrintToDefaultPrinter(const EditSurface& surface, const QString& title, QString* error) {
     const QPrinterInfo info = QPrinterInfo::defaultPrinter();
     if (info.isNull()) {
-        Explain(error, QCoreApplication::translate("Printing", "Nothing was printed: there is no default printer."));
+        Say(error, QCoreApplication::translate("Printing", "Nothing was printed: there is no default printer."));
         return false;
     }
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setDocName(title);
     if (PrintSurface(surface, printer)) return true;
-    Explain(error, QCoreApplication::translate("Printing", "The printer \"%1\" doesn't take the text.")
-                       .arg(info.description().isEmpty() ? info.printerName() : info.description()));
+    Say(error, QCoreApplication::translate("Printing", "The printer \"%1\" doesn't take the text.")
+                   .arg(info.description().isEmpty() ? info.printerName() : info.description()));
     return false;
 }
 

@@ -24,7 +24,8 @@ bool PrintSurface(const EditSurface& surface, QPrinter& printer);
 bool PaintPages(const EditSurface& surface, QPainter& painter, const QSizeF& paper,
                 const std::function<bool()>& newPage);
 
-// The same on the default printer and without a dialog. False, with a sentence in *error, when there is no printer.
+// The same on the default printer and without a dialog. False, with a sentence in *error, when there is no printer or
+// it refuses.
 bool PrintToDefaultPrinter(const EditSurface& surface, const QString& title, QString* error);
 
 }  // namespace vellum

@@ -37,7 +37,7 @@ bool IsOneCharacter(const QString& text) {
     return (length == 1 && text.at(0).isPrint()) || (length == 2 && text.at(0).isHighSurrogate());
 }
 
-// Modifiers that make no other key of one: where it stands, and a held AltGr, which typing braces leaves behind.
+// Modifiers that don't count: a key of the keypad is the same key, and AltGr may still be held after a brace.
 constexpr Qt::KeyboardModifiers noModifiers = Qt::KeypadModifier | Qt::GroupSwitchModifier;
 
 // The toolkit types the digits of the keypad although Ctrl is held.

@@ -1,6 +1,8 @@
 #include "surface/surface_look.h"
 
+#include "settings/settings_keys.h"
 #include "system/fonts.h"
+#include "values/number_rules.h"
 
 #include <QGuiApplication>
 
@@ -23,7 +25,7 @@ QFont EditorFont(const QString& family, const QString& pointSize) {
     QFont font(family);
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
-    font.setPointSizeF(PointSize(pointSize));
+    font.setPointSizeF(PointSize(pointSize, LeadingNumber(keys::fontSize.fallback)));
     return font;
 }
 

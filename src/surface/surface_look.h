@@ -8,6 +8,8 @@
 
 namespace vellum {
 
+inline constexpr int tabColumns = 4;  // as wide as so many blanks
+
 // A monospaced one. The size is in points, as the settings keep it.
 [[nodiscard]] QFont EditorFont(const QString& family, const QString& pointSize);
 

@@ -37,11 +37,7 @@ public:
     }
 
 private:
-    static QStringList ToLines(QString text) {
-        text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-        text.replace(u'\r', u'\n');
-        return text.split(u'\n');
-    }
+    static QStringList ToLines(QString text) { return WithLf(std::move(text)).split(u'\n'); }
 
     [[nodiscard]] QString LineOf(const QTextBlock& block) const {
         return FromDocumentText(block.text(), document_, block.position());

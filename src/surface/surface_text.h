@@ -61,8 +61,8 @@ signals:
     void TakenAway();
 
 private:
-    // Who is changing the document: the toolkit, by itself, or one of our functions. Filling it from a snapshot, the
-    // formats are there before the text.
+    // Who is changing the document: the toolkit, by itself, or one of our functions. While it restores
+    // a snapshot, the formats are there before the text.
     enum class Source { Toolkit, Replacing, Filling, Restoring };
 
     // In place of what stands there.

@@ -9,6 +9,6 @@ namespace vellum {
 
 // Point sizes in settings are decimal text ("8.5"). The size as a number, at most 1000; `fallback` for anything that
 // isn't above 0.
-[[nodiscard]] double PointSize(const QString& text, double fallback = 8.5);
+[[nodiscard]] double PointSize(const QString& text, double fallback);
 
 }  // namespace vellum

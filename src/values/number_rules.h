@@ -28,7 +28,7 @@ namespace vellum {
 // At most fifteen significant digits, no trailing zeros, a point as decimal mark, exponent form from 1E+15 on.
 [[nodiscard]] QString NumberText(double value);
 
-// "True" and "False", any number but 0, in any case; anything else is false.
+// True for "True" in any case and for every number but 0; false for anything else.
 [[nodiscard]] bool TruthValue(QStringView text);
 
 }  // namespace vellum

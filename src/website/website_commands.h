@@ -1,5 +1,5 @@
-// The commands of the website panel: what a double click on a file does, where the two popup menus of the lists open,
-// and what stands in them.
+// The commands of the website panel: what a double click on a file does, what the items of its two popup menus do, and
+// where the menus open.
 #pragma once
 
 #include "editor/workbench.h"

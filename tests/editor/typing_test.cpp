@@ -180,10 +180,7 @@ TEST_F(TypingTest, InputMethodsCountAsTyping) {
     EXPECT_EQ(Shown(), "|");
 }
 
-TEST_F(TypingTest, ThePanelsFollow) {
-    Put("one\ntw|o");
-    Press(Qt::Key_X);
-    EXPECT_EQ(workbench.panels[StatusPanel::Line], "2");
+TEST_F(TypingTest, TheWorkPanelFollowsThePointer) {
     Surface().setMouseTracking(true);
     QTest::mouseMove(Surface().viewport(), {40, 40});
     EXPECT_EQ(workbench.panels[StatusPanel::Work], "Edit Your Document");

@@ -34,9 +34,9 @@ TEST_F(GeneratedPageTest, EachWindowShowsItsOwnFirstPage) {
     for (PreviewedDocument* window : windows) ShowPageIn(bench_, window->pipeline, "<title>First</title>");
     for (PreviewedDocument* window : windows) {
         EXPECT_FALSE(window->Timer().isActive());
+        EXPECT_TRUE(WaitFor([&] { return window->browser.Title() == "First"; }));
         EXPECT_TRUE(window->browser.isVisible());
         EXPECT_EQ(window->browser.Path(), Site("caching.htm"));
-        EXPECT_TRUE(WaitFor([&] { return window->browser.Title() == "First"; }));
     }
 }
 
@@ -57,6 +57,16 @@ TEST_F(GeneratedPageTest, LoadPageOvertakesAPreviewOnItsWay) {
     EXPECT_TRUE(WaitFor([&] { return !document_->pipeline.IsWriting(); }));
     EXPECT_EQ(Read(Site("caching.htm")), "<title>A lesson</title>");
     EXPECT_FALSE(document_->Timer().isActive());
+}
+
+TEST_F(GeneratedPageTest, AStoppedPipelineShowsNoPageAnyMore) {
+    ShowPageIn(bench_, document_->pipeline, "<title>First</title>");
+    document_->pipeline.Stop();
+    document_->browser.hide();
+    document_->Text1->SetText("written after the page");
+    document_->pipeline.Refresh();
+    ASSERT_TRUE(WaitFor([&] { return !document_->pipeline.IsWriting(); }));
+    EXPECT_FALSE(document_->browser.isVisible());
 }
 
 TEST_F(GeneratedPageTest, LoadPageMakesADocumentWhenThereIsNone) {

@@ -42,7 +42,7 @@ public:
         layout->addWidget(&browser);
         resize(500, 500);
         autoPreview.setChecked(true);
-        pipeline.SetInterval(3600 * 1000);  // tests give the ticks
+        Timer().setInterval(3600 * 1000);  // tests give the ticks
     }
 
     void ResizeMe() override {}
@@ -75,7 +75,6 @@ public:
         active->show();
         return active.get();
     }
-    void LoadPage(const QString& html) override { vellum::LoadPage(*this, html); }
 
     std::unique_ptr<Document> active;
     QList<Document*> others;

@@ -61,7 +61,7 @@ TEST_F(PreviewPipelineTest, ATickWritesTheTextAndShowsIt) {
 
 TEST_F(PreviewPipelineTest, TheTimerTicksFromTheStart) {
     document_->Text1->SetText("<title>first</title>");
-    document_->pipeline.SetInterval(1);
+    document_->Timer().setInterval(1);
     EXPECT_TRUE(WaitForTitle("first"));
 }
 
@@ -298,6 +298,20 @@ TEST_F(PreviewPipelineTest, AFolderThatDoesntAnswerHoldsNobodyUp) {
         EXPECT_TRUE(WaitForTitle(title));
         EXPECT_EQ(dead.CallsOfTheMainThread(), 0) << byTab;
     }
+}
+
+TEST_F(PreviewPipelineTest, AGeneratedPageDoesntWaitForADeadFolderEither) {
+    const QString folder = directory_.filePath("dead");
+    ASSERT_TRUE(QDir().mkdir(folder));
+    document_->SetCaption(folder + "/page.htm");
+    DeadFolder dead(folder);
+    ShowPageIn(bench_, document_->pipeline, "<title>A lesson</title>");
+    EXPECT_TRUE(WaitFor([&] { return dead.Waiting() == 1; }));
+    QTest::keyClicks(document_->Text1, "typed");
+    EXPECT_EQ(document_->Text1->RawText(), "typed");
+    dead.Revive();
+    EXPECT_TRUE(WaitForTitle("A lesson"));
+    EXPECT_EQ(dead.CallsOfTheMainThread(), 0);
 }
 
 TEST_F(PreviewPipelineTest, TheKeyboardReturnsFromThePageToTheText) {

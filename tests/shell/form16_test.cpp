@@ -157,7 +157,7 @@ TEST_F(Form16Test, TheFirstViewIsTheManualAndStopsTheRefresh) {
     ASSERT_TRUE(WaitFor([&] { return form.WebBrowser1->isVisible(); }));
     EXPECT_FALSE(form.Timer1->isActive());
     EXPECT_FALSE(Timer2(form).isActive()) << "the manual stays until the text changes";
-    EXPECT_TRUE(Bytes(SitePath("caching.htm")).contains("<title>Vellumcraft Manual</title>"));
+    EXPECT_TRUE(WaitFor([&] { return Bytes(SitePath("caching.htm")).contains("<title>Vellumcraft Manual</title>"); }));
     QTest::keyClicks(form.Text1, "x");
     EXPECT_TRUE(Timer2(form).isActive());
 }
@@ -179,6 +179,11 @@ TEST_F(Form16Test, ANewRateReachesTheActiveWindowsTimerAlone) {
     window->Options().Set(options);
     EXPECT_EQ(Timer2(Form()).interval(), 3000);
     EXPECT_EQ(Timer2(first).interval(), 7000);
+    for (const std::int16_t none : {0, -1, 33}) {
+        options.RefreshRate = none;
+        window->Options().Set(options);
+        EXPECT_EQ(Timer2(Form()).interval(), 7000) << none;
+    }
 }
 
 TEST_F(Form16Test, WithAutoPreviewOffNoFileIsWrittenAndTheTimerGoesOn) {

@@ -1,3 +1,4 @@
+#include "files/paths.h"
 #include "shell/color_bar.h"
 #include "shell/frm_settings.h"
 #include "shell/toolbar.h"
@@ -8,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -314,12 +316,20 @@ TEST_F(MainWindowTest, AFileOfThePanelOpensInAWindow) {
 
 TEST_F(MainWindowTest, AWebsiteDirectoryThatHasGoneLeavesTheProgramsOwn) {
     Open();
-    window.reset();
-    WriteSetting(settings, keys::director, SitePath("gone"));
-    WriteSetting(settings, keys::filePath, SitePath("gone"));
-    window = std::make_unique<CountingWindow>(settings, prompts, recovery, QStringList{}, false);
-    window->Load({}, [] {});
-    EXPECT_TRUE(window->WebsiteDirectory().endsWith("/Vellumcraft")) << window->WebsiteDirectory().toStdString();
+    const auto directoryAfter = [this](const SettingKey& key, const QString& place) {
+        window.reset();
+        WriteSetting(settings, keys::drive, QDir::homePath());
+        WriteSetting(settings, keys::director, site.path());
+        WriteSetting(settings, keys::filePath, site.path());
+        WriteSetting(settings, key, place);
+        window = std::make_unique<CountingWindow>(settings, prompts, recovery, QStringList{}, false);
+        window->Load({}, [] {});
+        return window->Picture11->Directory() + ' ' + window->WebsiteDirectory();
+    };
+    EXPECT_EQ(directoryAfter(keys::drive, QDir::homePath()), site.path() + ' ' + site.path());
+    const QString own = OwnDirectory();
+    EXPECT_EQ(directoryAfter(keys::director, SitePath("gone")), own + ' ' + own);
+    EXPECT_EQ(directoryAfter(keys::filePath, SitePath("gone")), own + ' ' + own);
     EXPECT_TRUE(prompts.messages.isEmpty());
 }
 

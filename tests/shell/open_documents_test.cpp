@@ -1,3 +1,4 @@
+#include "preview/generated_page.h"
 #include "tests/shell/main_window_fixture.h"
 #include "website/website_panel.h"
 
@@ -47,11 +48,11 @@ TEST_F(OpenDocumentsTest, ABlankWindowOfAFailureTakesNoNumber) {
 TEST_F(OpenDocumentsTest, AGeneratedPageMakesADocumentWhenThereIsNone) {
     Open(true);
     QString page = "<title>A lesson</title>";
-    window->LoadPage(page);
+    LoadPage(*window, page);
     EXPECT_EQ(window->OpenDocCount(), 1);
     Trigger("mnuClose");
     const int colored = window->colored;
-    window->LoadPage(page);
+    LoadPage(*window, page);
     ASSERT_NE(window->ActiveDocument(), nullptr);
     EXPECT_EQ(window->OpenDocCount(), 1);
     EXPECT_EQ(Active().Caption(), "New 2");

@@ -7,7 +7,7 @@ namespace {
 
 TEST(RecentFiles, PutsTheNewestInFrontAndDropsTheFifth) {
     RecentFileList list;
-    EXPECT_TRUE(list.IsEmpty());
+    EXPECT_EQ(list.Slot(0), "");
     for (const char* path : {"/a", "/b", "/c", "/d", "/e"}) EXPECT_TRUE(list.Add(path));
     EXPECT_EQ(list.Slot(0), "/e");
     EXPECT_EQ(list.Slot(1), "/d");

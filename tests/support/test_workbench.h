@@ -38,7 +38,6 @@ public:
     }
     [[nodiscard]] const ReferenceTree& References() const override { return references; }
     Document* NewForm() override { return nullptr; }
-    void LoadPage(const QString& /*html*/) override {}
 
     Document* active = nullptr;
     ScriptedPrompts prompts;

@@ -49,7 +49,8 @@ public:
     // Lines less one, 0 to 3.
     [[nodiscard]] std::int16_t LineCount() const { return lineCount_; }
     // Takes the number of lines from a field, and shares the room out among them. False, and no change, when the number
-    // that the text begins with lies outside 1 to 4. Fractions are rounded, halves to the even number of LineCount.
+    // that the text begins with lies outside 1 to 4. Fractions are rounded, halves to the number that makes LineCount
+    // even.
     bool SetLineCount(const QString& text);
 
     [[nodiscard]] int FrameCount(int line) const { return counts_.at(static_cast<std::size_t>(line)); }

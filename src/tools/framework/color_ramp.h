@@ -8,8 +8,7 @@
 namespace vellum {
 
 // `steps` colours, as "#RRGGBB", of which the first is `first`; none for fewer than one. Every channel goes by whole
-// numbers, the fraction of a step lost, so that `last` comes out only where it is `first`: the ramp ends a step before
-// it, or more.
+// numbers, the fraction of a step lost, so that the ramp ends at least one step before `last`.
 [[nodiscard]] QStringList ColorRamp(ColorNumber first, ColorNumber last, int steps);
 
 }  // namespace vellum

@@ -183,14 +183,19 @@ TextGrid* FieldForm::AddGrid(GridRows& field, const GridParts& parts) {
 
 EntryLists* FieldForm::AddLists(const EntryParts& parts) {
     auto* const lists = new EntryLists(parts);
+    std::vector<QStringList*> fields;
     for (int i = 0; const EntryColumn& column : parts.columns) {
         QStringList& field = column.entries;
         Keep([lists, i, &field] {
             if (lists->Entries(i) != field) lists->SetEntries(i, field);
         });
-        connect(lists, &EntryLists::Changed, this, [this, lists, i, &field] { Take(field, lists->Entries(i)); });
+        fields.push_back(&field);
         ++i;
     }
+    connect(lists, &EntryLists::Changed, this, [this, lists, fields] {
+        for (int column = 0; QStringList* const field : fields) *field = lists->Entries(column++);
+        emit Changed();
+    });
     AddGrowing(lists);
     return lists;
 }

@@ -137,7 +137,6 @@ void NewWizards::AddChoice(int index, QGridLayout* grid) {
 void NewWizards::Choose(int index) {
     choice_ = index;
     accept();
-    emit Chosen(index);
 }
 
 // The arrows move within the grid and stop at its edges; Enter chooses, as Space does by itself.

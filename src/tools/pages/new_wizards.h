@@ -27,10 +27,6 @@ public:
     // What was chosen; nothing when the dialog was cancelled.
     [[nodiscard]] std::optional<int> Choice() const { return choice_; }
 
-signals:
-    // The dialog is closed already when this comes.
-    void Chosen(int index);
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

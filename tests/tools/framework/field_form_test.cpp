@@ -186,6 +186,27 @@ TEST_F(FieldForms, TellOfEachChangeOnce) {
     EXPECT_EQ(changes.count(), 3);
 }
 
+TEST_F(FieldForms, ListsInStepAreTakenTogether) {
+    struct PairForm : FieldForm {
+        explicit PairForm(Workbench& bench) : FieldForm(bench, "PairForm", "Pairs") {
+            AddLists({.columns = {{.entries = names, .list = {"List1", "Names"}, .line = {"txtName", "Name"}},
+                                  {.entries = values, .list = {"List2", "Values"}, .line = {"txtValue", "Value"}}},
+                      .add = {"cmdAdd", "Add"},
+                      .remove = {"cmdRemove", "Remove"}});
+        }
+        QStringList names;
+        QStringList values;
+    };
+    PairForm form(bench);
+    QStringList seen;
+    QObject::connect(&form, &FieldForm::Changed, &form,
+                     [&] { seen << form.names.join(',') + '=' + form.values.join(','); });
+    Type(form, "txtName", "a");
+    Type(form, "txtValue", "1");
+    Click(form, "cmdAdd");
+    EXPECT_EQ(seen, QStringList{"a=1"});
+}
+
 TEST_F(FieldForms, FollowTheirFields) {
     SampleForm form(bench);
     QStringList seen;

@@ -26,7 +26,7 @@ protected:
     void Press(int key) { QTest::keyClick(dialog.focusWidget(), static_cast<Qt::Key>(key)); }
 
     NewWizards dialog;
-    QSignalSpy chosen{&dialog, &NewWizards::Chosen};
+    QSignalSpy chosen{&dialog, &QDialog::accepted};
 };
 
 TEST_F(Wizards, LabelsStandInTheirOrder) {
@@ -53,7 +53,6 @@ TEST_F(Wizards, ClickOnAPictureChooses) {
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.Choice(), 3);
     ASSERT_EQ(chosen.count(), 1);
-    EXPECT_EQ(chosen[0][0].toInt(), 3);
 }
 
 TEST_F(Wizards, ClickOnALabelDoesTheSame) {
@@ -61,7 +60,7 @@ TEST_F(Wizards, ClickOnALabelDoesTheSame) {
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.Choice(), 8);
     ASSERT_EQ(chosen.count(), 1);
-    EXPECT_EQ(chosen[0][0].toInt(), 8);
+    EXPECT_EQ(dialog.Choice(), 8);
 }
 
 TEST_F(Wizards, APressThatEndsElsewhereChoosesNothing) {
