@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <algorithm>
 
@@ -97,6 +98,23 @@ Answer DialogPrompts::AskYesNo(QWidget* parent, const QString& text, const QStri
 Answer DialogPrompts::AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) {
     return ShowQuestion(parent, text, title, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
                         QMessageBox::Cancel);
+}
+
+int DialogPrompts::Choose(QWidget* parent, const QString& text, const QString& title, const QStringList& captions,
+                          int standard, int escape) {
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    box.setObjectName(QStringLiteral("ChoiceBox"));
+    box.setTextFormat(Qt::PlainText);
+    QList<QAbstractButton*> buttons;
+    for (QString caption : captions) {
+        // One role for all: they stand in their order on every desktop.
+        buttons << box.addButton(caption.replace(u'&', QStringLiteral("&&")), QMessageBox::ActionRole);
+    }
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.at(standard)));
+    box.setEscapeButton(buttons.at(escape));
+    box.exec();
+    const auto pressed = buttons.indexOf(box.clickedButton());
+    return pressed < 0 ? escape : static_cast<int>(pressed);
 }
 
 std::optional<QString> DialogPrompts::Input(QWidget* parent, const QString& prompt, const QString& title,

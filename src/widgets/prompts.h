@@ -32,6 +32,10 @@ public:
                          const QString& title = QStringLiteral("Vellumcraft")) = 0;
     virtual Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) = 0;
     virtual Answer AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) = 0;
+    // A question whose buttons have captions of their own, without access keys. Returns the index of the one that was
+    // pressed; Enter presses `standard`, Esc `escape`.
+    virtual int Choose(QWidget* parent, const QString& text, const QString& title, const QStringList& captions,
+                       int standard, int escape) = 0;
     // Empty when cancelled.
     virtual std::optional<QString> Input(QWidget* parent, const QString& prompt, const QString& title,
                                          const QString& initial = {}) = 0;
@@ -50,6 +54,8 @@ public:
     void Message(QWidget* parent, const QString& text, const QString& title) override;
     Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) override;
     Answer AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) override;
+    int Choose(QWidget* parent, const QString& text, const QString& title, const QStringList& captions, int standard,
+               int escape) override;
     std::optional<QString> Input(QWidget* parent, const QString& prompt, const QString& title,
                                  const QString& initial) override;
     QString OpenFile(QWidget* parent, const FileRequest& request) override;

@@ -1,5 +1,7 @@
 #include "tests/support/scripted_prompts.h"
 
+#include <gtest/gtest.h>
+
 namespace vellum::test {
 namespace {
 
@@ -24,6 +26,17 @@ Answer ScriptedPrompts::AskYesNo(QWidget* /*parent*/, const QString& text, const
 
 Answer ScriptedPrompts::AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) {
     return AskYesNo(parent, text, title);
+}
+
+int ScriptedPrompts::Choose(QWidget* /*parent*/, const QString& text, const QString& title, const QStringList& offered,
+                            int /*standard*/, int escape) {
+    questions << title + "|" + text;
+    captions = offered;
+    const auto choice = Take(choices);
+    if (!choice) return escape;
+    const auto index = offered.indexOf(*choice);
+    EXPECT_GE(index, 0) << choice->toStdString() << " is none of " << offered.join(", ").toStdString();
+    return index < 0 ? escape : static_cast<int>(index);
 }
 
 std::optional<QString> ScriptedPrompts::Input(QWidget* /*parent*/, const QString& prompt, const QString& title,

@@ -13,6 +13,7 @@ class ScriptedPrompts : public Prompts {
 public:
     // Answers are taken from the front; when none is left, the box is cancelled (a question: Cancel).
     std::deque<Answer> answers;
+    std::deque<QString> choices;  // captions of buttons
     std::deque<QString> inputs;
     std::deque<QString> openNames;
     std::deque<QString> saveNames;
@@ -21,6 +22,7 @@ public:
 
     QStringList messages;   // texts of message boxes
     QStringList questions;  // "title|text" of questions
+    QStringList captions;   // of the buttons that the last Choose offered
     QStringList initials;   // what stood in the input boxes at first
     std::vector<FileRequest> requests;
     std::vector<ColorNumber> firstColors;  // where each color dialog started
@@ -28,6 +30,8 @@ public:
     void Message(QWidget* parent, const QString& text, const QString& title) override;
     Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) override;
     Answer AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) override;
+    int Choose(QWidget* parent, const QString& text, const QString& title, const QStringList& offered, int standard,
+               int escape) override;
     std::optional<QString> Input(QWidget* parent, const QString& prompt, const QString& title,
                                  const QString& initial) override;
     QString OpenFile(QWidget* parent, const FileRequest& request) override;

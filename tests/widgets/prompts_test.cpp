@@ -157,6 +157,39 @@ TEST_F(DialogPromptsTest, ASaveQuestionHasThreeAnswers) {
     EXPECT_EQ(prompts.AskYesNoCancel(nullptr, "Do you want to save?", "Not saved"), Answer::Cancel);
 }
 
+TEST_F(DialogPromptsTest, AChoiceHasButtonsOfItsOwnInTheirOrder) {
+    const QStringList captions{"Keep R&D", "Replace", "Later"};
+    const auto button = [](QMessageBox& box, const QString& caption) {
+        for (QAbstractButton* each : box.buttons()) {
+            if (each->text() == caption) return each;
+        }
+        ADD_FAILURE() << caption.toStdString();
+        return box.buttons().constFirst();
+    };
+    const std::pair<const char*, int> cases[] = {{"Keep R&&D", 0}, {"Replace", 1}, {"Later", 2}};
+    for (const auto& [caption, index] : cases) {
+        When<QMessageBox>("ChoiceBox", [&, caption = caption](QMessageBox& box) {
+            EXPECT_EQ(box.text(), "Which <b>one</b>?");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.windowTitle(), "Choice");
+            EXPECT_LT(button(box, "Keep R&&D")->x(), button(box, "Replace")->x());
+            EXPECT_LT(button(box, "Replace")->x(), button(box, "Later")->x());
+            QTest::mouseClick(button(box, caption), Qt::LeftButton);
+        });
+        EXPECT_EQ(prompts.Choose(nullptr, "Which <b>one</b>?", "Choice", captions, 0, 2), index);
+    }
+}
+
+TEST_F(DialogPromptsTest, AChoiceTakesItsStandardByReturnAndAnotherByEscape) {
+    const QStringList captions{"Keep", "Replace", "Later"};
+    When<QMessageBox>("ChoiceBox", [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(prompts.Choose(nullptr, "Which?", "Choice", captions, 1, 2), 1);
+    When<QMessageBox>("ChoiceBox", [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(prompts.Choose(nullptr, "Which?", "Choice", captions, 1, 2), 2);
+    When<QMessageBox>("ChoiceBox", [](QMessageBox& box) { box.close(); });
+    EXPECT_EQ(prompts.Choose(nullptr, "Which?", "Choice", captions, 1, 2), 2);
+}
+
 TEST_F(DialogPromptsTest, AnInputBoxReturnsWhatWasTyped) {
     When<QInputDialog>("InputBox", [](QInputDialog& dialog) {
         auto* line = dialog.findChild<QLineEdit*>();
