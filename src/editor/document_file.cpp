@@ -9,24 +9,40 @@ namespace vellum {
 
 DocumentFile::DocumentFile(EditSurface& text) : text_(text), heldRevision_(text.Revision()) {}
 
+bool DocumentFile::IsUntouched() const {
+    return text_.Revision() == heldRevision_;
+}
+
 bool DocumentFile::Load(const QString& path) {
+    // The stamp is taken first: a change while the file is read is then found at the next look.
+    const FileStamp stamp = StampOf(path).value_or(FileStamp());
     std::optional<LoadedText> loaded = ReadTextFile(path);
     if (!loaded) return false;
-    text_.SetText(loaded->text);
     path_ = path;
-    format_ = std::move(loaded->format);
-    held_ = std::move(loaded->bytes);
-    heldRevision_ = text_.Revision();
+    Take({.change = FileChange::Changed, .stamp = stamp, .found = std::move(*loaded)});
     return true;
 }
 
+void DocumentFile::Take(const FileLook& look) {
+    text_.SetText(look.found.text);
+    format_ = look.found.format;
+    Note(look);
+    heldRevision_ = text_.Revision();
+}
+
+void DocumentFile::Note(const FileLook& look) {
+    stamp_ = look.stamp;
+    held_ = look.found.bytes;
+    heldRevision_.reset();
+}
+
 bool DocumentFile::Save(const QString& path) {
-    const bool unedited = text_.Revision() == heldRevision_;
     TextFormat format = format_;
-    const QByteArray bytes = unedited ? held_ : EncodeText(text_.RawText(), format);
+    const QByteArray bytes = IsUntouched() ? held_ : EncodeText(text_.RawText(), format);
     if (!WriteFileSafely(path, bytes)) return false;
     path_ = path;
     format_ = std::move(format);
+    stamp_ = StampOf(path).value_or(FileStamp());
     held_ = bytes;
     heldRevision_ = text_.Revision();
     return true;

@@ -1,10 +1,13 @@
 // The file of a document: where it is, how it spells the text, and what it held when it was last read or written.
 #pragma once
 
+#include "files/file_look.h"
 #include "files/text_file.h"
 
 #include <QByteArray>
 #include <QString>
+
+#include <optional>
 
 namespace vellum {
 
@@ -19,12 +22,22 @@ public:
     [[nodiscard]] const QString& Path() const { return path_; }
     void SetPath(const QString& path) { path_ = path; }
     [[nodiscard]] const TextFormat& Format() const { return format_; }
+    // What the file held when it was last read, written or noted.
+    [[nodiscard]] KnownFile Known() const { return {path_, stamp_, held_}; }
+    // The text says what the file held when it was last read or written.
+    [[nodiscard]] bool IsUntouched() const;
 
     // Puts the file's text into the surface. False when it can't be read; nothing has changed then.
     [[nodiscard]] bool Load(const QString& path);
     // Writes the text, byte for byte as the file held it when nothing was edited since, else in the file's format.
     // False when it can't be written; nothing of the document has changed then.
     [[nodiscard]] bool Save(const QString& path);
+    // Puts what a look found in the file into the surface.
+    void Take(const FileLook& look);
+    // What a look found in the file is known from then on. The text stays as it is, and differs.
+    void Note(const FileLook& look);
+    // The file has been looked at with this stamp.
+    void SetStamp(const FileStamp& stamp) { stamp_ = stamp; }
     // Puts a text into the surface that no file holds, with the format of the file that it was meant for.
     void Recover(const QString& text, const TextFormat& format);
 
@@ -32,8 +45,9 @@ private:
     EditSurface& text_;
     QString path_ = QStringLiteral("New");
     TextFormat format_;
-    QByteArray held_;       // what the file held
-    quint64 heldRevision_;  // of the text that says the same
+    FileStamp stamp_;
+    QByteArray held_;                      // what the file held
+    std::optional<quint64> heldRevision_;  // of the text that says the same
 };
 
 }  // namespace vellum

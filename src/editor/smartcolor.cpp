@@ -52,7 +52,28 @@ bool HasMarkup(const EditSurface& surface, const QString& excerpt) {
     return excerpt.contains(u'<') || surface.IndexOf(QStringLiteral("<"), 0) >= 0;
 }
 
-// Both passes answer false when the text holds no markup at all.
+// False for a text without any markup.
+bool PaintColorSpan(Workbench& bench, Document& document) {
+    EditSurface& surface = *document.Text1;
+    const int start = std::clamp(bench.ColorSpanStart, 0, surface.Length());
+    const TextRange range{.offset = start, .length = std::clamp(bench.ColorSpanLength, 0, surface.Length() - start)};
+    // A block may end one character after the range.
+    const QString text = surface.Mid(range.offset, range.length + 1);
+    if (!HasMarkup(surface, text)) {
+        bench.ShowStatus(StatusPanel::Work, {});
+        PutCaret(surface, surface.SelStart());
+        return false;
+    }
+    const WaitPointer waiting;
+    const int caret = IsScriptCaption(document.Caption())
+                          ? range.End()
+                          : PaintRange(surface, text, range, ColorsOf(bench.Options().Now()));
+    PutCaret(surface, caret);
+    return true;
+}
+
+}  // namespace
+
 bool PaintAll(Workbench& bench, Document& document) {
     EditSurface& surface = *document.Text1;
     const EditorOptions& options = bench.Options().Now();
@@ -75,27 +96,6 @@ bool PaintAll(Workbench& bench, Document& document) {
     bench.ShowStatus(StatusPanel::Work, {});
     return hasMarkup;
 }
-
-bool PaintColorSpan(Workbench& bench, Document& document) {
-    EditSurface& surface = *document.Text1;
-    const int start = std::clamp(bench.ColorSpanStart, 0, surface.Length());
-    const TextRange range{.offset = start, .length = std::clamp(bench.ColorSpanLength, 0, surface.Length() - start)};
-    // A block may end one character after the range.
-    const QString text = surface.Mid(range.offset, range.length + 1);
-    if (!HasMarkup(surface, text)) {
-        bench.ShowStatus(StatusPanel::Work, {});
-        PutCaret(surface, surface.SelStart());
-        return false;
-    }
-    const WaitPointer waiting;
-    const int caret = IsScriptCaption(document.Caption())
-                          ? range.End()
-                          : PaintRange(surface, text, range, ColorsOf(bench.Options().Now()));
-    PutCaret(surface, caret);
-    return true;
-}
-
-}  // namespace
 
 void PaintMarkup(Workbench& bench, Document& document) {
     const ColorNumber backColor = bench.Options()->backColor;

@@ -33,14 +33,14 @@ void AddHead(Page& page) {
          << "-->"
          << "</style>"
          << "</head>"
-         << "<body bgcolor=\"#FFFFFF\" link=\"#0000B0\" vlink=\"#0000B0\" alink=\"#FF0000\" text=\"#000000\">";
+         << R"(<body bgcolor="#FFFFFF" link="#0000B0" vlink="#0000B0" alink="#FF0000" text="#000000">)";
 }
 
 void AddGradientCells(Page& page) {
     page << "<tr>";
     for (const char* color : {"#ff0000", "#cc0033", "#990066", "#660099", "#3300cc"}) {
         const QString lower = QString::fromLatin1(color);
-        page << "<td width=\"20%\" bgcolor=\"" + lower + "\">"
+        page << R"(<td width="20%" bgcolor=")" + lower + "\">"
              << "<font color=\"" + lower.toUpper() + "\">.</font></td>";
     }
     page << "</tr>"
@@ -49,15 +49,15 @@ void AddGradientCells(Page& page) {
 
 void AddBanner(Page& page) {
     page << "<!-- Begin Gradient Divider -->"
-         << "<table style=\"font-size: 1;\" cellspacing=\"0\" borderwidth=\"0\" width=\"100%\">";
+         << R"(<table style="font-size: 1;" cellspacing="0" borderwidth="0" width="100%">)";
     AddGradientCells(page);
     page << "<font size=\"1\"><br /></font>"
          << "<!-- End Gradient Divider-->"
-         << "<font class=\"headerMain\" color=\"#FF0000\">Vellumcraft</font>"
+         << R"(<font class="headerMain" color="#FF0000">Vellumcraft</font>)"
          << "<!-- Begin Gradient Divider -->"
          << "<br />"
          << "<font size=\"1\"><br /></font>"
-         << "<table style=\"font-size: 1; font-size: 5\" cellspacing=\"0\" borderwidth=\"0\" width=\"100%\">";
+         << R"(<table style="font-size: 1; font-size: 5" cellspacing="0" borderwidth="0" width="100%">)";
     AddGradientCells(page);
     page << "<!-- End Gradient Divider-->";
 }

@@ -18,8 +18,17 @@ public:
     // Shows the file. False when it can't be read; nothing of the window changes then.
     bool LoadFile(const QString& path);
     // Writes Text1 to the file, which is the document's from then on. False when it can't be written: the author has
-    // been told, and nothing of the window has changed.
+    // been told, and nothing of the window has changed. Ask MaySave first.
     bool SaveFile(const QString& path);
+    // Looks whether anything would be lost by a save there: what something else has written into the document's file,
+    // or what another window has yet to save in it. False when the author, asked, wants no save now.
+    [[nodiscard]] bool MaySave(const QString& path);
+
+    // What a look at the document's file found. A text without edits follows its file; anything else is kept for a
+    // question.
+    void HearOf(const FileLook& look);
+    // Asks whose text stays when something else has changed the file and the author hasn't been asked about it yet.
+    void AskAboutFile();
     // Shows a text that a crash left behind.
     void Recover(const RecoveredText& lost);
 
@@ -52,6 +61,16 @@ protected:
 
 private:
     void ShowFile();  // its path and format
+    // The file's text in place of the window's, which undo brings back. Caret and scroll offset stay where they were.
+    void TakeFilesText(const FileLook& look);
+    // False when it can't be kept beside the file: the author has been told, and nothing has changed.
+    bool KeepOwnText();
+    // Asks about what is different outside. True when the text of the window stays.
+    bool SettleFile();
+    bool SettleOtherWindows(const QString& path);
+
+    FileLook outside_;    // what something else did to the file, until the author has decided
+    bool asked_ = false;  // about that
 };
 
 }  // namespace vellum

@@ -39,7 +39,7 @@ void FileCommands::Save() {
     if (!document) return;
     if (document->NeverSaved()) {
         SaveAs();
-    } else {
+    } else if (document->MaySave(document->Caption())) {
         document->SaveFile(document->Caption());
     }
 }
@@ -49,7 +49,8 @@ void FileCommands::SaveAs() {
     if (!document) return;
     const QString path =
         workbench_.Ask().SaveFile(workbench_.Window(), {documentFilter, workbench_.WebsiteDirectory(), false});
-    if (!path.isEmpty() && document->SaveFile(path)) workbench_.RefreshWebsite();
+    if (path.isEmpty() || !document->MaySave(path)) return;
+    if (document->SaveFile(path)) workbench_.RefreshWebsite();
 }
 
 void FileCommands::AddRecentFile(const QString& path) {

@@ -71,6 +71,7 @@ MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& rec
       prompts_(prompts),
       files_(*this, documents),
       recovery_(recovery),
+      outside_(documents, *this),
       website_(new WebsiteCommands(*this, *Picture11, MakeFileTools(*this))),
       fontNames_(std::move(fontNames)),
       usePreview_(usePreview) {
@@ -107,6 +108,7 @@ void MDIform1::WireRegions() {
     connect(&settings_, &SettingsStore::Changed, this, [this] { Options().Set(ReadEditorOptions(settings_)); });
     connect(&files_, &FileCommands::RecentFilesChanged, this, &MDIform1::ShowRecentFiles);
     connect(area, &QMdiArea::subWindowActivated, this, &MDIform1::ShowActiveDocument);
+    connect(area, &QMdiArea::subWindowActivated, this, [this] { outside_.Arrive(); });
     Picture11->TreeView1->Show(references_, *this);
 }
 
@@ -196,6 +198,7 @@ void MDIform1::SetWrapChecked(bool checked) {
 
 void MDIform1::WireDocument(DocumentWindow* window) {
     recovery_.Watch(*window);
+    outside_.Watch(*window);
     SetWrapChecked(window->WordWrapOn);
     connect(window, &DocumentWindow::Focused, this, [this, window] { SetWrapChecked(window->WordWrapOn); });
     connect(window, &DocumentWindow::Saved, &files_, &FileCommands::AddRecentFile);

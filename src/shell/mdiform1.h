@@ -6,6 +6,7 @@
 #include "shell/file_commands.h"
 #include "shell/main_regions.h"
 #include "shell/open_documents.h"
+#include "shell/outside_changes.h"
 #include "shell/recovery_keeper.h"
 #include "shell/settings_fields.h"
 
@@ -84,6 +85,7 @@ private:
     Prompts& prompts_;
     FileCommands files_;
     RecoveryKeeper recovery_;
+    OutsideChanges outside_;
     WebsiteCommands* website_ = nullptr;  // the panel owns it
     const QStringList fontNames_;
     const bool usePreview_;

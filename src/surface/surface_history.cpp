@@ -1,6 +1,7 @@
 #include "surface/surface_history.h"
 
 #include "surface/format_difference.h"
+#include "values/text_difference.h"
 
 #include <algorithm>
 #include <utility>
@@ -95,12 +96,9 @@ void SurfaceHistory::Record(int position, const QString& removed, int added) {
 }
 
 void SurfaceHistory::RecordAll(const QString& before, const QString& after) {
-    const qsizetype shorter = std::min(before.size(), after.size());
-    const auto begin = std::ranges::mismatch(before, after).in1 - before.begin();
-    qsizetype end = 0;
-    while (end < shorter - begin && before.at(before.size() - 1 - end) == after.at(after.size() - 1 - end)) ++end;
-    Record(static_cast<int>(begin), before.mid(begin, before.size() - begin - end),
-           static_cast<int>(after.size() - begin - end));
+    const TextDifference difference = DifferenceBetween(before, after);
+    Record(difference.earlier.offset, before.mid(difference.earlier.offset, difference.earlier.length),
+           difference.later.length);
 }
 
 SurfaceHistory::Snapshot SurfaceHistory::Take(const FormatStore& formats) {

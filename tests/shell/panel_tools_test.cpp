@@ -67,6 +67,7 @@ TEST_F(PanelTools, ADocumentOutlivesTheNewNameAndTheEndOfItsFile) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return files.FileName() == "other.htm"; }));
     EXPECT_EQ(Text(), "words");
     Active().Text1->SetText("more words");
+    prompts.choices = {"Save"};
     Trigger("mnuSaveregItem");
     EXPECT_EQ(Bytes(path), "more words");
     EXPECT_EQ(Bytes(SitePath("other.htm")), "words");
@@ -76,6 +77,7 @@ TEST_F(PanelTools, ADocumentOutlivesTheNewNameAndTheEndOfItsFile) {
     Trigger("mnuWebsiteDeleteItem");
     EXPECT_FALSE(QFile::exists(path));
     EXPECT_EQ(Text(), "more words");
+    prompts.choices = {"Save"};
     Trigger("mnuSaveregItem");
     EXPECT_EQ(Bytes(path), "more words");
     EXPECT_TRUE(prompts.messages.isEmpty());
