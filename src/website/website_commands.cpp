@@ -1,7 +1,9 @@
 #include "website/website_commands.h"
 
+#include "editor/document.h"
 #include "files/paths.h"
 #include "files/rename_file.h"
+#include "files/trash.h"
 #include "system/file_search.h"
 #include "website/file_kind.h"
 #include "website/propform.h"
@@ -15,6 +17,17 @@
 #include <utility>
 
 namespace vellum {
+namespace {
+
+// The open documents whose file is there, under whatever name they know it.
+QList<Document*> DocumentsOnDisk(const Workbench& bench) {
+    QList<Document*> documents = bench.Documents();
+    documents.removeIf(
+        [](const Document* document) { return document->NeverSaved() || !QFileInfo::exists(document->Caption()); });
+    return documents;
+}
+
+}  // namespace
 
 WebsiteCommands::WebsiteCommands(Workbench& bench, WebsitePanel& panel, FileTools tools)
     : QObject(&panel),
@@ -100,11 +113,27 @@ void WebsiteCommands::DeleteFile() {
     const QString name = SelectedName();
     if (name.isEmpty()) return;
     const QString path = JoinPath(panel_.File2->Path(), name);
-    const QString question = QString(17, u' ') + QLatin1String("Proceed?");
-    if (bench_.Ask().AskYesNo(bench_.Window(), question, "Delete File") != Answer::Yes) return;
-    const bool deleted = QFile::remove(path);
+    const QString question = name + "\n\n" + QString(17, u' ') + QLatin1String("Proceed?");
+    if (bench_.Ask().AskYesNo(bench_.Window(), question, "Delete File", Answer::No) != Answer::Yes) return;
+    const QList<Document*> onDisk = DocumentsOnDisk(bench_);
+    const bool done = ThrowAway(path);
     panel_.File2->Refresh();
-    if (!deleted) bench_.Ask().Message(bench_.Window(), "Cannot Delete File");
+    const QList<Document*> stillOnDisk = DocumentsOnDisk(bench_);
+    for (Document* document : onDisk) {
+        if (!stillOnDisk.contains(document)) document->SetSaver(false);
+    }
+    if (!done) bench_.Ask().Message(bench_.Window(), "Cannot Delete File");
+}
+
+// Into the desktop's trash; where that can't be, for good if the person wants it so. False when the file should have
+// gone and did not.
+bool WebsiteCommands::ThrowAway(const QString& path) {
+    if (MoveToTrash(path)) return true;
+    if (!QFileInfo::exists(path)) return false;
+    const QString question =
+        tr("%1 can't be moved to the trash.").arg(QFileInfo(path).fileName()) + "\n\n" + tr("Delete it for good?");
+    if (bench_.Ask().AskYesNo(bench_.Window(), question, "Delete File", Answer::No) != Answer::Yes) return true;
+    return QFile::remove(path);
 }
 
 void WebsiteCommands::ShowProperties() {

@@ -34,7 +34,7 @@ public:
     // Opens a file in every way that its name asks for, one after the other.
     void OpenFile(const QString& path);
 
-    // Of the selected file; without one they say so.
+    // Of the selected file; without one they say so. A document whose file was deleted counts as unsaved.
     void LinkToFile();
     void RenameFile();
     void DeleteFile();
@@ -50,6 +50,7 @@ private:
     void PopUp(QMenu& menu, QAbstractItemView& list, const QContextMenuEvent& event);
     // The bare name of the selected file; empty, after a message, when none is selected.
     QString SelectedName();
+    bool ThrowAway(const QString& path);
 
     Workbench& bench_;
     WebsitePanel& panel_;

@@ -28,9 +28,9 @@ QMessageBox::StandardButton ShowBox(QWidget* parent, const QString& name, QMessa
 }
 
 Answer ShowQuestion(QWidget* parent, const QString& text, const QString& title, QMessageBox::StandardButtons buttons,
-                    QMessageBox::StandardButton escape) {
-    switch (ShowBox(parent, QStringLiteral("QuestionBox"), QMessageBox::Question, text, title, buttons,
-                    QMessageBox::Yes, escape)) {
+                    QMessageBox::StandardButton standard, QMessageBox::StandardButton escape) {
+    switch (
+        ShowBox(parent, QStringLiteral("QuestionBox"), QMessageBox::Question, text, title, buttons, standard, escape)) {
         case QMessageBox::Yes:
             return Answer::Yes;
         case QMessageBox::No:
@@ -91,12 +91,13 @@ void DialogPrompts::Message(QWidget* parent, const QString& text, const QString&
             QMessageBox::Ok, QMessageBox::Ok);
 }
 
-Answer DialogPrompts::AskYesNo(QWidget* parent, const QString& text, const QString& title) {
-    return ShowQuestion(parent, text, title, QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+Answer DialogPrompts::AskYesNo(QWidget* parent, const QString& text, const QString& title, Answer standard) {
+    return ShowQuestion(parent, text, title, QMessageBox::Yes | QMessageBox::No,
+                        standard == Answer::Yes ? QMessageBox::Yes : QMessageBox::No, QMessageBox::No);
 }
 
 Answer DialogPrompts::AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) {
-    return ShowQuestion(parent, text, title, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+    return ShowQuestion(parent, text, title, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
                         QMessageBox::Cancel);
 }
 

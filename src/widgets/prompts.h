@@ -30,7 +30,9 @@ public:
 
     virtual void Message(QWidget* parent, const QString& text,
                          const QString& title = QStringLiteral("Vellumcraft")) = 0;
-    virtual Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) = 0;
+    // `standard` is what Enter answers; Esc answers No.
+    virtual Answer AskYesNo(QWidget* parent, const QString& text, const QString& title,
+                            Answer standard = Answer::Yes) = 0;
     virtual Answer AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) = 0;
     // A question whose buttons have captions of their own, without access keys. Returns the index of the one that was
     // pressed; Enter presses `standard`, Esc `escape`.
@@ -52,7 +54,7 @@ public:
 class DialogPrompts : public Prompts {
 public:
     void Message(QWidget* parent, const QString& text, const QString& title) override;
-    Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) override;
+    Answer AskYesNo(QWidget* parent, const QString& text, const QString& title, Answer standard) override;
     Answer AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) override;
     int Choose(QWidget* parent, const QString& text, const QString& title, const QStringList& captions, int standard,
                int escape) override;

@@ -81,10 +81,10 @@ TEST_F(StartTest, AsksAboutTheBrowserOnceAfterTheSplashHasGone) {
 // Notes what is to be seen of the splash and of the session at the moment of the question.
 class WatchingPrompts : public ScriptedPrompts {
 public:
-    Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) override {
+    Answer AskYesNo(QWidget* parent, const QString& text, const QString& title, Answer standard) override {
         splashWasVisible << start->isVisible();
         readyCounts << static_cast<int>(ready->count());
-        return ScriptedPrompts::AskYesNo(parent, text, title);
+        return ScriptedPrompts::AskYesNo(parent, text, title, standard);
     }
 
     const Start* start = nullptr;

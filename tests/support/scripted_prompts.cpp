@@ -19,13 +19,15 @@ void ScriptedPrompts::Message(QWidget* /*parent*/, const QString& text, const QS
     messages << text;
 }
 
-Answer ScriptedPrompts::AskYesNo(QWidget* /*parent*/, const QString& text, const QString& title) {
+Answer ScriptedPrompts::AskYesNo(QWidget* /*parent*/, const QString& text, const QString& title, Answer standard) {
     questions << title + "|" + text;
+    standards << standard;
     return Take(answers).value_or(Answer::Cancel);
 }
 
-Answer ScriptedPrompts::AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) {
-    return AskYesNo(parent, text, title);
+Answer ScriptedPrompts::AskYesNoCancel(QWidget* /*parent*/, const QString& text, const QString& title) {
+    questions << title + "|" + text;
+    return Take(answers).value_or(Answer::Cancel);
 }
 
 int ScriptedPrompts::Choose(QWidget* /*parent*/, const QString& text, const QString& title, const QStringList& offered,

@@ -20,15 +20,16 @@ public:
     std::deque<QString> folders;
     std::deque<ColorNumber> colors;
 
-    QStringList messages;   // texts of message boxes
-    QStringList questions;  // "title|text" of questions
-    QStringList captions;   // of the buttons that the last Choose offered
-    QStringList initials;   // what stood in the input boxes at first
+    QStringList messages;     // texts of message boxes
+    QStringList questions;    // "title|text" of questions
+    QStringList captions;     // of the buttons that the last Choose offered
+    QList<Answer> standards;  // what Enter would have answered to questions with Yes and No
+    QStringList initials;     // what stood in the input boxes at first
     std::vector<FileRequest> requests;
     std::vector<ColorNumber> firstColors;  // where each color dialog started
 
     void Message(QWidget* parent, const QString& text, const QString& title) override;
-    Answer AskYesNo(QWidget* parent, const QString& text, const QString& title) override;
+    Answer AskYesNo(QWidget* parent, const QString& text, const QString& title, Answer standard) override;
     Answer AskYesNoCancel(QWidget* parent, const QString& text, const QString& title) override;
     int Choose(QWidget* parent, const QString& text, const QString& title, const QStringList& offered, int standard,
                int escape) override;

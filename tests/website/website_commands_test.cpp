@@ -234,7 +234,8 @@ TEST_F(Commands, DeleteAsksAndDeletes) {
     Select("b.htm");
     bench.prompts.answers = {Answer::No, Answer::Yes};
     commands->DeleteFile();
-    EXPECT_EQ(bench.prompts.questions, QStringList({"Delete File|                 Proceed?"}));
+    EXPECT_EQ(bench.prompts.questions, QStringList({"Delete File|b.htm\n\n                 Proceed?"}));
+    EXPECT_EQ(bench.prompts.standards, QList<Answer>({Answer::No}));
     EXPECT_TRUE(QFile::exists(Place("b.htm")));
     commands->DeleteFile();
     EXPECT_FALSE(QFile::exists(Place("b.htm")));
@@ -253,6 +254,69 @@ TEST_F(Commands, DeleteTellsThatItFailed) {
     EXPECT_EQ(bench.prompts.messages, QStringList({"Cannot Delete File"}));
 }
 
+// The folder that holds what was thrown away, by the desktop's rules.
+QString Trash() {
+    return qEnvironmentVariable("XDG_DATA_HOME") + "/Trash";
+}
+
+TEST_F(Commands, WhatIsDeletedIsInTheTrash) {
+    Fill({"mill.htm"});
+    Write(Place("mill.htm"), "precious");
+    Select("mill.htm");
+    bench.prompts.answers = {Answer::Yes};
+    commands->DeleteFile();
+    EXPECT_FALSE(QFile::exists(Place("mill.htm")));
+    EXPECT_EQ(Read(Trash() + "/files/mill.htm"), QByteArray("precious"));
+    EXPECT_TRUE(Read(Trash() + "/info/mill.htm.trashinfo").contains("/site/mill.htm"));
+    EXPECT_EQ(bench.prompts.questions.size(), 1);
+}
+
+// Where the data of programs would lie is a file, so that there can be no trash.
+class WithoutATrash : public test::WebsiteFixture {
+protected:
+    void SetUp() override {
+        WebsiteFixture::SetUp();
+        Write(folder.filePath("data"));
+        data_ = qgetenv("XDG_DATA_HOME");
+        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath("data")));
+        Fill({"a.htm"});
+        Select("a.htm");
+    }
+    void TearDown() override { qputenv("XDG_DATA_HOME", data_); }
+
+    QByteArray data_;
+};
+
+TEST_F(WithoutATrash, AFileIsDeletedForGoodOnlyAfterAnotherQuestion) {
+    bench.prompts.answers = {Answer::Yes, Answer::No, Answer::Yes, Answer::Yes};
+    commands->DeleteFile();
+    EXPECT_EQ(bench.prompts.questions.value(1),
+              "Delete File|a.htm can't be moved to the trash.\n\nDelete it for good?");
+    EXPECT_EQ(bench.prompts.standards, QList<Answer>({Answer::No, Answer::No}));
+    EXPECT_TRUE(QFile::exists(Place("a.htm")));
+    commands->DeleteFile();
+    EXPECT_FALSE(QFile::exists(Place("a.htm")));
+    EXPECT_EQ(bench.prompts.messages, QStringList());
+}
+
+TEST_F(Commands, TheDocumentOfADeletedFileCountsAsUnsaved) {
+    Fill({"a.htm", "b.htm"});
+    ASSERT_TRUE(QFile::link(folder.filePath("site"), folder.filePath("link")));
+    test::PlainDocument document(bench);
+    document.SetCaption(folder.filePath("link/a.htm"));
+    bench.active = &document;
+    bench.prompts.answers = {Answer::Yes, Answer::No, Answer::Yes};
+    Select("b.htm");
+    commands->DeleteFile();
+    EXPECT_TRUE(document.Saver()) << "another file";
+    ASSERT_TRUE(QTest::qWaitFor([this] { return panel.File2->Names() == QStringList("a.htm"); }, patience));
+    Select("a.htm");
+    commands->DeleteFile();
+    EXPECT_TRUE(document.Saver()) << "the file is still there";
+    commands->DeleteFile();
+    EXPECT_FALSE(document.Saver());
+}
+
 TEST_F(Commands, TheDeleteBoxShowsItsBlanks) {
     Fill({"a.htm"});
     Select("a.htm");
@@ -262,9 +326,10 @@ TEST_F(Commands, TheDeleteBoxShowsItsBlanks) {
                              EXPECT_EQ(box.windowTitle(), "Delete File");
                              const auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
                              ASSERT_NE(label, nullptr);
-                             EXPECT_EQ(label->text(), QString(17, ' ') + "Proceed?");
+                             EXPECT_EQ(label->text(), "a.htm\n\n" + QString(17, ' ') + "Proceed?");
                              EXPECT_EQ(label->textFormat(), Qt::PlainText);
                              EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+                             EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
                              QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
                          });
     EXPECT_FALSE(QFile::exists(Place("a.htm")));

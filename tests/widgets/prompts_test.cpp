@@ -138,9 +138,19 @@ TEST_F(DialogPromptsTest, AQuestionTakesYesByReturnAndNoByEscape) {
         EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
         QTest::keyClick(&box, Qt::Key_Return);
     });
-    EXPECT_EQ(prompts.AskYesNo(nullptr, "Is it so?", "Important"), Answer::Yes);
+    EXPECT_EQ(prompts.AskYesNo(nullptr, "Is it so?", "Important", Answer::Yes), Answer::Yes);
     When<QMessageBox>("QuestionBox", [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_EQ(prompts.AskYesNo(nullptr, "Is it so?", "Important"), Answer::No);
+    EXPECT_EQ(prompts.AskYesNo(nullptr, "Is it so?", "Important", Answer::Yes), Answer::No);
+}
+
+TEST_F(DialogPromptsTest, ADangerousQuestionTakesNoByReturn) {
+    When<QMessageBox>("QuestionBox", [](QMessageBox& box) {
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(prompts.AskYesNo(nullptr, "Away with it?", "Important", Answer::No), Answer::No);
+    When<QMessageBox>("QuestionBox", [](QMessageBox& box) { Click(box, QMessageBox::Yes); });
+    EXPECT_EQ(prompts.AskYesNo(nullptr, "Away with it?", "Important", Answer::No), Answer::Yes);
 }
 
 TEST_F(DialogPromptsTest, ASaveQuestionHasThreeAnswers) {
