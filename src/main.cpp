@@ -3,7 +3,10 @@
 
 #include <QApplication>
 
+#include <csignal>
+
 int main(int argc, char** argv) {
+    std::signal(SIGXFSZ, SIG_IGN);  // a file larger than the system allows fails its write, and the program goes on
     vellum::PrepareBrowserEngine();
     QApplication application(argc, argv);
     QApplication::setApplicationName("vellumcraft");

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace vellum::test {
 namespace {
@@ -132,6 +133,20 @@ TEST_F(ProgramTest, AFirstPageIsWrittenWithTools) {
     ASSERT_TRUE(program.WaitFor([&] { return text().contains("<a href=\"mill.htm\">The mill</a>"); }));
     EXPECT_FALSE(show("frmAnchors"));
     EXPECT_TRUE(program.WaitFor([&] { return Contains(program, "The mill"); })) << "the preview follows";
+}
+
+TEST_F(ProgramTest, ASaveThatTheSystemAllowsNoRoomForLeavesTheOldFileAndTheProgram) {
+    Store(keys::useIE, "No");
+    ProgramUnderTest program(home.path());
+    ASSERT_TRUE(program.StartToMainWindow({path}));
+    ASSERT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == path; }));
+    const rlimit tooSmall = {64, 64};
+    ASSERT_EQ(::prlimit(static_cast<pid_t>(program.ProcessId()), RLIMIT_FSIZE, &tooSmall, nullptr), 0);
+    program.Type("Text1", "more ");
+    program.Trigger("mnuSaveregItem");
+    EXPECT_TRUE(program.WaitFor(
+        [&] { return program.Ask("dialog").value("value").toString().startsWith("Cannot save file."); }));
+    EXPECT_EQ(Saved(), page);
 }
 
 TEST_F(ProgramTest, ATextThatWasNotSavedSurvivesAKill) {
