@@ -93,7 +93,7 @@ void Form16::WireControls() {
 
 void Form16::LoadSplit() {
     layout_.slider.maximum = designSliderMaximum;
-    const double percent = ReadNumberSetting(workbench_.Settings(), keys::editPercent);
+    const double percent = std::clamp(ReadNumberSetting(workbench_.Settings(), keys::editPercent), 0.0, 100.0);
     layout_.slider.value = static_cast<int>(RoundHalfEven(percent * designSliderMaximum * 0.01));
 }
 

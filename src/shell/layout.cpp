@@ -4,6 +4,7 @@
 #include "values/number_rules.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vellum {
 namespace {
@@ -28,6 +29,19 @@ std::optional<double> Rescale(SplitSlider& slider, int maximum) {
     slider.largeChange = Rounded(maximum / 32.0);
     slider.smallChange = Rounded(maximum / 64.0);
     return ratio;
+}
+
+// What two places have in common, in square twips.
+std::int64_t Overlap(const TwipRect& one, const TwipRect& other) {
+    const std::int64_t width =
+        std::min(one.left + one.width, other.left + other.width) - std::max(one.left, other.left);
+    const std::int64_t height = std::min(one.top + one.height, other.top + other.height) - std::max(one.top, other.top);
+    return width > 0 && height > 0 ? width * height : 0;
+}
+
+// The start nearest to `start` that keeps `length` between two ends; the first end where it is too long.
+int StartWithin(int first, int room, int start, int length) {
+    return std::max(std::min(start, first + room - length), first);
 }
 
 void PlaceBrowserBeside(PaneLayout& layout, int windowWidth) {
@@ -125,6 +139,29 @@ MainLayout LayOutMain(MainLayout layout, int windowWidth, int windowHeight, bool
     layout.treeLeft = layout.fileLeft + layout.fileWidth + 45;
     layout.treeWidth = windowWidth - layout.treeLeft - 300;
     return layout;
+}
+
+TwipRect PlaceOnScreens(TwipRect place, const std::vector<TwipRect>& screens, int leastWidth, int leastHeight) {
+    place.width = std::max(place.width, leastWidth);
+    place.height = std::max(place.height, leastHeight);
+    if (screens.empty()) return place;
+    const TwipRect* screen = &screens.front();
+    std::int64_t seen = 0;
+    for (const TwipRect& candidate : screens) {
+        const std::int64_t shown = Overlap(place, candidate);
+        if (shown > Overlap(place, *screen)) screen = &candidate;
+        seen += shown;
+    }
+    if (seen == std::int64_t{place.width} * place.height) return place;
+    place.width = std::max(std::min(place.width, screen->width), leastWidth);
+    place.height = std::max(std::min(place.height, screen->height), leastHeight);
+    place.left = StartWithin(screen->left, screen->width, place.left, place.width);
+    place.top = StartWithin(screen->top, screen->height, place.top, place.height);
+    return place;
+}
+
+int RestoredPanelHeight(int stored, int screenHeight) {
+    return std::max(std::min(stored, screenHeight - 3000), 100);
 }
 
 int StatusBarTop(int panelTop, int panelHeight) {

@@ -3,6 +3,8 @@
 // The sizes of a window are those inside the frame that the desktop or the multi-document area draws around it.
 #pragma once
 
+#include <vector>
+
 namespace vellum {
 
 struct TwipRect {
@@ -78,6 +80,15 @@ struct MainLayout {
 // `directoryLeft` is where Drive1 and Dir1 stand.
 [[nodiscard]] MainLayout LayOutMain(MainLayout layout, int windowWidth, int windowHeight, bool panelVisible,
                                     int directoryLeft);
+
+// A window that is restored to `place`: on one of the screens (the rooms that windows have on them) and no larger than
+// that, but in no case smaller than its least size. It stays where it was when it is seen as a whole, on one screen or
+// over several, else it goes to the screen that shows most of it, the first one when none does.
+[[nodiscard]] TwipRect PlaceOnScreens(TwipRect place, const std::vector<TwipRect>& screens, int leastWidth,
+                                      int leastHeight);
+
+// The website panel as it is restored on a screen of that height.
+[[nodiscard]] int RestoredPanelHeight(int stored, int screenHeight);
 
 [[nodiscard]] int StatusBarTop(int panelTop, int panelHeight);
 

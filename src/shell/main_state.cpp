@@ -4,6 +4,7 @@
 #include "settings/settings_keys.h"
 #include "shell/main_regions.h"
 #include "shell/recent_files.h"
+#include "shell/twip_geometry.h"
 #include "values/number_rules.h"
 #include "values/units.h"
 #include "website/website_panel.h"
@@ -15,6 +16,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <vector>
 
 namespace vellum {
 namespace {
@@ -30,28 +32,32 @@ QString TruthText(bool value) {
     return value ? QStringLiteral("True") : QStringLiteral("False");
 }
 
-// A whole number that any screen can hold.
+// A whole number, small enough to reckon with.
 int LengthSetting(const SettingsStore& settings, const SettingKey& key) {
     return static_cast<int>(std::clamp(ReadNumberSetting(settings, key), -1e6, 1e6));
 }
 
-// A window that no screen shows any more comes back to the first one.
-QRect OnScreen(const QRect& place) {
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (screen->availableGeometry().intersects(place.adjusted(20, 0, -20, 0))) return place;
-    }
-    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
-    return {room.topLeft(), place.size().boundedTo(room.size())};
+TwipRect RoomOf(const QScreen& screen) {
+    const QRect room = screen.availableGeometry();
+    return {TwipsFromPixels(room.left()), TwipsFromPixels(room.top()), TwipsFromPixels(room.width()),
+            TwipsFromPixels(room.height())};
+}
+
+TwipRect StoredPlace(const QWidget& window, const SettingsStore& settings) {
+    std::vector<TwipRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens()) screens.push_back(RoomOf(*screen));
+    const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
+    return PlaceOnScreens({LengthSetting(settings, keys::windowLeft), LengthSetting(settings, keys::windowTop),
+                           LengthSetting(settings, keys::windowWidth), LengthSetting(settings, keys::windowHeight)},
+                          screens, TwipsFromPixels(least.width()), TwipsFromPixels(least.height()));
 }
 
 void RestorePlace(QWidget& window, const SettingsStore& settings) {
     const int state = LengthSetting(settings, keys::windowState);
     const bool known =
         settings.Contains(keys::windowWidth.application, keys::windowWidth.section, keys::windowWidth.key);
-    const auto pixels = [&settings](const SettingKey& key) { return PixelsFromTwips(LengthSetting(settings, key)); };
     if (state == stateNormal || known) {
-        window.setGeometry(OnScreen({pixels(keys::windowLeft), pixels(keys::windowTop), pixels(keys::windowWidth),
-                                     pixels(keys::windowHeight)}));
+        SetTwipGeometry(&window, StoredPlace(window, settings));
     } else if (const QScreen* screen = QGuiApplication::primaryScreen()) {
         window.resize(screen->availableSize() * 4 / 5);
     }
@@ -74,7 +80,9 @@ void RestoreView(MainRegions& window, const SettingsStore& settings) {
         window.Region(region)->hide();
         window.Item(QStringLiteral("mnuViewItem(%1)").arg(region))->setChecked(false);
     }
-    window.SetPanelHeight(LengthSetting(settings, keys::pic11Height));
+    const QScreen* screen = window.screen();
+    const int stored = LengthSetting(settings, keys::pic11Height);
+    window.SetPanelHeight(screen ? RestoredPanelHeight(stored, RoomOf(*screen).height) : stored);
 }
 
 // Where one of them has gone, the panel stays at the program's own directory.

@@ -155,6 +155,51 @@ TEST(MainWindow, LeavesTheTreeOfANarrowWindow) {
     EXPECT_EQ(LayOutMain(before, 5236, 9000, true, 45).treeWidth, 5236 - 5135 - 100);
 }
 
+// Two screens side by side, the second one lower.
+const std::vector<TwipRect> screens{{0, 0, 19200, 12000}, {19200, 3000, 15000, 9000}};
+
+TEST(RestoredWindow, StaysWhereItIsSeenAsAWhole) {
+    for (const TwipRect& place : {TwipRect{450, 600, 11250, 8250}, screens[0], screens[1],
+                                  TwipRect{15000, 4000, 12000, 6000}, TwipRect{0, 3000, 34200, 9000}}) {
+        EXPECT_EQ(PlaceOnScreens(place, screens, 3000, 2000), place);
+    }
+}
+
+TEST(RestoredWindow, IsNoLargerThanItsScreen) {
+    EXPECT_EQ(PlaceOnScreens({50, 50, 1'000'000, 1'000'000}, screens, 3000, 2000), screens[0]);
+    EXPECT_EQ(PlaceOnScreens({20000, 4000, 1'000'000, 6000}, screens, 3000, 2000),
+              (TwipRect{19200, 4000, 15000, 6000}));
+    EXPECT_EQ(PlaceOnScreens({50, 50, 600, 1'000'000}, screens, 3000, 2000), (TwipRect{50, 0, 3000, 12000}));
+}
+
+TEST(RestoredWindow, HasItsLeastSize) {
+    EXPECT_EQ(PlaceOnScreens({50, 50, 600, 400}, screens, 3000, 2000), (TwipRect{50, 50, 3000, 2000}));
+    EXPECT_EQ(PlaceOnScreens({50, 60, -1'000'000, 0}, screens, 3000, 2000), (TwipRect{50, 60, 3000, 2000}));
+    EXPECT_EQ(PlaceOnScreens({50, 60, 100, 100}, screens, 20000, 2000), (TwipRect{0, 60, 20000, 2000}))
+        << "also where no screen has that room";
+}
+
+TEST(RestoredWindow, ComesToTheScreenThatShowsMostOfIt) {
+    EXPECT_EQ(PlaceOnScreens({18000, 0, 9000, 4000}, screens, 3000, 2000), (TwipRect{19200, 3000, 9000, 4000}));
+    EXPECT_EQ(PlaceOnScreens({-3000, -2000, 9000, 6000}, screens, 3000, 2000), (TwipRect{0, 0, 9000, 6000}));
+    EXPECT_EQ(PlaceOnScreens({30000, 11000, 9000, 6000}, screens, 3000, 2000), (TwipRect{25200, 6000, 9000, 6000}));
+    EXPECT_EQ(PlaceOnScreens({1'000'000, -1'000'000, 9000, 6000}, screens, 3000, 2000),
+              (TwipRect{10200, 0, 9000, 6000}))
+        << "none shows any of it";
+}
+
+TEST(RestoredWindow, NeedsNoScreen) {
+    EXPECT_EQ(PlaceOnScreens({50, 60, 9000, 100}, {}, 3000, 2000), (TwipRect{50, 60, 9000, 2000}));
+}
+
+TEST(RestoredPanel, LeavesRoomAboveItOnTheScreen) {
+    EXPECT_EQ(RestoredPanelHeight(2600, 12000), 2600);
+    EXPECT_EQ(RestoredPanelHeight(9001, 12000), 9000);
+    EXPECT_EQ(RestoredPanelHeight(1'000'000, 12000), 9000);
+    EXPECT_EQ(RestoredPanelHeight(-1'000'000, 12000), 100);
+    EXPECT_EQ(RestoredPanelHeight(2600, 2000), 100);
+}
+
 TEST(MainWindow, PutsTheStatusBarBelowThePanel) {
     EXPECT_EQ(StatusBarTop(9000, 2600), 11615);
 }

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTimer>
@@ -96,6 +97,36 @@ TEST_F(MainWindowTest, RestoresANormalWindow) {
     Open();
     EXPECT_FALSE(window->isMaximized());
     EXPECT_EQ(window->geometry(), QRect(30, 40, 750, 550));
+}
+
+TEST_F(MainWindowTest, BringsAnAbsurdPlaceBackToTheScreen) {
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    WriteSetting(settings, keys::windowState, "0");
+    for (const char* absurd : {"1e6", "-1e300", "1e300", "NaN", "-7", ""}) {
+        for (const SettingKey* key : {&keys::windowTop, &keys::windowLeft, &keys::windowWidth, &keys::windowHeight,
+                                      &keys::pic11Height, &keys::editPercent}) {
+            WriteSetting(settings, *key, absurd);
+        }
+        Open(true);
+        EXPECT_TRUE(room.contains(window->geometry().topLeft())) << absurd;
+        EXPECT_LE(window->width(), room.width()) << absurd;
+        EXPECT_LE(window->height(), room.height()) << absurd;
+        EXPECT_GE(window->width(), window->minimumSizeHint().width()) << absurd;
+        EXPECT_GE(window->PanelHeight(), 100) << absurd;
+        EXPECT_LT(window->Picture11->height(), room.height()) << absurd;
+        EXPECT_LE(Active().Text1->width(), room.width()) << absurd;
+        EXPECT_GE(Active().Text1->x(), 0) << absurd;
+    }
+}
+
+TEST_F(MainWindowTest, AHiddenPanelOfAnAbsurdHeightLeavesRoomForDocumentsWhenItIsShown) {
+    WriteSetting(settings, keys::picture11, "False");
+    WriteSetting(settings, keys::pic11Height, "1e6");
+    Open();
+    EXPECT_LE(window->PanelHeight(), 15 * window->screen()->availableGeometry().height() - 3000);
+    Trigger("mnuViewItem(3)");
+    EXPECT_GT(window->area->height(), 0);
+    EXPECT_LT(window->Picture11->height(), window->height() - window->area->y());
 }
 
 TEST_F(MainWindowTest, RestoresHiddenBarsOnlyByTheExactWord) {
