@@ -88,6 +88,12 @@ QByteArray JsonFromTree(const Tree& tree) {
     return QJsonDocument(applicationObjects).toJson();
 }
 
+// False for a folder, a pipe, a device and the like at the end of all links; true when there is nothing.
+bool MayBeAFile(const QByteArray& path) {
+    struct stat status {};
+    return ::stat(path.constData(), &status) != 0 || S_ISREG(status.st_mode);
+}
+
 // Tells one state of a file from another without reading it.
 struct FileIdentity {
     ino_t inode = 0;  // 0 when there is no file
@@ -171,6 +177,7 @@ struct SettingsStore::Private {
     int batches = 0;
     bool othersChanged = false;
     bool failureTold = false;
+    QString refusal;
     QFileSystemWatcher watcher;
 
     void Start();
@@ -185,7 +192,11 @@ struct SettingsStore::Private {
 };
 
 void SettingsStore::Private::Start() {
-    if (!TakeOver(false)) {
+    if (!MayBeAFile(path)) {
+        refusal = tr("The settings can't be kept, because \"%1\" is not a file. The program starts with the usual "
+                     "settings and forgets changes when it ends.")
+                      .arg(QFile::decodeName(path));
+    } else if (!TakeOver(false)) {
         // Only under the lock is it sure that the file is damaged and not being set aside by another instance.
         const FileDescriptor lock = TakeLock(path);
         if (!lock.IsOpen() || !TakeOver(true)) qWarning("The settings file %s can't be read.", path.constData());
@@ -211,6 +222,7 @@ void SettingsStore::Private::Watch() {
 // then everything stays as it was. A damaged one may be set aside instead, and what is in memory stays.
 bool SettingsStore::Private::TakeOver(bool setDamagedAside) {
     constexpr qint64 mostBytes = qint64{1} << 30;
+    if (!MayBeAFile(path)) return false;
     const FileIdentity found = IdentityOf(path);
     if (found.inode == 0 && identity.inode == 0) return true;
     std::optional<Tree> fresh = Tree();
@@ -258,7 +270,7 @@ bool SettingsStore::Private::Flush() {
     if (stored) {
         pending.clear();
         Watch();
-    } else if (!failureTold) {
+    } else if (!failureTold && refusal.isEmpty()) {
         qWarning("The settings could not be written to %s. They hold until the program ends.", path.constData());
     }
     failureTold = !stored;
@@ -266,7 +278,7 @@ bool SettingsStore::Private::Flush() {
 }
 
 bool SettingsStore::Private::FlushLocked() {
-    if (!MakeFolder(FolderOf(path))) return false;
+    if (!MayBeAFile(path) || !MakeFolder(FolderOf(path))) return false;
     const FileDescriptor lock = TakeLock(path);
     if (!lock.IsOpen() || !TakeOver(true) || !ReplaceFile(path, JsonFromTree(tree))) return false;
     identity = IdentityOf(path);
@@ -285,6 +297,10 @@ SettingsStore::~SettingsStore() {
 QString SettingsStore::DefaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/vellumcraft/settings.json");
+}
+
+QString SettingsStore::Refusal() const {
+    return d_->refusal;
 }
 
 QString SettingsStore::Read(QStringView application, QStringView section, QStringView key,

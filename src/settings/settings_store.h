@@ -14,6 +14,9 @@ namespace vellum {
 //
 // A file that can't be understood is kept aside as settings.json.damaged, with a warning, and the store starts empty.
 //
+// What is no regular file (a folder, a pipe, a device, or a link to one) is neither read nor written nor replaced:
+// values then live in memory until the program ends, or until a file stands there.
+//
 // Several running instances may share the file: a write takes the file's lock, takes over what others have written
 // since, and replaces the file as a whole, so a killed process leaves either the old or the new one. Reads come from
 // memory; changes by others are taken over when the file changes on disk.
@@ -25,6 +28,9 @@ public:
 
     // $XDG_CONFIG_HOME/vellumcraft/settings.json
     [[nodiscard]] static QString DefaultPath();
+
+    // What a person is to be told at the start: the settings file is no file. Empty when all is well.
+    [[nodiscard]] QString Refusal() const;
 
     // The stored value, or `fallback` when there is none. Writes nothing.
     [[nodiscard]] QString Read(QStringView application, QStringView section, QStringView key,

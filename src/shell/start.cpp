@@ -139,6 +139,7 @@ void Start::WatchAnimation() {
     if (timAnimation->isActive()) return;
     hide();
     Timer2->stop();
+    if (const QString refusal = store_.Refusal(); !refusal.isEmpty()) prompts_.Message(nullptr, refusal);
     QString answer = ReadSetting(store_, keys::useIE);
     if (answer.isEmpty()) {
         const Answer reply =

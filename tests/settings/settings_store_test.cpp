@@ -1,5 +1,7 @@
 #include "settings/settings_store.h"
 
+#include "files/file_descriptor.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -12,12 +14,16 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace vellum {
@@ -529,13 +535,77 @@ TEST_F(SettingsStoreTest, AFullDiskLosesNothing) {
 }
 
 TEST_F(SettingsStoreTest, AnUnreadableFileIsLeftAlone) {
-    ASSERT_TRUE(QDir().mkpath(path + "/a directory of that name"));
+    constexpr off_t tooLarge = (off_t{1} << 30) + 1;
+    QDir().mkpath(QFileInfo(path).path());
+    WriteBytes(path, "{}");
+    ASSERT_EQ(::truncate(QFile::encodeName(path).constData(), tooLarge), 0);
     expectedWarnings << "can't be read";
     expectedWarnings << "could not be written";
     SettingsStore store(path);
+    EXPECT_EQ(store.Refusal(), QString());
     EXPECT_FALSE(store.Write(u"A", u"S", u"k", "v"));
     EXPECT_EQ(store.Read(u"A", u"S", u"k"), "v");
-    EXPECT_TRUE(QFileInfo(path + "/a directory of that name").isDir());
+    EXPECT_EQ(StatusOf(path).st_size, tooLarge);
+}
+
+TEST_F(SettingsStoreTest, WhatIsNoFileIsRefusedAndLeftAlone) {
+    const QString directory = QFileInfo(path).path();
+    QDir().mkpath(directory);
+    const QByteArray name = QFile::encodeName(path);
+    const std::function<bool()> makers[] = {
+        [&] { return ::mkdir(name.constData(), 0700) == 0; },
+        [&] { return ::mkfifo(name.constData(), 0600) == 0; },
+        [&] { return ::symlink("/dev/full", name.constData()) == 0; },
+        [&] { return QDir(directory).mkdir("other") && ::symlink("other", name.constData()) == 0; },
+        [&] {
+            return ::mkfifo(QFile::encodeName(directory + "/pipe").constData(), 0600) == 0 &&
+                   ::symlink("pipe", name.constData()) == 0;
+        },
+        [&] {
+            sockaddr_un address = {};
+            address.sun_family = AF_UNIX;
+            if (name.size() >= qsizetype{sizeof(address.sun_path)}) return false;
+            std::copy(name.begin(), name.end(), static_cast<char*>(address.sun_path));
+            const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+            return ::bind(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+        },
+    };
+    for (const auto& make : makers) {
+        ASSERT_TRUE(make());
+        const struct stat before = StatusOf(path);
+        {
+            SettingsStore store(path);
+            EXPECT_TRUE(store.Refusal().contains("\" is not a file")) << store.Refusal().toStdString();
+            EXPECT_EQ(store.Read(u"A", u"S", u"k", "fallback"), "fallback");
+            EXPECT_FALSE(store.Write(u"A", u"S", u"k", "v"));
+            EXPECT_EQ(store.Read(u"A", u"S", u"k"), "v");
+        }
+        EXPECT_EQ(StatusOf(path).st_ino, before.st_ino);
+        EXPECT_EQ(StatusOf(path).st_mode, before.st_mode);
+        EXPECT_EQ(QDir(directory).entryList({"settings.json*"}, QDir::AllEntries | QDir::System),
+                  QStringList("settings.json"));
+        ASSERT_EQ(::remove(name.constData()), 0);
+    }
+}
+
+TEST_F(SettingsStoreTest, ValuesAreKeptOnceAFileCanStandThere) {
+    ASSERT_TRUE(QDir().mkpath(path));
+    SettingsStore store(path);
+    EXPECT_FALSE(store.Write(u"A", u"S", u"early", "1"));
+    ASSERT_TRUE(QDir().rmdir(path));
+    EXPECT_TRUE(store.Write(u"A", u"S", u"late", "2"));
+    EXPECT_EQ(OnDisk("A", "S", "early"), "1");
+}
+
+TEST_F(SettingsStoreTest, AFolderThatTakesTheFilesPlaceIsLeftAlone) {
+    SettingsStore store(path);
+    store.Write(u"A", u"S", u"k", "v");
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(QDir().mkdir(path));
+    expectedWarnings << "could not be written";
+    EXPECT_FALSE(store.Write(u"A", u"S", u"k", "w"));
+    EXPECT_EQ(store.Read(u"A", u"S", u"k"), "w");
+    EXPECT_TRUE(QFileInfo(path).isDir());
 }
 
 TEST_F(SettingsStoreTest, AWriteGivesUpOnALockThatIsNeverFreed) {

@@ -109,6 +109,21 @@ TEST_F(StartTest, TheQuestionStandsBetweenTheSplashAndTheMainWindow) {
     EXPECT_TRUE(ready.at(0).at(0).toBool());
 }
 
+TEST_F(StartTest, ASettingsFileThatIsNoneIsToldOnceBeforeTheQuestion) {
+    ASSERT_TRUE(QDir(home.path()).mkdir("folder.json"));
+    SettingsStore refused(home.filePath("folder.json"));
+    prompts.answers = {Answer::Yes};
+    Start start(refused, prompts);
+    SetPeriods(start, atOnce);
+    const QSignalSpy ready(&start, &Start::Ready);
+    start.Load();
+    ASSERT_TRUE(WaitFor([&] { return ready.count() == 1; }));
+    EXPECT_EQ(prompts.messages, QStringList{refused.Refusal()});
+    EXPECT_FALSE(prompts.messages.first().isEmpty());
+    EXPECT_EQ(prompts.questions.size(), 1);
+    EXPECT_TRUE(ready.at(0).at(0).toBool()) << "the answer holds for this session";
+}
+
 TEST_F(StartTest, AClickBeforeThePreparationOnlyPausesTheAnimation) {
     WriteSetting(settings, keys::useIE, "Yes");
     Start start(settings, prompts);
