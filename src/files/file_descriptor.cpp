@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -95,6 +97,17 @@ QByteArray FolderOf(const QByteArray& path) {
 
 QByteArray NameOf(const QByteArray& path) {
     return path.sliced(path.lastIndexOf('/') + 1);
+}
+
+QByteArray AbsoluteName(const QByteArray& path) {
+    if (path.startsWith('/')) return path;
+    const std::unique_ptr<char, void (*)(void*)> here(::getcwd(nullptr, 0), &std::free);
+    return here ? QByteArray(here.get()) + '/' + path : path;
+}
+
+bool IsOurFile(const QByteArray& path) {
+    struct stat status = {};
+    return ::lstat(path.constData(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
 }
 
 bool RemoveFile(const QByteArray& path) {

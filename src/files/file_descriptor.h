@@ -55,6 +55,12 @@ private:
 [[nodiscard]] QByteArray FolderOf(const QByteArray& path);
 [[nodiscard]] QByteArray NameOf(const QByteArray& path);
 
+// The same path from the root on, where it begins at the current directory.
+[[nodiscard]] QByteArray AbsoluteName(const QByteArray& path);
+
+// A regular file, and not somebody else's.
+[[nodiscard]] bool IsOurFile(const QByteArray& path);
+
 // Removes a file. A file that isn't there counts as removed.
 bool RemoveFile(const QByteArray& path);
 

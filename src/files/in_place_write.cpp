@@ -2,10 +2,12 @@
 
 #include "files/file_descriptor.h"
 #include "files/file_errors.h"
+#include "files/save_record.h"
+#include "files/separate_process.h"
 #include "files/state_folder.h"
+#include "files/write_contents.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 
 #include <array>
@@ -19,31 +21,26 @@
 namespace vellum {
 namespace {
 
-constexpr QByteArrayView kSuffix = ".vellumcraft-backup";
+const QByteArray kSuffix = ".vellumcraft-backup";
 constexpr qint64 kAnySize = std::numeric_limits<qint64>::max() / 2;
-constexpr char kCutMark = '\0';
+
+QByteArray Hashed(const QByteArray& name) {
+    return QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex();
+}
 
 QByteArray BackupBeside(const QByteArray& target) {
     constexpr qsizetype kLongestName = 255;
     const QByteArray name = NameOf(target);
     const bool fits = name.size() + kSuffix.size() + 1 <= kLongestName;
-    const QByteArray stem = fits ? name : QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex();
-    return FolderOf(target) + "/." + stem + kSuffix.toByteArray();
+    return FolderOf(target) + "/." + (fits ? name : Hashed(name)) + kSuffix;
 }
 
 QByteArray BackupInState(const QByteArray& target) {
-    const QByteArray absolute = target.startsWith('/') ? target : QFile::encodeName(QDir::currentPath()) + '/' + target;
-    return StateFolder() + "/backup/" + QCryptographicHash::hash(absolute, QCryptographicHash::Sha1).toHex() +
-           kSuffix.toByteArray();
+    return StateFolder() + "/backup/" + Hashed(AbsoluteName(target)) + kSuffix;
 }
 
-// Only a copy of our own counts: in a folder that everybody may write to, others could lay down a false one.
-bool IsOurFile(const QByteArray& path) {
-    struct stat status = {};
-    return ::lstat(path.constData(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
-}
-
-// The copy that exists, else empty.
+// The copy that exists, else empty. Only one of our own counts: in a folder that everybody may write to, others could
+// lay down a false one.
 QByteArray ExistingBackup(const QByteArray& target) {
     for (const QByteArray& backup : {BackupBeside(target), BackupInState(target)}) {
         if (IsOurFile(backup)) return backup;
@@ -53,37 +50,36 @@ QByteArray ExistingBackup(const QByteArray& target) {
 
 // Written without a name, where the file system can: a copy that bears its name is a whole one, and a killed process
 // leaves no piece of one behind. False with errno.
-bool MakeNamelessBackupAt(const QByteArray& backup, QByteArrayView content) {
-    const FileDescriptor descriptor = OpenFile(FolderOf(backup), O_TMPFILE | O_WRONLY, 0600);
-    return descriptor.IsOpen() && WriteAll(descriptor.Get(), content) && SyncFile(descriptor.Get()) &&
-           RemoveFile(backup) && GiveName(descriptor.Get(), backup) && SyncFolder(FolderOf(backup));
+bool MakeNamelessBackup(const QByteArray& path, const WriteContents& contents) {
+    const FileDescriptor descriptor = OpenFile(FolderOf(path), O_TMPFILE | O_WRONLY, 0600);
+    return descriptor.IsOpen() && WriteTo(descriptor.Get(), contents) && SyncFile(descriptor.Get()) &&
+           RemoveFile(path) && GiveName(descriptor.Get(), path) && SyncFolder(FolderOf(path));
 }
 
-bool MakeBackupAt(const QByteArray& backup, QByteArrayView content) {
-    if (MakeNamelessBackupAt(backup, content)) return true;
-    const QByteArray unfinished = FolderOf(backup) + "/.vellumcraft-" + QByteArray::number(::getpid()) + ".part";
-    RemoveFile(unfinished);
-    FileDescriptor descriptor = OpenFile(unfinished, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+// `unfinished`: its name until it is whole.
+bool MakeBackupAt(const QByteArray& path, const QByteArray& unfinished, const WriteContents& contents) {
+    if (MakeNamelessBackup(path, contents)) return true;
+    const QByteArray part = FolderOf(path) + '/' + unfinished;
+    FileDescriptor descriptor = OpenFile(part, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
     if (!descriptor.IsOpen()) return false;
-    const bool made = WriteAll(descriptor.Get(), content) && SyncFile(descriptor.Get()) && descriptor.Close() &&
-                      ::rename(unfinished.constData(), backup.constData()) == 0 && SyncFolder(FolderOf(backup));
+    const bool made = WriteTo(descriptor.Get(), contents) && SyncFile(descriptor.Get()) && descriptor.Close() &&
+                      ::rename(part.constData(), path.constData()) == 0 && SyncFolder(FolderOf(path));
     if (!made) {
         const int number = errno;
-        RemoveFile(unfinished);
+        RemoveFile(part);
         errno = number;
     }
     return made;
 }
 
 // The path of the copy, empty with errno on failure.
-QByteArray MakeBackup(const QByteArray& target, QByteArrayView content) {
-    QByteArray beside = BackupBeside(target);
-    if (MakeBackupAt(beside, content)) return beside;
+QByteArray MakeBackup(const QByteArray& target, const QByteArray& unfinished, const WriteContents& contents) {
+    const QByteArray beside = BackupBeside(target);
+    if (MakeBackupAt(beside, unfinished, contents)) return beside;
     if (errno != EACCES && errno != EPERM && errno != EROFS) return {};
     const QByteArray inState = BackupInState(target);
-    QDir().mkpath(QFile::decodeName(FolderOf(inState)));
-    ::chmod(FolderOf(inState).constData(), 0700);
-    return MakeBackupAt(inState, content) ? inState : QByteArray();
+    (void)MakeStateFolder(FolderOf(inState));
+    return MakeBackupAt(inState, unfinished, contents) ? inState : QByteArray();
 }
 
 bool Truncate(int descriptor, qint64 size) {
@@ -94,14 +90,19 @@ bool Truncate(int descriptor, qint64 size) {
     return result == 0;
 }
 
-// The first byte says whether the file is whole: the mark goes in before anything else changes, and the real one when
-// all else is on disk. An empty file becomes whole by the one step that empties it. A content that itself begins with a
-// NUL looks cut off until its copy is removed, so a kill in that instant brings the old one back.
+// All bytes by one call, and the end of a longer content by another, so that nobody sees half of it for longer than
+// that takes; and by another process, which ends it when this one is killed. False with errno.
 bool Overwrite(int descriptor, QByteArrayView bytes) {
-    if (!WriteAll(descriptor, QByteArrayView(&kCutMark, 1)) || !SyncFile(descriptor)) return false;
-    if (bytes.isEmpty()) return Truncate(descriptor, 0) && SyncFile(descriptor);
-    return WriteAll(descriptor, bytes.sliced(1), 1) && Truncate(descriptor, bytes.size()) && SyncFile(descriptor) &&
-           WriteAll(descriptor, bytes.first(1)) && SyncFile(descriptor);
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0) return false;
+    const int number = RunSeparately([&] {
+        const bool done = WriteAll(descriptor, bytes) &&
+                          (status.st_size <= bytes.size() || Truncate(descriptor, bytes.size())) &&
+                          SyncFile(descriptor);
+        return done ? 0 : errno;
+    });
+    errno = number;
+    return number == 0;
 }
 
 // Takes the room for a longer content beforehand, so that a full disk is found out while the old one is untouched.
@@ -114,32 +115,30 @@ bool ReserveRoom(int descriptor, qint64 size) {
     return result == 0 || (errno != ENOSPC && errno != EDQUOT && errno != EFBIG);
 }
 
-bool IsCutOff(int descriptor) {
-    char first = 1;
-    return ::pread(descriptor, &first, 1, 0) == 1 && first == kCutMark;
-}
-
 // Held while a file is written in place, so that nobody takes it for one that was cut off. Where the file system
 // has no locks we go without.
 bool LockFile(int descriptor) {
     return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
+std::optional<WriteContents> ContentsIn(const QByteArray& backup) {
+    const FileDescriptor descriptor = OpenFile(backup, O_RDONLY | O_NOFOLLOW);
+    const std::optional<QByteArray> bytes = descriptor.IsOpen() ? ReadAll(descriptor.Get(), kAnySize) : std::nullopt;
+    return bytes ? ContentsFrom(*bytes) : std::nullopt;
+}
+
 bool Restore(const QByteArray& target, const QByteArray& backup) {
-    FileDescriptor descriptor = OpenFile(target, O_RDWR);
+    const FileDescriptor descriptor = OpenFile(target, O_RDWR);
     struct stat status = {};
     if (!descriptor.IsOpen() || ::fstat(descriptor.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     if (!LockFile(descriptor.Get())) return false;
-    if (!IsCutOff(descriptor.Get())) {
-        RemoveFile(backup);
-        return false;
-    }
-    const FileDescriptor source = OpenFile(backup, O_RDONLY | O_NOFOLLOW);
-    if (!source.IsOpen()) return false;
-    const std::optional<QByteArray> content = ReadAll(source.Get(), kAnySize);
-    if (!content || !Overwrite(descriptor.Get(), *content)) return false;
+    const std::optional<WriteContents> contents = ContentsIn(backup);
+    const std::optional<QByteArray> found = ReadAll(descriptor.Get(), kAnySize);
+    if (!contents || !found) return false;
+    const bool cut = IsHalfOf(*contents, *found);
+    if (cut && !Overwrite(descriptor.Get(), contents->after)) return false;
     RemoveFile(backup);
-    return true;
+    return cut;
 }
 
 }  // namespace
@@ -165,7 +164,7 @@ bool WriteInPlace(const QByteArray& target, QByteArrayView bytes, QString* error
         return false;
     };
     RestoreInterruptedWrite(name);
-    FileDescriptor descriptor = OpenFile(target, O_RDWR);
+    const FileDescriptor descriptor = OpenFile(target, O_RDWR);
     if (!descriptor.IsOpen()) return fail(errno);
     if (!LockFile(descriptor.Get())) {
         Say(error, QString("Cannot write \"%1\": another program is writing it.").arg(name));
@@ -173,7 +172,11 @@ bool WriteInPlace(const QByteArray& target, QByteArrayView bytes, QString* error
     }
     const std::optional<QByteArray> old = ReadAll(descriptor.Get(), kAnySize);
     if (!old) return fail(errno);
-    const QByteArray backup = MakeBackup(target, *old);
+    const QByteArray unfinished = HiddenName();
+    const SaveRecord record(target,
+                            {FolderOf(target) + '/' + unfinished, FolderOf(BackupInState(target)) + '/' + unfinished});
+    record.Sync();
+    const QByteArray backup = MakeBackup(target, unfinished, {*old, bytes.toByteArray()});
     if (backup.isEmpty()) return fail(errno);
     if (!ReserveRoom(descriptor.Get(), bytes.size())) {
         const int number = errno;
@@ -199,13 +202,10 @@ void RemoveBackup(const QByteArray& target) {
     if (!backup.isEmpty()) RemoveFile(backup);
 }
 
-QByteArray ContentBeforeCut(const QByteArray& target) {
+QByteArray WholeContent(const QByteArray& target, const QByteArray& found) {
     const QByteArray backup = ExistingBackup(target);
-    if (backup.isEmpty()) return {};
-    const FileDescriptor descriptor = OpenFile(target, O_RDONLY);
-    const FileDescriptor source = OpenFile(backup, O_RDONLY | O_NOFOLLOW);
-    if (!descriptor.IsOpen() || !source.IsOpen() || !IsCutOff(descriptor.Get())) return {};
-    return ReadAll(source.Get(), kAnySize).value_or(QByteArray());
+    const std::optional<WriteContents> contents = backup.isEmpty() ? std::nullopt : ContentsIn(backup);
+    return contents && IsHalfOf(*contents, found) ? contents->after : found;
 }
 
 bool RestoreInterruptedWrite(const QString& path) {

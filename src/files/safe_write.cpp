@@ -3,10 +3,10 @@
 #include "files/file_descriptor.h"
 #include "files/file_errors.h"
 #include "files/in_place_write.h"
+#include "files/save_record.h"
 
 #include <QFile>
 #include <QList>
-#include <QRandomGenerator>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -89,12 +89,12 @@ bool SpeaksAgainstReplacing(int number) {
            number == ENAMETOOLONG;
 }
 
-// Writes a new file and gives it the name of the old one in one step. `nameless`: have no name in the folder until all
-// is written, so that a killed process leaves nothing behind; not every file system can do so.
-Replacing ReplaceBy(bool nameless, const QByteArray& target, const OldFile& old, QByteArrayView bytes) {
+// Writes a new file and gives it the name of the old one in one step; `name` is the one that it has before. `nameless`:
+// have none until all is written, so that a killed process hardly ever leaves one behind; not every file system can do
+// so.
+Replacing ReplaceBy(bool nameless, const QByteArray& target, const QByteArray& name, const OldFile& old,
+                    QByteArrayView bytes) {
     const QByteArray folder = FolderOf(target);
-    const QByteArray name =
-        folder + "/.vellumcraft-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
     const bool isNew = !old.descriptor.IsOpen();
     FileDescriptor made = nameless ? OpenFile(folder, O_TMPFILE | O_WRONLY, isNew ? 0666 : 0600)
                                    : OpenFile(name, O_WRONLY | O_CREAT | O_EXCL, isNew ? 0666 : 0600);
@@ -116,8 +116,10 @@ Replacing ReplaceBy(bool nameless, const QByteArray& target, const OldFile& old,
 }
 
 Replacing Replace(const QByteArray& target, const OldFile& old, QByteArrayView bytes) {
-    const Replacing outcome = ReplaceBy(true, target, old, bytes);
-    return outcome == Replacing::Impossible ? ReplaceBy(false, target, old, bytes) : outcome;
+    const QByteArray name = FolderOf(target) + '/' + HiddenName();
+    const SaveRecord record(target, {name});
+    const Replacing outcome = ReplaceBy(true, target, name, old, bytes);
+    return outcome == Replacing::Impossible ? ReplaceBy(false, target, name, old, bytes) : outcome;
 }
 
 // Opens the file that is to be written anew, if there is one. False with a sentence when it may not be written.
@@ -165,6 +167,18 @@ bool WriteFileSafely(const QString& path, const QByteArray& bytes, QString* erro
     }
     Say(error, CannotWrite(path, number));
     return false;
+}
+
+void RepairInterruptedSaves() {
+    VisitAbandonedSaves([](const QByteArray& target, const QByteArrayList& hidden) {
+        struct stat status = {};
+        if (::stat(FolderOf(target).constData(), &status) != 0) return false;
+        for (const QByteArray& file : hidden) {
+            if (NameOf(file).startsWith(hiddenPrefix) && IsOurFile(file)) RemoveFile(file);
+        }
+        RestoreInterruptedWrite(QFile::decodeName(target));
+        return true;
+    });
 }
 
 }  // namespace vellum

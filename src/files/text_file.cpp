@@ -371,17 +371,10 @@ QByteArray EncodeText(QStringView text, TextFormat& format) {
 
 std::optional<LoadedText> ReadTextFile(const QString& path, QString* error) {
     try {
-        std::optional<QByteArray> bytes = ReadRegularFile(path, error);
-        if (bytes && bytes->startsWith('\0')) {
-            if (RestoreInterruptedWrite(path)) {
-                bytes = ReadRegularFile(path, error);
-            } else {
-                const QByteArray before = ContentBeforeCut(FollowLinks(QFile::encodeName(path)));
-                if (!before.isEmpty()) bytes = before;
-            }
-        }
+        RestoreInterruptedWrite(path);
+        const std::optional<QByteArray> bytes = ReadRegularFile(path, error);
         if (!bytes) return std::nullopt;
-        return DecodeText(*bytes);
+        return DecodeText(WholeContent(FollowLinks(QFile::encodeName(path)), *bytes));
     } catch (const std::bad_alloc&) {
         Say(error, CannotRead(path, ENOMEM));
         return std::nullopt;

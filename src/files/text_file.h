@@ -40,7 +40,7 @@ struct LoadedText {
 [[nodiscard]] QByteArray EncodeText(QStringView text, TextFormat& format);
 
 // Reads a whole file of less than a gigabyte. Empty on failure, with a sentence for a person in *error when given.
-// Folders, pipes and devices are refused. A file whose writing in place was cut off is restored first.
+// Folders, pipes and devices are refused. A file whose writing in place was cut off is completed first.
 [[nodiscard]] std::optional<LoadedText> ReadTextFile(const QString& path, QString* error = nullptr);
 
 }  // namespace vellum

@@ -1,79 +1,27 @@
 #include "files/safe_write.h"
 
+#include "files/file_descriptor.h"
 #include "files/in_place_write.h"
 #include "files/text_file.h"
+#include "files/write_contents.h"
 #include "tests/files/child_process.h"
+#include "tests/files/file_fixture.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <fcntl.h>
-#include <gtest/gtest.h>
-#include <random>
 #include <sched.h>
-#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
-namespace vellum {
+namespace vellum::test {
 namespace {
 
 constexpr uid_t kNobody = 65534;
-
-QByteArray Content(const QString& path) {
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
-}
-
-void Put(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QFile::WriteOnly | QFile::Truncate));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
-struct stat StatusOf(const QString& path) {
-    struct stat status = {};
-    EXPECT_EQ(::lstat(QFile::encodeName(path).constData(), &status), 0) << qPrintable(path);
-    return status;
-}
-
-QStringList NamesIn(const QString& folder) {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-}
-
-void Write(const QString& path, const QByteArray& bytes) {
-    QString error;
-    EXPECT_TRUE(WriteFileSafely(path, bytes, &error)) << qPrintable(error);
-    EXPECT_EQ(Content(path), bytes);
-}
-
-void ExpectRefused(const QString& path, const QByteArray& bytes = "new") {
-    QString error;
-    EXPECT_FALSE(WriteFileSafely(path, bytes, &error));
-    EXPECT_TRUE(error.contains(QFileInfo(path).fileName())) << qPrintable(error);
-    EXPECT_FALSE(WriteFileSafely(path, bytes)) << "without a place for the sentence";
-}
-
-class FileWriting : public testing::Test {
-protected:
-    [[nodiscard]] QString Path(const QString& name = "page.html") const { return folder_.filePath(name); }
-    [[nodiscard]] QByteArray Name(const QString& name = "page.html") const { return QFile::encodeName(Path(name)); }
-    // Where a write in place keeps the old content of a file.
-    [[nodiscard]] QString CopyOf(const QString& name = "page.html") const {
-        return Path('.' + name + ".vellumcraft-backup");
-    }
-    void ExpectOnly(const QStringList& names) const { EXPECT_EQ(NamesIn(folder_.path()), names); }
-
-    QTemporaryDir folder_;
-};
 
 TEST_F(FileWriting, MakesANewFileWithTheModeOfTheUmask) {
     const mode_t mask = ::umask(027);
@@ -195,122 +143,6 @@ TEST_F(FileWriting, TakesTheLongestNameThereIs) {
     ExpectOnly({name, "other"});
 }
 
-TEST_F(FileWriting, PutsBackWhatAWriteInPlaceLeftCutOff) {
-    const QByteArray cut("\0ew conte", 9);
-    Put(Path(), cut);
-    Put(CopyOf(), "the old content");
-    EXPECT_TRUE(RestoreInterruptedWrite(Path()));
-    EXPECT_EQ(Content(Path()), "the old content");
-    EXPECT_FALSE(RestoreInterruptedWrite(Path()));
-    ExpectOnly({"page.html"});
-}
-
-TEST_F(FileWriting, ReadingPutsBackACutOffFile) {
-    Put(Path(), QByteArray(1, '\0'));
-    Put(CopyOf(), "old");
-    const std::optional<LoadedText> loaded = ReadTextFile(Path());
-    ASSERT_TRUE(loaded);
-    EXPECT_EQ(loaded->text, "old");
-    EXPECT_EQ(Content(Path()), "old");
-    ExpectOnly({"page.html"});
-}
-
-TEST_F(FileWriting, NeverPutsAnOldContentOverAWholeFile) {
-    Put(Path(), "saved since");
-    Put(CopyOf(), "old");
-    EXPECT_FALSE(RestoreInterruptedWrite(Path()));
-    EXPECT_EQ(Content(Path()), "saved since");
-    ExpectOnly({"page.html"});
-}
-
-TEST_F(FileWriting, LeavesAFileAloneThatSomebodyIsWriting) {
-    const QByteArray cut("\0ew conte", 9);
-    Put(Path(), cut);
-    Put(CopyOf(), "old");
-    const int writer = ::open(Name().constData(), O_RDWR | O_CLOEXEC);
-    ASSERT_EQ(::flock(writer, LOCK_EX), 0);
-    EXPECT_FALSE(RestoreInterruptedWrite(Path()));
-    EXPECT_EQ(Content(Path()), cut);
-    const std::optional<LoadedText> loaded = ReadTextFile(Path());
-    EXPECT_TRUE(loaded && loaded->text == "old") << "the whole content is shown all the same";
-    ::close(writer);
-}
-
-TEST_F(FileWriting, AFileThatBeginsWithANulAndHasNoCopyIsWhole) {
-    const QByteArray content("\0abc", 4);
-    Put(Path(), content);
-    EXPECT_FALSE(RestoreInterruptedWrite(Path()));
-    EXPECT_EQ(Content(Path()), content);
-}
-
-TEST_F(FileWriting, SavingOverACutOffFileLeavesNoCopy) {
-    Put(Path(), QByteArray(1, '\0'));
-    Put(CopyOf(), "old");
-    Write(Path(), "new");
-    ExpectOnly({"page.html"});
-
-    Put(Path("second.html"), QByteArray(1, '\0'));
-    Put(CopyOf("second.html"), "old");
-    ASSERT_EQ(::link(Name("second.html").constData(), Name("other.html").constData()), 0);
-    Write(Path("second.html"), "new");
-    ExpectOnly({"other.html", "page.html", "second.html"});
-}
-
-QByteArray FirstContent() {
-    return QByteArray("first content\r\n").repeated(200'000);
-}
-
-QByteArray SecondContent() {
-    return QByteArray("the second one\n").repeated(150'000);
-}
-
-TEST(FileWritingChild, DISABLED_RewritesUntilKilled) {
-    const QString path = ChildFolder() + "/page.html";
-    const QByteArray contents[] = {FirstContent(), SecondContent()};
-    (void)!::write(STDOUT_FILENO, "ready", 5);
-    for (int round = 0;; ++round) ASSERT_TRUE(WriteFileSafely(path, contents[round % 2]));
-}
-
-bool IsWhole(const QByteArray& content) {
-    return content == FirstContent() || content == SecondContent();
-}
-
-// Kills a process that saves again and again, at times that differ from round to round.
-template <typename AfterKill>
-void KillAgainAndAgain(const QString& folder, AfterKill afterKill) {
-    std::mt19937 random(4711);
-    QElapsedTimer all;
-    all.start();
-    for (int round = 0; round < 30 && all.elapsed() < 12'000; ++round) {
-        ChildProcess child("FileWritingChild.DISABLED_RewritesUntilKilled", folder);
-        ASSERT_TRUE(child.WaitFor("ready"));
-        const qint64 after = static_cast<qint64>(random() % 40'000'000);
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.nsecsElapsed() < after) ::sched_yield();
-        ASSERT_TRUE(child.KilledNow());
-        afterKill(round);
-        if (testing::Test::HasFailure()) return;
-    }
-}
-
-TEST_F(FileWriting, LeavesAWholeFileWhenKilled) {
-    Put(Path(), FirstContent());
-    KillAgainAndAgain(folder_.path(), [&](int round) { EXPECT_TRUE(IsWhole(Content(Path()))) << "round " << round; });
-}
-
-TEST_F(FileWriting, LeavesAWholeFileOrAWholeCopyWhenKilledInPlace) {
-    Put(Path(), FirstContent());
-    ASSERT_EQ(::link(Name().constData(), Name("other.html").constData()), 0);
-    KillAgainAndAgain(folder_.path(), [&](int round) {
-        EXPECT_TRUE(IsWhole(Content(Path())) || IsWhole(Content(CopyOf()))) << "round " << round;
-        RestoreInterruptedWrite(Path());
-        EXPECT_TRUE(IsWhole(Content(Path()))) << "round " << round;
-        EXPECT_FALSE(QFile::exists(CopyOf())) << "round " << round;
-        EXPECT_EQ(Content(Path("other.html")), Content(Path()));
-    });
-}
-
 // As somebody who has no power over files but that of their modes.
 TEST(FileWritingChild, DISABLED_HasNoPrivileges) {
     if (::geteuid() == 0) {
@@ -346,12 +178,16 @@ TEST(FileWritingChild, DISABLED_HasNoPrivileges) {
     EXPECT_TRUE(NamesIn(state + "/vellumcraft/backup").isEmpty());
     ExpectRefused(closed + "/second.html");
 
-    Put(closed + "/page.html", QByteArray("\0ew", 3));
+    const QByteArray longer = QByteArray("new\n").repeated(2000);
+    Put(closed + "/page.html", longer.first(4096));
     const QByteArray mark =
         QCryptographicHash::hash(QFile::encodeName(closed + "/page.html"), QCryptographicHash::Sha1);
-    Put(state + "/vellumcraft/backup/" + mark.toHex() + ".vellumcraft-backup", "old");
+    const FileDescriptor copy =
+        OpenFile(QFile::encodeName(state) + "/vellumcraft/backup/" + mark.toHex() + ".vellumcraft-backup",
+                 O_WRONLY | O_CREAT, 0600);
+    ASSERT_TRUE(copy.IsOpen() && WriteTo(copy.Get(), {"old", longer}));
     EXPECT_TRUE(RestoreInterruptedWrite(closed + "/page.html"));
-    EXPECT_EQ(Content(closed + "/page.html"), "old");
+    EXPECT_EQ(Content(closed + "/page.html"), longer);
 
     const QString foreign = folder + "/open/foreign.html";
     if (QFile::exists(foreign)) {
@@ -426,4 +262,4 @@ TEST_F(FileWriting, KeepsTheOldFileWhenTheSystemAllowsNoLargeOne) {
 }
 
 }  // namespace
-}  // namespace vellum
+}  // namespace vellum::test
