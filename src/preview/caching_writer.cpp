@@ -2,6 +2,7 @@
 
 #include "files/declared_encoding.h"
 #include "files/safe_write.h"
+#include "files/save_record.h"
 #include "preview/caching_file.h"
 
 #include <QCoreApplication>
@@ -72,6 +73,7 @@ bool WriteQuickly(const QString& path, const QByteArray& bytes, quint64 number) 
     QFile file(
         QStringLiteral("%1/.vellumcraft-preview-%2-%3")
             .arg(old.absolutePath(), QString::number(QCoreApplication::applicationPid()), QString::number(number)));
+    const SaveRecord record(QFile::encodeName(path), {QFile::encodeName(file.fileName())});
     if (!plain || !file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return Order().PutSafely(path, number, bytes);
     if (old.exists()) file.setPermissions(old.permissions());
     const bool complete = file.write(bytes) == bytes.size() && file.flush();

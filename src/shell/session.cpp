@@ -1,5 +1,6 @@
 #include "shell/session.h"
 
+#include "files/safe_write.h"
 #include "shell/mdiform1.h"
 #include "shell/start.h"
 
@@ -13,6 +14,7 @@ Session::Session(QString commandLine)
 Session::~Session() = default;
 
 void Session::Run() {
+    RepairInterruptedSaves();
     start_ = std::make_unique<Start>(settings_, prompts_);
     connect(start_.get(), &Start::Ready, this, &Session::LoadMainWindow);
     start_->Load();

@@ -1,5 +1,8 @@
 #include "preview/caching_writer.h"
 
+#include "files/safe_write.h"
+#include "tests/files/kill_steps.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -38,6 +41,20 @@ TEST_F(CachingWriterTest, ReplacesTheFileAndLeavesNothingBeside) {
     ASSERT_TRUE(Write("caching.htm", "two"));
     EXPECT_EQ(Read(Path("caching.htm")), "two");
     EXPECT_EQ(Names(), QStringList{"caching.htm"});
+}
+
+TEST_F(CachingWriterTest, WhatAKilledWriteLeftHiddenGoesAtTheNextStart) {
+    int leftovers = 0;
+    test::KillSteps write([this] { (void)Write("caching.htm", "two"); }, test::Killed::TheProcess);
+    for (int step = 1; !HasFailure(); ++step) {
+        const test::Killed killed = write.KillAt(step);
+        if (killed == test::Killed::CannotTrace) GTEST_SKIP() << "no process may be looked at here";
+        if (killed == test::Killed::Nothing) break;
+        leftovers += static_cast<int>(Names().filter(".vellumcraft-").size());
+        RepairInterruptedSaves();
+        EXPECT_EQ(Names().filter(".vellumcraft-"), QStringList()) << step;
+    }
+    EXPECT_GT(leftovers, 0) << "else the test kills at no step that matters";
 }
 
 TEST_F(CachingWriterTest, TheFileOrderedLastStays) {

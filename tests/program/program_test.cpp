@@ -1,4 +1,5 @@
 // The program as a person meets it: started on a page, typed in, previewed, saved, closed and started again.
+#include "files/save_record.h"
 #include "settings/settings_keys.h"
 #include "tests/program/program_under_test.h"
 
@@ -9,6 +10,8 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace vellum::test {
 namespace {
@@ -146,6 +149,22 @@ TEST_F(ProgramTest, ASaveThatTheSystemAllowsNoRoomForLeavesTheOldFileAndTheProgr
     program.Trigger("mnuSaveregItem");
     EXPECT_TRUE(program.WaitFor(
         [&] { return program.Ask("dialog").value("value").toString().startsWith("Cannot save file."); }));
+    EXPECT_EQ(Saved(), page);
+}
+
+TEST_F(ProgramTest, TheStartRemovesWhatAKilledSaveLeftHidden) {
+    const QByteArray hidden = QFile::encodeName(home.filePath("site/.vellumcraft-abc"));
+    ASSERT_TRUE(QFile(QFile::decodeName(hidden)).open(QFile::WriteOnly));
+    const pid_t child = ::fork();
+    if (child == 0) {
+        qputenv("XDG_STATE_HOME", QFile::encodeName(home.filePath(".local/state")));
+        const SaveRecord record(QFile::encodeName(path), {hidden});
+        ::_exit(0);
+    }
+    ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+    ProgramUnderTest program(home.path());
+    ASSERT_TRUE(program.StartToMainWindow({}));
+    EXPECT_FALSE(QFile::exists(QFile::decodeName(hidden)));
     EXPECT_EQ(Saved(), page);
 }
 
