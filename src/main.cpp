@@ -1,7 +1,9 @@
 #include "browser/browser_engine.h"
+#include "files/file_names.h"
 #include "shell/session.h"
 
 #include <QApplication>
+#include <QByteArrayList>
 
 #include <csignal>
 
@@ -15,7 +17,10 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("vellumcraft");
     QApplication::setQuitOnLastWindowClosed(false);
 
-    vellum::Session session(QApplication::arguments().mid(1).join(' '));
+    // As bytes, since the name of a file may be no text. What the toolkit understands is taken out by now.
+    QByteArrayList words;
+    for (int i = 1; i < argc; ++i) words << argv[i];
+    vellum::Session session(vellum::DecodeFileName(words.join(' ')));
     QObject::connect(&session, &vellum::Session::Ended, &application, &QApplication::quit, Qt::QueuedConnection);
     session.Run();
     return QApplication::exec();

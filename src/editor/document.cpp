@@ -2,6 +2,7 @@
 
 #include "editor/tag_popup.h"
 #include "editor/typing.h"
+#include "files/file_names.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -47,7 +48,7 @@ void Document::SetCaption(const QString& caption) {
 
 void Document::ShowCaption() {
     // The toolkit reads "[*]" as a mark of changes; twice in a row it means the three characters.
-    setWindowTitle(Caption().replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    setWindowTitle(ReadableName(Caption()).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
 void Document::SetSaver(bool saver) {

@@ -1,12 +1,15 @@
 #include "files/folder_reader.h"
 
-#include <QFile>
+#include "files/file_facts.h"
+#include "files/file_names.h"
+
 #include <QFileInfo>
 #include <QtConcurrentRun>
 
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <unistd.h>
 
 namespace vellum {
 
@@ -21,13 +24,13 @@ QStringList NamesIn(const QString& folder, FolderContent content) {
     QStringList names;
     if (folder.isEmpty()) return names;
     std::error_code error;
-    fs::directory_iterator entry(QFile::encodeName(folder).toStdString(), fs::directory_options::skip_permission_denied,
+    fs::directory_iterator entry(EncodeFileName(folder).toStdString(), fs::directory_options::skip_permission_denied,
                                  error);
     while (!error && entry != fs::directory_iterator()) {
         std::error_code unknown;  // a link to nowhere is neither file nor folder
         const bool wanted =
             content == FolderContent::Files ? entry->is_regular_file(unknown) : entry->is_directory(unknown);
-        if (wanted) names << QFile::decodeName(QByteArray::fromStdString(entry->path().filename().native()));
+        if (wanted) names << DecodeFileName(QByteArray::fromStdString(entry->path().filename().native()));
         entry.increment(error);
     }
     std::sort(names.begin(), names.end(), NameBefore);
@@ -35,9 +38,7 @@ QStringList NamesIn(const QString& folder, FolderContent content) {
 }
 
 bool IsReadableFolder(const QString& path) {
-    if (path.isEmpty()) return false;
-    const QFileInfo folder(path);
-    return folder.isDir() && folder.isReadable() && folder.isExecutable();
+    return IsFolder(path) && ::access(EncodeFileName(path).constData(), R_OK | X_OK) == 0;
 }
 
 FolderReader::FolderReader(FolderContent content, QObject* parent) : QObject(parent), content_(content) {
@@ -47,7 +48,7 @@ FolderReader::FolderReader(FolderContent content, QObject* parent) : QObject(par
     settle_.setInterval(burst);
     connect(&settle_, &QTimer::timeout, this, &FolderReader::Refresh);
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this](const QString& place) {
-        const bool concerned = place == folder_ || QFileInfo(folder_).isDir() != there_;
+        const bool concerned = place == folder_ || IsFolder(folder_) != there_;
         if (concerned && !settle_.isActive()) settle_.start();
     });
     connect(&reading_, &QFutureWatcherBase::finished, this, &FolderReader::Finish);
@@ -85,11 +86,11 @@ void FolderReader::Finish() {
 // Follows the folder and the one that holds it, where it is seen to be renamed; while it is missing, the nearest one
 // above it, where it would come back. Taken up anew each time, since another folder may bear the name by now.
 void FolderReader::Watch() {
-    there_ = QFileInfo(folder_).isDir();
+    there_ = IsFolder(folder_);
     QStringList places;
     if (there_) places << folder_;
     QString above = QFileInfo(folder_).absolutePath();
-    while (!QFileInfo(above).isDir() && above != "/") above = QFileInfo(above).absolutePath();
+    while (!IsFolder(above) && above != "/") above = QFileInfo(above).absolutePath();
     if (above != folder_) places << above;
     if (const QStringList watched = watcher_.directories(); !watched.isEmpty()) watcher_.removePaths(watched);
     watcher_.addPaths(places);

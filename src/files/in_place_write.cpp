@@ -2,13 +2,13 @@
 
 #include "files/file_descriptor.h"
 #include "files/file_errors.h"
+#include "files/file_names.h"
 #include "files/save_record.h"
 #include "files/separate_process.h"
 #include "files/state_folder.h"
 #include "files/write_contents.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 
 #include <array>
 #include <cerrno>
@@ -158,12 +158,12 @@ QByteArray FollowLinks(const QByteArray& path) {
 }
 
 bool WriteInPlace(const QByteArray& target, QByteArrayView bytes, QString* error) {
-    const QString name = QFile::decodeName(target);
+    const QString name = ReadableName(DecodeFileName(target));
     const auto fail = [&](int number) {
         Say(error, CannotWrite(name, number));
         return false;
     };
-    RestoreInterruptedWrite(name);
+    RestoreInterruptedWrite(DecodeFileName(target));
     const FileDescriptor descriptor = OpenFile(target, O_RDWR);
     if (!descriptor.IsOpen()) return fail(errno);
     if (!LockFile(descriptor.Get())) {
@@ -190,7 +190,7 @@ bool WriteInPlace(const QByteArray& target, QByteArrayView bytes, QString* error
             return fail(number);
         }
         Say(error, QString(R"(Cannot write "%1": %2. Its former content is in "%3".)")
-                       .arg(name, SystemMessage(number), QFile::decodeName(backup)));
+                       .arg(name, SystemMessage(number), ReadableName(DecodeFileName(backup))));
         return false;
     }
     RemoveFile(backup);
@@ -209,7 +209,7 @@ QByteArray WholeContent(const QByteArray& target, const QByteArray& found) {
 }
 
 bool RestoreInterruptedWrite(const QString& path) {
-    const QByteArray target = FollowLinks(QFile::encodeName(path));
+    const QByteArray target = FollowLinks(EncodeFileName(path));
     const QByteArray backup = target.isEmpty() ? QByteArray() : ExistingBackup(target);
     return !backup.isEmpty() && Restore(target, backup);
 }

@@ -1,25 +1,45 @@
 #include "files/picture.h"
 
-#include <QFileInfo>
+#include "files/file_descriptor.h"
+#include "files/file_facts.h"
+#include "files/file_names.h"
+
+#include <QFile>
 #include <QImageReader>
+
+#include <fcntl.h>
 
 namespace vellum {
 namespace {
 
-// False for what is no picture, and for a pipe or a device, which might never end. The reader goes by the content.
-bool OpenPicture(QImageReader& reader, const QString& path) {
-    if (!QFileInfo(path).isFile()) return false;
-    reader.setFileName(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(false);
-    return reader.canRead();
-}
+// An open file and the reader of its picture, which goes by the content. What is no picture can't be read, nor can a
+// pipe or a device, which might never end.
+class PictureFile {
+public:
+    explicit PictureFile(const QString& path) {
+        const std::optional<FileFacts> facts = FactsOf(path);
+        if (!facts || !facts->isFile) return;
+        descriptor_ = OpenFile(EncodeFileName(path), O_RDONLY);
+        if (!descriptor_.IsOpen() || !file_.open(descriptor_.Get(), QIODevice::ReadOnly)) return;
+        reader_.setDevice(&file_);
+        reader_.setDecideFormatFromContent(true);
+        reader_.setAutoTransform(false);
+    }
+
+    [[nodiscard]] QImageReader& Reader() { return reader_; }
+
+private:
+    FileDescriptor descriptor_;
+    QFile file_;
+    QImageReader reader_;
+};
 
 }  // namespace
 
 std::optional<QSize> ImageSize(const QString& path) {
-    QImageReader reader;
-    if (!OpenPicture(reader, path)) return std::nullopt;
+    PictureFile file(path);
+    QImageReader& reader = file.Reader();
+    if (!reader.canRead()) return std::nullopt;
     // Some formats have no size in their head, so the picture itself must tell.
     if (const QSize size = reader.size(); size.isValid()) return size;
     const QImage picture = reader.read();
@@ -29,8 +49,9 @@ std::optional<QSize> ImageSize(const QString& path) {
 Picture ReadPicture(const QString& path) {
     Picture picture;
     // The reader has a limit of its own to what an image may take.
-    QImageReader reader;
-    if (!OpenPicture(reader, path)) return picture;
+    PictureFile file(path);
+    QImageReader& reader = file.Reader();
+    if (!reader.canRead()) return picture;
     picture.size = reader.size();
     constexpr qint64 bytesPerPixel = 4;
     constexpr qint64 bytesPerMegabyte = qint64{1024} * 1024;

@@ -1,6 +1,8 @@
 #include "files/rename_file.h"
 
-#include <QFile>
+#include "files/file_names.h"
+
+#include <QByteArray>
 
 #include <cerrno>
 #include <cstdio>
@@ -24,8 +26,8 @@ Target TargetOf(const QByteArray& from, const QByteArray& to) {
 }  // namespace
 
 bool RenameFile(const QString& oldPath, const QString& newPath) {
-    const QByteArray from = QFile::encodeName(oldPath);
-    const QByteArray to = QFile::encodeName(newPath);
+    const QByteArray from = EncodeFileName(oldPath);
+    const QByteArray to = EncodeFileName(newPath);
     if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) return true;
     switch (errno) {
         case EEXIST:

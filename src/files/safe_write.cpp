@@ -2,10 +2,10 @@
 
 #include "files/file_descriptor.h"
 #include "files/file_errors.h"
+#include "files/file_names.h"
 #include "files/in_place_write.h"
 #include "files/save_record.h"
 
-#include <QFile>
 #include <QList>
 
 #include <cerrno>
@@ -145,7 +145,7 @@ bool OpenOldFile(const QByteArray& target, OldFile& old, const QString& path, QS
 }  // namespace
 
 bool WriteFileSafely(const QString& path, const QByteArray& bytes, QString* error) {
-    const QByteArray target = FollowLinks(QFile::encodeName(path));
+    const QByteArray target = FollowLinks(EncodeFileName(path));
     if (target.isEmpty()) {
         Say(error, CannotWrite(path, path.isEmpty() ? ENOENT : ELOOP));
         return false;
@@ -176,7 +176,7 @@ void RepairInterruptedSaves() {
         for (const QByteArray& file : hidden) {
             if (NameOf(file).startsWith(hiddenPrefix) && IsOurFile(file)) RemoveFile(file);
         }
-        RestoreInterruptedWrite(QFile::decodeName(target));
+        RestoreInterruptedWrite(DecodeFileName(target));
         return true;
     });
 }

@@ -3,9 +3,9 @@
 #include "files/declared_encoding.h"
 #include "files/file_descriptor.h"
 #include "files/file_errors.h"
+#include "files/file_names.h"
 #include "files/in_place_write.h"
 
-#include <QFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
 #include <QtEndian>
@@ -311,7 +311,7 @@ bool ReadsAsWritten(const QByteArray& bytes, const TextFormat& format, QStringVi
 
 // The bytes of a regular file; empty with a sentence for anything else.
 std::optional<QByteArray> ReadRegularFile(const QString& path, QString* error) {
-    const QByteArray name = QFile::encodeName(path);
+    const QByteArray name = EncodeFileName(path);
     struct stat status = {};
     // Asked before the file is opened, for opening alone sets some devices going.
     if (::stat(name.constData(), &status) != 0) {
@@ -374,7 +374,7 @@ std::optional<LoadedText> ReadTextFile(const QString& path, QString* error) {
         RestoreInterruptedWrite(path);
         const std::optional<QByteArray> bytes = ReadRegularFile(path, error);
         if (!bytes) return std::nullopt;
-        return DecodeText(WholeContent(FollowLinks(QFile::encodeName(path)), *bytes));
+        return DecodeText(WholeContent(FollowLinks(EncodeFileName(path)), *bytes));
     } catch (const std::bad_alloc&) {
         Say(error, CannotRead(path, ENOMEM));
         return std::nullopt;

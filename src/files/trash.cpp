@@ -1,6 +1,7 @@
 #include "files/trash.h"
 
 #include "files/file_descriptor.h"
+#include "files/file_names.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -62,7 +63,7 @@ bool IsSharedTrash(const QByteArray& folder) {
 Trash TrashFor(const QByteArray& path) {
     const QByteArray home = HomeTrash();
     if (DiskFor(home) == DiskOf(FolderOf(path))) {
-        const bool made = QDir().mkpath(QFile::decodeName(FolderOf(home))) && MakeOwnFolder(home);
+        const bool made = QDir().mkpath(DecodeFileName(FolderOf(home))) && MakeOwnFolder(home);
         return made ? Trash{home, path} : Trash{};
     }
     const QByteArray top = TopOfDisk(path);
@@ -93,7 +94,7 @@ bool MakeNote(const QByteArray& path, const QByteArray& note) {
 bool MoveToTrash(const QString& path) {
     constexpr qsizetype longestName = 200;  // what is put after it has room then
     constexpr int mostOfOneName = 10'000;
-    const QByteArray from = QFile::encodeName(path);
+    const QByteArray from = EncodeFileName(path);
     const Trash trash = from.startsWith('/') && DiskOf(from) != -1 ? TrashFor(from) : Trash{};
     if (trash.folder.isEmpty()) return false;
     if (!MakeOwnFolder(trash.folder + "/files") || !MakeOwnFolder(trash.folder + "/info")) return false;

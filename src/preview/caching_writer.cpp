@@ -1,6 +1,7 @@
 #include "preview/caching_writer.h"
 
 #include "files/declared_encoding.h"
+#include "files/file_names.h"
 #include "files/safe_write.h"
 #include "files/save_record.h"
 #include "preview/caching_file.h"
@@ -73,7 +74,7 @@ bool WriteQuickly(const QString& path, const QByteArray& bytes, quint64 number) 
     QFile file(
         QStringLiteral("%1/.vellumcraft-preview-%2-%3")
             .arg(old.absolutePath(), QString::number(QCoreApplication::applicationPid()), QString::number(number)));
-    const SaveRecord record(QFile::encodeName(path), {QFile::encodeName(file.fileName())});
+    const SaveRecord record(EncodeFileName(path), {EncodeFileName(file.fileName())});
     if (!plain || !file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return Order().PutSafely(path, number, bytes);
     if (old.exists()) file.setPermissions(old.permissions());
     const bool complete = file.write(bytes) == bytes.size() && file.flush();

@@ -1,6 +1,7 @@
 #include "shell/mdiform1.h"
 
 #include "editor/document.h"
+#include "files/file_names.h"
 #include "files/paths.h"
 #include "preview/preview_pipeline.h"
 #include "reference/add_tags.h"
@@ -232,7 +233,7 @@ void MDIform1::ShowRecentFiles() {
     for (int i = 0; i < RecentFileList::slotCount; ++i) {
         const QString& path = files_.Recent().Slot(i);
         QAction* item = Item(QStringLiteral("mnuRecents(%1)").arg(i));
-        item->setText(QString(path).replace('&', "&&"));
+        item->setText(ReadableName(path).replace('&', "&&"));
         item->setVisible(!path.isEmpty());
         if (!path.isEmpty()) menu->setEnabled(true);
     }

@@ -1,10 +1,10 @@
 #include "shell/recovery_keeper.h"
 
 #include "editor/workbench.h"
+#include "files/file_names.h"
 #include "shell/open_documents.h"
 
 #include <QDateTime>
-#include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTimer>
@@ -26,7 +26,7 @@ bool IsBlankCaption(const QString& caption) {
 
 // The next start may run in another directory.
 QString CaptionToKeep(const QString& caption) {
-    return IsBlankCaption(caption) ? caption : QFileInfo(caption).absoluteFilePath();
+    return IsBlankCaption(caption) ? caption : AbsolutePath(caption);
 }
 
 RecoveredText CopyOf(const DocumentWindow& window) {
@@ -43,8 +43,9 @@ QString RecoveryQuestion(const std::vector<RecoveredText>& lost) {
     for (const RecoveredText& copy : lost) {
         if (++listed > mostListed) break;
         const QDateTime written = QDateTime::fromSecsSinceEpoch(copy.writtenAt);
-        text +=
-            RecoveryKeeper::tr("%1   (%2)").arg(copy.caption, QLocale().toString(written, QLocale::ShortFormat)) + "\n";
+        text += RecoveryKeeper::tr("%1   (%2)")
+                    .arg(ReadableName(copy.caption), QLocale().toString(written, QLocale::ShortFormat)) +
+                "\n";
     }
     const int more = static_cast<int>(lost.size()) - mostListed;
     if (more > 0) text += RecoveryKeeper::tr("and %1 more").arg(more) + "\n";

@@ -1,5 +1,7 @@
 #include "website/propform.h"
 
+#include "files/file_facts.h"
+#include "files/file_names.h"
 #include "tools/framework/access_keys.h"
 #include "website/file_kind.h"
 #include "widgets/plain_tool_tip.h"
@@ -18,12 +20,6 @@ namespace vellum {
 namespace {
 
 const QString notAWebImage = QStringLiteral("Not A Web Image");
-
-// A file without any write permission is read-only for root too.
-bool IsWritable(const QFileInfo& file) {
-    constexpr QFile::Permissions anyone = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
-    return file.isWritable() && (file.permissions() & anyone);
-}
 
 }  // namespace
 
@@ -117,14 +113,14 @@ void propform::BuildLayout() {
 }
 
 void propform::ShowFile() {
-    const QFileInfo file(path_);
-    const QString name = file.fileName();
-    txtName->setText(name);
-    txtSize->setText(SizeText(file.size()));
-    txtDate->setText(QLocale().toString(file.lastModified(), QLocale::ShortFormat));
-    txtAttributes->setText(AttributeText(AttributeBits(name, IsWritable(file))));
+    const QString name = QFileInfo(path_).fileName();
+    const FileFacts file = FactsOf(path_).value_or(FileFacts());
+    txtName->setText(ReadableName(name));
+    txtSize->setText(SizeText(file.size));
+    txtDate->setText(QLocale().toString(file.changed, QLocale::ShortFormat));
+    txtAttributes->setText(AttributeText(AttributeBits(name, file.isWritable)));
     for (QLineEdit* field : {txtName, txtSize, txtDate, txtAttributes}) field->setCursorPosition(0);
-    txtName->setToolTip(PlainToolTip(path_));
+    txtName->setToolTip(PlainToolTip(ReadableName(path_)));
     cmdPlaySound->setEnabled(IsPlayable(name));
     if (IsWebImage(name)) {
         // A large picture, or one on a slow disk, must not hold up the window.

@@ -1,6 +1,9 @@
 #include "website/website_commands.h"
 
 #include "editor/document.h"
+#include "files/file_descriptor.h"
+#include "files/file_facts.h"
+#include "files/file_names.h"
 #include "files/paths.h"
 #include "files/rename_file.h"
 #include "files/trash.h"
@@ -10,8 +13,6 @@
 #include "widgets/wait_pointer.h"
 
 #include <QContextMenuEvent>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <utility>
@@ -23,7 +24,7 @@ namespace {
 QList<Document*> DocumentsOnDisk(const Workbench& bench) {
     QList<Document*> documents = bench.Documents();
     documents.removeIf(
-        [](const Document* document) { return document->NeverSaved() || !QFileInfo::exists(document->Caption()); });
+        [](const Document* document) { return document->NeverSaved() || !FactsOf(document->Caption()); });
     return documents;
 }
 
@@ -113,7 +114,7 @@ void WebsiteCommands::DeleteFile() {
     const QString name = SelectedName();
     if (name.isEmpty()) return;
     const QString path = JoinPath(panel_.File2->Path(), name);
-    const QString question = name + "\n\n" + QString(17, u' ') + QLatin1String("Proceed?");
+    const QString question = ReadableName(name) + "\n\n" + QString(17, u' ') + QLatin1String("Proceed?");
     if (bench_.Ask().AskYesNo(bench_.Window(), question, "Delete File", Answer::No) != Answer::Yes) return;
     const QList<Document*> onDisk = DocumentsOnDisk(bench_);
     const bool done = ThrowAway(path);
@@ -129,11 +130,11 @@ void WebsiteCommands::DeleteFile() {
 // gone and did not.
 bool WebsiteCommands::ThrowAway(const QString& path) {
     if (MoveToTrash(path)) return true;
-    if (!QFileInfo::exists(path)) return false;
-    const QString question =
-        tr("%1 can't be moved to the trash.").arg(QFileInfo(path).fileName()) + "\n\n" + tr("Delete it for good?");
+    if (!FactsOf(path)) return false;
+    const QString question = tr("%1 can't be moved to the trash.").arg(ReadableName(QFileInfo(path).fileName())) +
+                             "\n\n" + tr("Delete it for good?");
     if (bench_.Ask().AskYesNo(bench_.Window(), question, "Delete File", Answer::No) != Answer::Yes) return true;
-    return QFile::remove(path);
+    return RemoveFile(EncodeFileName(path));
 }
 
 void WebsiteCommands::ShowProperties() {
@@ -148,7 +149,7 @@ void WebsiteCommands::MakeDirectory() {
     const QString name =
         bench_.Ask().Input(bench_.Window(), "Enter Name of New Directory", "Vellumcraft").value_or(QString());
     if (name.isEmpty()) return;
-    QDir().mkdir(JoinPath(folder, name));
+    MakeFolder(JoinPath(folder, name));
     panel_.Dir1->Refresh();
 }
 

@@ -1,5 +1,6 @@
 #include "widgets/file_lists.h"
 
+#include "files/file_names.h"
 #include "files/paths.h"
 #include "widgets/icons.h"
 #include "widgets/plain_tool_tip.h"
@@ -55,26 +56,11 @@ QString Unescaped(const QByteArray& field) {
         bytes += octal ? static_cast<char>(code) : field[i];
         if (octal) i += 3;
     }
-    return QFile::decodeName(bytes);
+    return DecodeFileName(bytes);
 }
 
 bool IsMediaPath(const QString& path) {
     return path.startsWith("/media/") || path.startsWith("/run/media/") || path.startsWith("/mnt/") || path == "/mnt";
-}
-
-QString Cleaned(const QString& path) {
-    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
-}
-
-// A row has one line; a line end in a name shows as the sign for one.
-QString InOneLine(QString name) {
-    for (QChar& letter : name) {
-        if (letter == u'\n' || letter == u'\r' || letter == QChar::LineSeparator ||
-            letter == QChar::ParagraphSeparator) {
-            letter = QChar(0x2424);
-        }
-    }
-    return name;
 }
 
 bool IsEnter(const QKeyEvent* event) {
@@ -125,7 +111,7 @@ QString DriveList::Drive() const {
 
 bool DriveList::SetDrive(const QString& path) {
     if (!IsReadableFolder(path)) return false;
-    const int place = PlaceHolding(places_, Cleaned(path));
+    const int place = PlaceHolding(places_, AbsolutePath(path));
     if (place < 0) return false;
     if (place != currentIndex()) {
         setCurrentIndex(place);
@@ -141,8 +127,8 @@ void DriveList::Refresh() {
     places_ = std::move(places);
     clear();
     for (const Place& place : places_) {
-        addItem(ThemeIcon(place.name == u"Home" ? "folder" : "drive"), place.name, place.path);
-        setItemData(count() - 1, PlainToolTip(place.path), Qt::ToolTipRole);
+        addItem(ThemeIcon(place.name == u"Home" ? "folder" : "drive"), ReadableName(place.name), place.path);
+        setItemData(count() - 1, PlainToolTip(ReadableName(place.path)), Qt::ToolTipRole);
     }
     setCurrentIndex(PlaceHolding(places_, chosen));
 }
@@ -163,7 +149,7 @@ DirectoryList::DirectoryList(QWidget* parent) : QListWidget(parent), reader_(Fol
 
 bool DirectoryList::SetPath(const QString& path) {
     if (!IsReadableFolder(path)) return false;
-    const QString cleaned = Cleaned(path);
+    const QString cleaned = AbsolutePath(path);
     if (cleaned == Path()) {
         Refresh();
         return true;
@@ -201,10 +187,10 @@ void DirectoryList::Fill(const QStringList& folders) {
 void DirectoryList::AddRow(const QString& name, const QString& path, int depth, bool open) {
     static const QIcon openFolder = OwnIcon("open");
     static const QIcon folder = OwnIcon("folder");
-    auto* row = new QListWidgetItem(open ? openFolder : folder, InOneLine(name), this);
+    auto* row = new QListWidgetItem(open ? openFolder : folder, ReadableName(name), this);
     row->setData(pathRole, path);
     row->setData(depthRole, depth);
-    row->setToolTip(PlainToolTip(path));
+    row->setToolTip(PlainToolTip(ReadableName(path)));
 }
 
 void DirectoryList::OpenRow(const QListWidgetItem* row) {
@@ -240,8 +226,8 @@ int FileNames::rowCount(const QModelIndex& parent) const {
 QVariant FileNames::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     if (role == nameRole) return names_.at(index.row());
-    if (role == Qt::DisplayRole) return InOneLine(names_.at(index.row()));
-    if (role == Qt::ToolTipRole) return PlainToolTip(names_.at(index.row()));
+    if (role == Qt::DisplayRole) return ReadableName(names_.at(index.row()));
+    if (role == Qt::ToolTipRole) return PlainToolTip(ReadableName(names_.at(index.row())));
     return {};
 }
 
@@ -262,7 +248,7 @@ FileList::FileList(QWidget* parent) : QListView(parent), reader_(FolderContent::
 
 bool FileList::SetPath(const QString& path) {
     if (!IsReadableFolder(path)) return false;
-    const QString cleaned = Cleaned(path);
+    const QString cleaned = AbsolutePath(path);
     if (cleaned == Path()) {
         Refresh();
         return true;

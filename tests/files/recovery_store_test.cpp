@@ -27,7 +27,7 @@ RecoveredText Text(const QString& text, const QString& caption = "New 1", qint64
 // A text with all that could be lost on the way through a file.
 RecoveredText OddText() {
     RecoveredText copy;
-    copy.caption = u"/home/anna/Gr\u00FC\u00DFe \"1\".html"_qs;
+    copy.caption = u"/home/anna/Gr\u00FC\u00DFe \"1\" caf"_qs + QChar(0xDCE9) + u".html"_qs;
     copy.text = u"a\0b\n"_qs + QChar(0xDC00) + QChar(0xD800) + u"\uFEFF\u20AC\U0001F600\r\n"_qs;
     copy.format.encoding = "UTF-16BE";
     copy.format.byteOrderMark = true;

@@ -1,7 +1,11 @@
 // The program as a person meets it: started on a page, typed in, previewed, saved, closed and started again.
+#include "files/file_names.h"
+#include "files/safe_write.h"
 #include "files/save_record.h"
+#include "files/text_file.h"
 #include "settings/settings_keys.h"
 #include "tests/program/program_under_test.h"
+#include "tests/support/remove_all.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,6 +33,8 @@ protected:
         file.write(page);
     }
 
+    void TearDown() override { RemoveAll(home.path()); }
+
     [[nodiscard]] QByteArray Saved() const {
         QFile file(path);
         return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
@@ -41,6 +47,15 @@ protected:
     void Store(const SettingKey& key, const QString& value) const {
         SettingsStore settings(home.filePath(".config/vellumcraft/settings.json"));
         WriteSetting(settings, key, value);
+    }
+
+    // A text that was not saved has been copied.
+    [[nodiscard]] bool HasCopy() const {
+        const QDir root(home.filePath(".local/state/vellumcraft/recovery"));
+        for (const QString& session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            if (!QDir(root.filePath(session)).entryList({"*.copy"}, QDir::Files).isEmpty()) return true;
+        }
+        return false;
     }
 
     // Through the last tab of the Settings dialog.
@@ -152,6 +167,51 @@ TEST_F(ProgramTest, ASaveThatTheSystemAllowsNoRoomForLeavesTheOldFileAndTheProgr
     EXPECT_EQ(Saved(), page);
 }
 
+TEST_F(ProgramTest, AFileWhoseNameIsNoTextIsSavedRecoveredAndFoundAgain) {
+    const QByteArray name = QFile::encodeName(home.filePath("site")) + "/caf\xE9.htm";
+    path = DecodeFileName(name);
+    ASSERT_TRUE(WriteFileSafely(path, page));
+    const auto saved = [this] {
+        const std::optional<LoadedText> text = ReadTextFile(path);
+        return text ? text->bytes : QByteArray("(cannot be read)");
+    };
+    const auto shows = [this](ProgramUnderTest& program) {
+        return program.WaitFor([&] { return program.Get("document", "windowTitle") == ReadableName(path); });
+    };
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        ASSERT_TRUE(shows(program));
+        EXPECT_TRUE(program.Get("Text1", "plainText").startsWith("<html>"));
+        program.Type("Text1", "saved ");
+        program.Trigger("mnuSaveregItem");
+        ASSERT_TRUE(program.WaitFor([&] { return saved().startsWith("saved <html>"); }));
+        program.Trigger("mnuExitItem");
+        ASSERT_TRUE(program.WaitForEnd());
+    }
+    QStringList others = QDir(home.filePath("site")).entryList(QDir::Files);
+    others.removeAll("caching.htm");
+    EXPECT_EQ(others, QStringList("page.htm")) << "nothing was saved under another name";
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({}));
+        CloseTips(program);
+        program.Trigger("mnuRecents(0)");
+        ASSERT_TRUE(shows(program));
+        program.Type("Text1", "typed ");
+        ASSERT_TRUE(program.WaitFor([this] { return HasCopy(); }));
+        program.Kill();
+    }
+    ProgramUnderTest program(home.path());
+    ASSERT_TRUE(program.StartToMainWindow({}));
+    ASSERT_TRUE(
+        program.WaitFor([&] { return program.Ask("dialog").value("value").toString().contains(ReadableName(path)); }));
+    program.Click("&Yes");
+    ASSERT_TRUE(shows(program));
+    program.Trigger("mnuSaveregItem");
+    EXPECT_TRUE(program.WaitFor([&] { return saved().startsWith("typed saved <html>"); }));
+}
+
 TEST_F(ProgramTest, TheStartRemovesWhatAKilledSaveLeftHidden) {
     const QByteArray hidden = QFile::encodeName(home.filePath("site/.vellumcraft-abc"));
     ASSERT_TRUE(QFile(QFile::decodeName(hidden)).open(QFile::WriteOnly));
@@ -173,13 +233,7 @@ TEST_F(ProgramTest, ATextThatWasNotSavedSurvivesAKill) {
         ProgramUnderTest program(home.path());
         ASSERT_TRUE(program.StartToMainWindow({path}));
         program.Type("Text1", "precious words ");
-        const QDir root(home.filePath(".local/state/vellumcraft/recovery"));
-        ASSERT_TRUE(program.WaitFor([&] {
-            for (const QString& session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-                if (!QDir(root.filePath(session)).entryList({"*.copy"}, QDir::Files).isEmpty()) return true;
-            }
-            return false;
-        }));
+        ASSERT_TRUE(program.WaitFor([this] { return HasCopy(); }));
         program.Kill();
     }
     EXPECT_EQ(Saved(), page);

@@ -1,5 +1,6 @@
 #include "tests/program/program_under_test.h"
 
+#include "files/file_names.h"
 #include "tests/support/test_home.h"
 
 #include <QDir>
@@ -13,6 +14,12 @@ namespace vellum::test {
 namespace {
 
 constexpr int patience = 20000;  // milliseconds
+
+QString InOctal(const QByteArray& bytes) {
+    QString escaped;
+    for (const char byte : bytes) escaped += "\\0" + QString::number(static_cast<unsigned char>(byte), 8);
+    return escaped;
+}
 
 }  // namespace
 
@@ -36,7 +43,11 @@ ProgramUnderTest::~ProgramUnderTest() {
 }
 
 bool ProgramUnderTest::Start(const QStringList& arguments) {
-    process_.start(VELLUM_BINARY, arguments);
+    // Through a shell, which can pass on a name that is no text.
+    const char* const script = arguments.isEmpty() ? R"(exec "$0")" : R"sh(exec "$0" "$(printf '%b' "$1")")sh";
+    QStringList words{"-c", script, VELLUM_BINARY};
+    for (const QString& argument : arguments) words << InOctal(EncodeFileName(argument));
+    process_.start("/bin/sh", words);
     if (!process_.waitForStarted()) return false;
     QElapsedTimer time;
     time.start();

@@ -19,7 +19,7 @@ public:
     ProgramUnderTest(const ProgramUnderTest&) = delete;
     ProgramUnderTest& operator=(const ProgramUnderTest&) = delete;
 
-    // Starts the program and waits until it answers. False when it does not.
+    // Starts the program, with one argument at most, and waits until it answers. False when it does not.
     bool Start(const QStringList& arguments);
     // Starts it, answers the first-run question, and waits for the main window.
     bool StartToMainWindow(const QStringList& arguments);

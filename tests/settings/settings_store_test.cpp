@@ -225,9 +225,11 @@ TEST_F(SettingsStoreTest, AnyNameIsKeptInAnyPart) {
 }
 
 TEST_F(SettingsStoreTest, HalfAPairIsKept) {
-    const QString half(QChar(0xD83D));
-    SettingsStore(path).Write(u"A", u"S", u"k", "a" + half + "b");
-    EXPECT_EQ(SettingsStore(path).Read(u"A", u"S", u"k"), "a" + half + "b");
+    for (const int half : {0xD83D, 0xDC80, 0xDCE9, 0xDCFF}) {
+        const QString text = "a" + QString(QChar(half)) + "b" + QChar(half);
+        SettingsStore(path).Write(u"A", u"S", u"k", text);
+        EXPECT_EQ(SettingsStore(path).Read(u"A", u"S", u"k"), text);
+    }
 }
 
 TEST_F(SettingsStoreTest, DeletingAnApplicationLeavesTheOthers) {

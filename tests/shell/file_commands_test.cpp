@@ -1,4 +1,8 @@
+#include "files/file_names.h"
+#include "files/safe_write.h"
+#include "files/text_file.h"
 #include "tests/shell/main_window_fixture.h"
+#include "tests/support/remove_all.h"
 
 #include <QDir>
 #include <QPrinterInfo>
@@ -168,6 +172,25 @@ TEST_F(FileCommandsTest, BlankDocumentsAreNumberedAndNumbersAreNotReused) {
     Trigger("mnuClose");
     EXPECT_EQ(window->NewForm()->Caption(), "New 4");
     EXPECT_EQ(window->OpenDocCount(), 3);
+}
+
+TEST_F(FileCommandsTest, AFileWhoseNameIsNoTextIsSavedAndFoundAgain) {
+    const QString path = site.path() + "/" + DecodeFileName("caf\xE9.htm");
+    ASSERT_TRUE(WriteFileSafely(path, "text"));
+    Open(false, path);
+    ASSERT_EQ(Active().Caption(), path);
+    EXPECT_EQ(Active().windowTitle(), ReadableName(path));
+    QTest::keyClicks(Active().Text1, "more ");
+    Trigger("mnuSaveregItem");
+    EXPECT_EQ(ReadTextFile(path)->text, "more text");
+    EXPECT_EQ(window->Item("mnuRecents(0)")->text(), ReadableName(path));
+    Trigger("mnuExitItem");
+
+    Open();
+    Trigger("mnuRecents(0)");
+    EXPECT_EQ(Active().Caption(), path);
+    EXPECT_EQ(Active().Text1->Text(), "more text");
+    RemoveAll(site.path());
 }
 
 }  // namespace

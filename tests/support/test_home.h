@@ -1,6 +1,8 @@
 // A home of its own for a test program, so that none sees a person's settings.
 #pragma once
 
+#include "tests/support/remove_all.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -32,6 +34,9 @@ public:
         MakeHomeFolders(home_.path());
         for (const auto& [name, folder] : homeFolders) qputenv(name, QFile::encodeName(home_.path() + folder));
     }
+    ~TestHome() { RemoveAll(home_.path()); }
+    TestHome(const TestHome&) = delete;
+    TestHome& operator=(const TestHome&) = delete;
 
 private:
     QTemporaryDir home_;
