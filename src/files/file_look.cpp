@@ -1,9 +1,8 @@
 #include "files/file_look.h"
 
-#include "files/paths.h"
+#include "files/file_names.h"
 #include "files/safe_write.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -14,7 +13,7 @@ namespace vellum {
 
 std::optional<FileStamp> StampOf(const QString& path) {
     struct stat status = {};
-    if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
+    if (::stat(EncodeFileName(path).constData(), &status) != 0) {
         if (errno == ENOENT || errno == ENOTDIR) return FileStamp{};
         return std::nullopt;
     }
@@ -42,7 +41,7 @@ QString KeepBeside(const QString& path, const QByteArray& bytes) {
     const QString stem = path.chopped(ending.size()) + ".other";
     for (int number = 1; number <= mostCopies; ++number) {
         QString beside = stem + (number == 1 ? QString() : '-' + QString::number(number)) + ending;
-        if (!QFileInfo::exists(beside)) return WriteFileSafely(beside, bytes) ? beside : QString();
+        if (StampOf(beside) == FileStamp()) return WriteFileSafely(beside, bytes) ? beside : QString();
     }
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include "editor/smartcolor.h"
 #include "editor/workbench.h"
+#include "files/file_names.h"
 #include "files/recovery_store.h"
 #include "values/text_difference.h"
 #include "widgets/prompts.h"
@@ -69,7 +70,7 @@ bool DocumentWindow::SettleFile() {
     asked_ = true;
     if (outside_.change == FileChange::Gone) {
         const QString text =
-            tr("\"%1\" was deleted or moved since it was opened here.\n\nSave it again?").arg(Caption());
+            tr("\"%1\" was deleted or moved since it was opened here.\n\nSave it again?").arg(ReadableName(Caption()));
         if (workbench_.Ask().Choose(workbench_.Window(), text, tr("File Deleted"), {tr("Save"), tr("Cancel")}, 0, 1) !=
             0) {
             return false;
@@ -80,7 +81,7 @@ bool DocumentWindow::SettleFile() {
     const QString text = tr("\"%1\" was changed by something else, and its text in this window has changes of its "
                             "own.\n\nNothing is lost either way: the file's text is kept beside the file, and yours "
                             "comes back by Undo.")
-                             .arg(Caption());
+                             .arg(ReadableName(Caption()));
     switch (workbench_.Ask().Choose(workbench_.Window(), text, tr("File Changed"),
                                     {tr("Keep Mine"), tr("Take the File's"), tr("Later")}, keep, later)) {
         case keep:
@@ -120,7 +121,7 @@ bool DocumentWindow::KeepOwnText() {
     file_.Note(std::exchange(outside_, {}));
     ShowFile();
     workbench_.RefreshWebsite();
-    workbench_.SetHint(tr("The file's text is kept in %1").arg(QFileInfo(beside).fileName()));
+    workbench_.SetHint(tr("The file's text is kept in %1").arg(ReadableName(QFileInfo(beside).fileName())));
     return true;
 }
 

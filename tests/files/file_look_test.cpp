@@ -1,5 +1,7 @@
 #include "files/file_look.h"
 
+#include "files/file_names.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -106,6 +108,12 @@ TEST_F(FileLooks, KnowAFileByEachOfItsNames) {
     EXPECT_TRUE(page.IsSameFile(*StampOf(At("soft.htm"))));
     EXPECT_FALSE(page.IsSameFile(*StampOf(At("other.htm"))));
     EXPECT_FALSE(FileStamp().IsSameFile(FileStamp()));
+}
+
+TEST_F(FileLooks, ReachNamesThatAreNoUtf8) {
+    const QString path = folder_.path() + DecodeFileName("/caf\xE9.htm");
+    EXPECT_EQ(KeepBeside(path, "x"), folder_.path() + DecodeFileName("/caf\xE9.other.htm"));
+    EXPECT_TRUE(StampOf(folder_.path() + DecodeFileName("/caf\xE9.other.htm"))->IsThere());
 }
 
 TEST_F(FileLooks, KeepACopyBesideUnderANameThatIsFree) {

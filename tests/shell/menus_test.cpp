@@ -305,7 +305,7 @@ TEST_F(MenusTest, AMenuWorksByItsLetters) {
     EXPECT_EQ(surface.Text(), "<b>word</b>");
     window->activateWindow();  // which the popup has taken the keyboard from
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    EXPECT_TRUE(surface.hasFocus());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return surface.hasFocus(); }));
     QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(surface.Text(), "word");
 }
