@@ -104,7 +104,7 @@ bool DocumentWindow::SettleOtherWindows(const QString& path) {
         const QString text =
             tr("\"%1\" is also open in another window, whose changes aren't saved.\n\nSave the text of "
                "this window? The other one then asks before it overwrites the file.")
-                .arg(path);
+                .arg(ReadableName(path));
         return workbench_.Ask().Choose(workbench_.Window(), text, tr("File Open Twice"), {tr("Save"), tr("Cancel")}, 0,
                                        1) == 0;
     }
