@@ -74,10 +74,10 @@ bool MakeBackupAt(const QByteArray& path, const QByteArray& unfinished, const Wr
 
 // The path of the copy, empty with errno on failure.
 QByteArray MakeBackup(const QByteArray& target, const QByteArray& unfinished, const WriteContents& contents) {
-    const QByteArray beside = BackupBeside(target);
+    QByteArray beside = BackupBeside(target);
     if (MakeBackupAt(beside, unfinished, contents)) return beside;
     if (errno != EACCES && errno != EPERM && errno != EROFS) return {};
-    const QByteArray inState = BackupInState(target);
+    QByteArray inState = BackupInState(target);
     (void)MakeStateFolder(FolderOf(inState));
     return MakeBackupAt(inState, unfinished, contents) ? inState : QByteArray();
 }

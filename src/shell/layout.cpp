@@ -141,22 +141,24 @@ MainLayout LayOutMain(MainLayout layout, int windowWidth, int windowHeight, bool
     return layout;
 }
 
-TwipRect PlaceOnScreens(TwipRect place, const std::vector<TwipRect>& screens, int leastWidth, int leastHeight) {
-    place.width = std::max(place.width, leastWidth);
-    place.height = std::max(place.height, leastHeight);
+TwipRect PlaceOnScreens(TwipRect place, const std::vector<TwipRect>& screens, const WindowLimits& limits) {
+    place.width = std::max(place.width, limits.leastWidth);
+    place.height = std::max(place.height, limits.leastHeight);
     if (screens.empty()) return place;
-    const TwipRect* screen = &screens.front();
+    TwipRect screen = screens.front();
     std::int64_t seen = 0;
     for (const TwipRect& candidate : screens) {
         const std::int64_t shown = Overlap(place, candidate);
-        if (shown > Overlap(place, *screen)) screen = &candidate;
+        if (shown > Overlap(place, screen)) screen = candidate;
         seen += shown;
     }
     if (seen == std::int64_t{place.width} * place.height) return place;
-    place.width = std::max(std::min(place.width, screen->width), leastWidth);
-    place.height = std::max(std::min(place.height, screen->height), leastHeight);
-    place.left = StartWithin(screen->left, screen->width, place.left, place.width);
-    place.top = StartWithin(screen->top, screen->height, place.top, place.height);
+    screen.top += limits.titleBar;
+    screen.height -= limits.titleBar;
+    place.width = std::max(std::min(place.width, screen.width), limits.leastWidth);
+    place.height = std::max(std::min(place.height, screen.height), limits.leastHeight);
+    place.left = StartWithin(screen.left, screen.width, place.left, place.width);
+    place.top = StartWithin(screen.top, screen.height, place.top, place.height);
     return place;
 }
 

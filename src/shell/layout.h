@@ -81,11 +81,17 @@ struct MainLayout {
 [[nodiscard]] MainLayout LayOutMain(MainLayout layout, int windowWidth, int windowHeight, bool panelVisible,
                                     int directoryLeft);
 
-// A window that is restored to `place`: on one of the screens (the rooms that windows have on them) and no larger than
-// that, but in no case smaller than its least size. It stays where it was when it is seen as a whole, on one screen or
-// over several, else it goes to the screen that shows most of it, the first one when none does.
-[[nodiscard]] TwipRect PlaceOnScreens(TwipRect place, const std::vector<TwipRect>& screens, int leastWidth,
-                                      int leastHeight);
+// Of a window: the least that it can be, and the height of what the desktop draws above it.
+struct WindowLimits {
+    int leastWidth = 0;
+    int leastHeight = 0;
+    int titleBar = 0;
+};
+
+// A window that is restored to `place`. It stays where it is seen as a whole, on one of the screens (the rooms that
+// windows have on them) or over several; else it goes to the screen that shows most of it, the first one when none
+// does, and is no larger than that with its title bar. In no case is it smaller than its least size.
+[[nodiscard]] TwipRect PlaceOnScreens(TwipRect place, const std::vector<TwipRect>& screens, const WindowLimits& limits);
 
 // The website panel as it is restored on a screen of that height.
 [[nodiscard]] int RestoredPanelHeight(int stored, int screenHeight);

@@ -14,6 +14,7 @@
 #include <QGuiApplication>
 #include <QListWidget>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 #include <vector>
@@ -47,9 +48,13 @@ TwipRect StoredPlace(const QWidget& window, const SettingsStore& settings) {
     std::vector<TwipRect> screens;
     for (const QScreen* screen : QGuiApplication::screens()) screens.push_back(RoomOf(*screen));
     const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
+    const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return PlaceOnScreens({LengthSetting(settings, keys::windowLeft), LengthSetting(settings, keys::windowTop),
                            LengthSetting(settings, keys::windowWidth), LengthSetting(settings, keys::windowHeight)},
-                          screens, TwipsFromPixels(least.width()), TwipsFromPixels(least.height()));
+                          screens,
+                          {.leastWidth = TwipsFromPixels(least.width()),
+                           .leastHeight = TwipsFromPixels(least.height()),
+                           .titleBar = TwipsFromPixels(titleBar)});
 }
 
 void RestorePlace(QWidget& window, const SettingsStore& settings) {

@@ -158,38 +158,46 @@ TEST(MainWindow, LeavesTheTreeOfANarrowWindow) {
 // Two screens side by side, the second one lower.
 const std::vector<TwipRect> screens{{0, 0, 19200, 12000}, {19200, 3000, 15000, 9000}};
 
+const WindowLimits limits{3000, 2000, 0};
+
 TEST(RestoredWindow, StaysWhereItIsSeenAsAWhole) {
     for (const TwipRect& place : {TwipRect{450, 600, 11250, 8250}, screens[0], screens[1],
                                   TwipRect{15000, 4000, 12000, 6000}, TwipRect{0, 3000, 34200, 9000}}) {
-        EXPECT_EQ(PlaceOnScreens(place, screens, 3000, 2000), place);
+        EXPECT_EQ(PlaceOnScreens(place, screens, limits), place);
     }
 }
 
 TEST(RestoredWindow, IsNoLargerThanItsScreen) {
-    EXPECT_EQ(PlaceOnScreens({50, 50, 1'000'000, 1'000'000}, screens, 3000, 2000), screens[0]);
-    EXPECT_EQ(PlaceOnScreens({20000, 4000, 1'000'000, 6000}, screens, 3000, 2000),
-              (TwipRect{19200, 4000, 15000, 6000}));
-    EXPECT_EQ(PlaceOnScreens({50, 50, 600, 1'000'000}, screens, 3000, 2000), (TwipRect{50, 0, 3000, 12000}));
+    EXPECT_EQ(PlaceOnScreens({50, 50, 1'000'000, 1'000'000}, screens, limits), screens[0]);
+    EXPECT_EQ(PlaceOnScreens({20000, 4000, 1'000'000, 6000}, screens, limits), (TwipRect{19200, 4000, 15000, 6000}));
+    EXPECT_EQ(PlaceOnScreens({50, 50, 600, 1'000'000}, screens, limits), (TwipRect{50, 0, 3000, 12000}));
 }
 
 TEST(RestoredWindow, HasItsLeastSize) {
-    EXPECT_EQ(PlaceOnScreens({50, 50, 600, 400}, screens, 3000, 2000), (TwipRect{50, 50, 3000, 2000}));
-    EXPECT_EQ(PlaceOnScreens({50, 60, -1'000'000, 0}, screens, 3000, 2000), (TwipRect{50, 60, 3000, 2000}));
-    EXPECT_EQ(PlaceOnScreens({50, 60, 100, 100}, screens, 20000, 2000), (TwipRect{0, 60, 20000, 2000}))
+    EXPECT_EQ(PlaceOnScreens({50, 50, 600, 400}, screens, limits), (TwipRect{50, 50, 3000, 2000}));
+    EXPECT_EQ(PlaceOnScreens({50, 60, -1'000'000, 0}, screens, limits), (TwipRect{50, 60, 3000, 2000}));
+    EXPECT_EQ(PlaceOnScreens({50, 60, 100, 100}, screens, {20000, 2000, 0}), (TwipRect{0, 60, 20000, 2000}))
         << "also where no screen has that room";
 }
 
 TEST(RestoredWindow, ComesToTheScreenThatShowsMostOfIt) {
-    EXPECT_EQ(PlaceOnScreens({18000, 0, 9000, 4000}, screens, 3000, 2000), (TwipRect{19200, 3000, 9000, 4000}));
-    EXPECT_EQ(PlaceOnScreens({-3000, -2000, 9000, 6000}, screens, 3000, 2000), (TwipRect{0, 0, 9000, 6000}));
-    EXPECT_EQ(PlaceOnScreens({30000, 11000, 9000, 6000}, screens, 3000, 2000), (TwipRect{25200, 6000, 9000, 6000}));
-    EXPECT_EQ(PlaceOnScreens({1'000'000, -1'000'000, 9000, 6000}, screens, 3000, 2000),
-              (TwipRect{10200, 0, 9000, 6000}))
+    EXPECT_EQ(PlaceOnScreens({18000, 0, 9000, 4000}, screens, limits), (TwipRect{19200, 3000, 9000, 4000}));
+    EXPECT_EQ(PlaceOnScreens({-3000, -2000, 9000, 6000}, screens, limits), (TwipRect{0, 0, 9000, 6000}));
+    EXPECT_EQ(PlaceOnScreens({30000, 11000, 9000, 6000}, screens, limits), (TwipRect{25200, 6000, 9000, 6000}));
+    EXPECT_EQ(PlaceOnScreens({1'000'000, -1'000'000, 9000, 6000}, screens, limits), (TwipRect{10200, 0, 9000, 6000}))
         << "none shows any of it";
 }
 
+TEST(RestoredWindow, ComesWithItsTitleBar) {
+    const WindowLimits withBar{3000, 2000, 360};
+    EXPECT_EQ(PlaceOnScreens({50, 50, 1'000'000, 1'000'000}, screens, withBar), (TwipRect{0, 360, 19200, 11640}));
+    EXPECT_EQ(PlaceOnScreens({50, -5000, 9000, 6000}, screens, withBar), (TwipRect{50, 360, 9000, 6000}));
+    EXPECT_EQ(PlaceOnScreens({50, 100, 9000, 6000}, screens, withBar), (TwipRect{50, 100, 9000, 6000}))
+        << "one that is seen stays";
+}
+
 TEST(RestoredWindow, NeedsNoScreen) {
-    EXPECT_EQ(PlaceOnScreens({50, 60, 9000, 100}, {}, 3000, 2000), (TwipRect{50, 60, 9000, 2000}));
+    EXPECT_EQ(PlaceOnScreens({50, 60, 9000, 100}, {}, limits), (TwipRect{50, 60, 9000, 2000}));
 }
 
 TEST(RestoredPanel, LeavesRoomAboveItOnTheScreen) {
