@@ -45,6 +45,12 @@ DocumentText ToDocumentText(const QString& text) {
     return result;
 }
 
+QString RawTextOf(const DocumentText& text) {
+    QString raw = text.text;
+    for (const auto& [index, character] : text.held) raw[index] = QChar(character);
+    return raw;
+}
+
 void MarkStandIns(QTextDocument& document, int position, const DocumentText& inserted) {
     if (inserted.held.empty()) return;
     QTextCursor cursor(&document);

@@ -22,6 +22,9 @@ struct DocumentText {
 // CR, LF and CR LF become line ends.
 [[nodiscard]] DocumentText ToDocumentText(const QString& text);
 
+// The text that it stands for, with "\n" at line ends.
+[[nodiscard]] QString RawTextOf(const DocumentText& text);
+
 // Marks the stand-ins of a text that was just inserted at `position`. A change of formats for the document.
 void MarkStandIns(QTextDocument& document, int position, const DocumentText& inserted);
 

@@ -56,6 +56,7 @@ EditSurface::EditSurface(QWidget* parent) : QPlainTextEdit(parent), d_(std::make
     setAccessibleName(QStringLiteral("Source text"));
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setLineWrapMode(NoWrap);
+    connect(&d_->text, &SurfaceText::Replaced, this, &EditSurface::Replaced);
     connect(&d_->text, &SurfaceText::Changed, this, &EditSurface::Changed);
     connect(&d_->text, &SurfaceText::CaretMoved, this, &EditSurface::SelChanged);
     connect(&d_->text, &SurfaceText::TakenAway, this, [this] {
@@ -70,6 +71,10 @@ EditSurface::~EditSurface() = default;
 
 QString EditSurface::RawText() const {
     return d_->text.Raw();
+}
+
+int EditSurface::RawLength() const {
+    return d_->text.RawLength();
 }
 
 QString EditSurface::Text() const {

@@ -110,6 +110,7 @@ public:
 
     // Text of the whole document with "\n" line ends, as the writers of files take it.
     [[nodiscard]] QString RawText() const;
+    [[nodiscard]] int RawLength() const;  // how many characters that has; costs nothing
 
     // Who is asked about keys, the mouse and pasted text first; nobody at the beginning. Has to outlive the surface's
     // use.
@@ -119,6 +120,9 @@ public:
     [[nodiscard]] QRect CaretRect() const;
 
 signals:
+    // `text` stands in RawText() at `position` in the place of `removed` characters. Every piece of a change is told,
+    // in order and before the change as a whole; the text between two pieces of one change is not for use.
+    void Replaced(int position, int removed, const QString& text);
     void Changed();     // the text changed
     void SelChanged();  // caret or selection moved
 

@@ -41,6 +41,10 @@ QString SurfaceText::Raw() const {
     return FromDocumentText(edit_.document()->toRawText(), *edit_.document(), 0);
 }
 
+int SurfaceText::RawLength() const {
+    return edit_.document()->characterCount() - 1;
+}
+
 TextPlace SurfaceText::PlaceOf(int position) const {
     const QTextBlock block = edit_.document()->findBlock(position);
     return {block.blockNumber(), position - block.position()};
@@ -48,6 +52,7 @@ TextPlace SurfaceText::PlaceOf(int position) const {
 
 void SurfaceText::Set(const QString& text) {
     const DocumentText plain = ToDocumentText(text);
+    const int removed = RawLength();
     const std::vector<int> lengths = LineLengths(plain.text);
     const bool recorded = history_.Records();
     const QString before = recorded ? Raw() : QString();
@@ -58,8 +63,8 @@ void SurfaceText::Set(const QString& text) {
     MarkStandIns(*edit_.document(), 0, plain);
     edit_.moveCursor(QTextCursor::Start);
     source_ = Source::Toolkit;
-    untouched_ = plain.held.empty() ? plain.text : QString();
-    if (recorded) history_.RecordAll(before, Raw());
+    untouched_ = RawTextOf(plain);
+    if (recorded) history_.RecordAll(before, untouched_);
 
     formats_.Reset(lengths);
     insertion_.reset();
@@ -69,6 +74,7 @@ void SurfaceText::Set(const QString& text) {
         if (lengths[index] >= overlongLine) layouts_.UpdateOverlong(line, line);
     }
     ++revision_;
+    emit Replaced(0, removed, untouched_);
     ReportChange();
     OnCaretMoved();
 }
@@ -89,6 +95,7 @@ void SurfaceText::Replace(const TextRange& range, const QString& text, const Cha
     source_ = Source::Toolkit;
     arriving_.reset();
     insertion_.reset();
+    emit Replaced(range.offset, range.length, RawTextOf(plain));
     edit_.setTextCursor(cursor);
     if (unreported_) ReportChange();
 }
@@ -137,6 +144,8 @@ bool SurfaceText::Restore(const SurfaceHistory::Snapshot& snapshot) {
         const TextRange range{position, length};
         QString before = ReadDocument(*edit_.document(), range);
         Insert(cursor, range, ToDocumentText(text));
+        untouched_.clear();
+        emit Replaced(position, length, text);
         return before;
     };
     const bool restored = history_.Restore(snapshot, formats_, replace);
@@ -147,7 +156,6 @@ bool SurfaceText::Restore(const SurfaceHistory::Snapshot& snapshot) {
             cursor.clearSelection();
             edit_.setTextCursor(cursor);
         }
-        untouched_.clear();
         insertion_.reset();
         ++revision_;
     }
@@ -172,6 +180,10 @@ void SurfaceText::OnContentsChange(int position, int removed, int added) {
     }
     untouched_.clear();
     if (source_ == Source::Toolkit) RecordToolkitChange(position, removed, added);
+    if (source_ == Source::Toolkit) {
+        const int length = std::min(added, RawLength() - position);
+        emit Replaced(position, removed, ReadDocument(*edit_.document(), {position, length}));
+    }
     const int lastLine = ChangeFormats(first, position, removed, added).blockNumber();
     layouts_.MarkOutdated(line, lastLine);
     layouts_.UpdateOverlong(line, lastLine);

@@ -29,7 +29,8 @@ public:
     // All outlive this.
     SurfaceText(QPlainTextEdit& edit, FormatStore& formats, FormatLayouts& layouts, Composition& composition);
 
-    [[nodiscard]] QString Raw() const;  // with "\n" at line ends
+    [[nodiscard]] QString Raw() const;    // with "\n" at line ends
+    [[nodiscard]] int RawLength() const;  // how many characters that has
     [[nodiscard]] TextPlace PlaceOf(int position) const;
     [[nodiscard]] quint64 Revision() const { return revision_; }  // every change of the text raises it
 
@@ -55,6 +56,9 @@ public:
     bool Restore(const SurfaceHistory::Snapshot& snapshot);
 
 signals:
+    // What Changed tells later on, piece by piece and in order: `text`, as Raw() has it, stands at `position` in the
+    // place of `removed` characters.
+    void Replaced(int position, int removed, const QString& text);
     void Changed();
     void CaretMoved();
     // The toolkit took away what was handed out. A snapshot that is taken now is one of the text before.
@@ -81,7 +85,7 @@ private:
     FormatLayouts& layouts_;
     Composition& composition_;
     SurfaceHistory history_;
-    QString untouched_;  // the text as it was set, until it is edited; else null
+    QString untouched_;  // Raw() as it was set, until it is edited; else null
     quint64 revision_ = 0;
     Source source_ = Source::Toolkit;
     bool unreported_ = false;
