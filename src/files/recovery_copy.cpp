@@ -1,30 +1,34 @@
 #include "files/recovery_copy.h"
 
-#include "files/file_descriptor.h"
+#include "files/edit_journal.h"
 
 #include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 
 namespace vellum {
 namespace {
 
-constexpr int kVersion = 1;
-constexpr qint64 kLargestCopy = (qint64{1} << 33);
+constexpr int kVersion = 2;
+constexpr int kVersionWithoutJournal = 1;
+constexpr qint64 kLargestFile = (qint64{1} << 33);
 
 QByteArrayView UnitsOf(const QString& text) {
     return {reinterpret_cast<const char*>(text.utf16()), text.size() * static_cast<qsizetype>(sizeof(char16_t))};
 }
 
-QString Checksum(QByteArrayView units) {
+QByteArray Checksum(QByteArrayView units) {
     QCryptographicHash hash(QCryptographicHash::Sha1);
     hash.addData(units);
-    return QString::fromLatin1(hash.result().toHex());
+    return hash.result().toHex();
 }
 
 LineEnd LineEndOf(const QString& digit) {
@@ -33,14 +37,16 @@ LineEnd LineEndOf(const QString& digit) {
     return known ? static_cast<LineEnd>(number) : LineEnd::CrLf;
 }
 
-QByteArray HeaderOf(const RecoveredText& copy) {
+QByteArray HeaderOf(const RecoveredText& copy, int generation, const QByteArray& checksum) {
     const QJsonObject header = {{"version", kVersion},
                                 {"caption", copy.caption},
                                 {"writtenAt", copy.writtenAt},
+                                {"fileTime", copy.fileTime},
                                 {"encoding", QString::fromLatin1(copy.format.encoding)},
                                 {"byteOrderMark", copy.format.byteOrderMark},
                                 {"lineEnd", QString::number(static_cast<int>(copy.format.lineEnd))},
-                                {"checksum", Checksum(UnitsOf(copy.text))}};
+                                {"generation", generation},
+                                {"checksum", QString::fromLatin1(checksum)}};
     return QJsonDocument(header).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -52,43 +58,90 @@ TextFormat FormatOf(const QJsonObject& header) {
     return format;
 }
 
-}  // namespace
-
-bool WriteRecoveryCopy(const QByteArray& path, const RecoveredText& copy) {
-    const QByteArray unfinished = path + ".part";
-    const QByteArray header = HeaderOf(copy);
-    FileDescriptor descriptor = OpenFile(unfinished, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, 0600);
-    if (!descriptor.IsOpen()) return false;
-    const bool written = WriteAll(descriptor.Get(), header) &&
-                         WriteAll(descriptor.Get(), UnitsOf(copy.text), header.size()) && SyncFile(descriptor.Get()) &&
-                         descriptor.Close() && std::rename(unfinished.constData(), path.constData()) == 0;
-    if (!written) {
-        const int number = errno;
-        RemoveFile(unfinished);
-        errno = number;
-    }
-    return written;
+QByteArray Name(int document, int generation, const char* suffix) {
+    return '/' + QByteArray::number(document) + '.' + QByteArray::number(generation) + suffix;
 }
 
-std::optional<RecoveredText> ReadRecoveryCopy(const QByteArray& path) {
+std::optional<QByteArray> ReadWholeFile(const QByteArray& path) {
     const FileDescriptor descriptor = OpenFile(path, O_RDONLY | O_NOFOLLOW);
-    if (!descriptor.IsOpen()) return std::nullopt;
-    const std::optional<QByteArray> bytes = ReadAll(descriptor.Get(), kLargestCopy);
+    return descriptor.IsOpen() ? ReadAll(descriptor.Get(), kLargestFile) : std::nullopt;
+}
+
+}  // namespace
+
+QByteArray CopyPath(const QByteArray& folder, int document) {
+    return folder + '/' + QByteArray::number(document) + ".copy";
+}
+
+QByteArray PartPath(const QByteArray& folder, int document, int generation) {
+    return folder + Name(document, generation, ".part");
+}
+
+QByteArray JournalPath(const QByteArray& folder, int document, int generation) {
+    return folder + Name(document, generation, ".edits");
+}
+
+std::optional<RecoveryFileName> ReadFileName(const QString& name) {
+    static const QRegularExpression pattern(
+        QRegularExpression::anchoredPattern("([0-9]+)(?:(\\.copy)|\\.([0-9]+)\\.(part|edits))"));
+    const QRegularExpressionMatch match = pattern.match(name);
+    if (!match.hasMatch()) return std::nullopt;
+    using Kind = RecoveryFileName::Kind;
+    const Kind kind = match.hasCaptured(2) ? Kind::Copy : match.captured(4) == "part" ? Kind::Part : Kind::Journal;
+    return RecoveryFileName{match.captured(1).toInt(), match.captured(3).toInt(), kind};
+}
+
+std::optional<WrittenCopy> WriteRecoveryCopy(const QByteArray& path, const RecoveredText& copy, int generation) {
+    const QByteArrayView units = UnitsOf(copy.text);
+    WrittenCopy written{{}, Checksum(units), units.size()};
+    written.file = OpenFile(path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, 0600);
+    if (!written.file.IsOpen()) return std::nullopt;
+    const QByteArray header = HeaderOf(copy, generation, written.checksum);
+    if (WriteAll(written.file.Get(), header) && WriteAll(written.file.Get(), units, header.size())) return written;
+    const int number = errno;
+    RemoveFile(path);
+    errno = number;
+    return std::nullopt;
+}
+
+std::optional<ReadCopy> ReadRecoveryCopy(const QByteArray& path) {
+    const std::optional<QByteArray> bytes = ReadWholeFile(path);
     const qsizetype end = bytes ? bytes->indexOf('\n') : -1;
     if (end < 0) return std::nullopt;
     const QJsonObject header = QJsonDocument::fromJson(bytes->first(end)).object();
     const QByteArrayView units = QByteArrayView(*bytes).sliced(end + 1);
-    const bool isWhole = header["version"].toInt() == kVersion && units.size() % 2 == 0 &&
-                         header["checksum"].toString() == Checksum(units);
+    const int version = header["version"].toInt();
+    ReadCopy copy{{}, Checksum(units), header["generation"].toInt()};
+    const bool isWhole = (version == kVersion || version == kVersionWithoutJournal) && units.size() % 2 == 0 &&
+                         header["checksum"].toString().toLatin1() == copy.checksum;
     if (!isWhole) return std::nullopt;
 
-    RecoveredText copy;
-    copy.caption = header["caption"].toString();
-    copy.writtenAt = header["writtenAt"].toInteger();
-    copy.format = FormatOf(header);
-    copy.text = QString(units.size() / 2, Qt::Uninitialized);
-    std::memcpy(copy.text.data(), units.data(), static_cast<size_t>(units.size()));
+    copy.text.caption = header["caption"].toString();
+    copy.text.writtenAt = header["writtenAt"].toInteger();
+    copy.text.fileTime = header["fileTime"].toInteger();
+    copy.text.format = FormatOf(header);
+    copy.text.text = QString(units.size() / 2, Qt::Uninitialized);
+    std::memcpy(copy.text.text.data(), units.data(), static_cast<size_t>(units.size()));
     return copy;
+}
+
+std::optional<RecoveredText> ReadKeptText(const QByteArray& folder, int document) {
+    std::optional<ReadCopy> newest = ReadRecoveryCopy(CopyPath(folder, document));
+    for (const QString& name : QDir(QFile::decodeName(folder)).entryList(QDir::Files | QDir::Hidden)) {
+        const auto file = ReadFileName(name);
+        if (!file || file->document != document || file->kind != RecoveryFileName::Kind::Part) continue;
+        std::optional<ReadCopy> part = ReadRecoveryCopy(folder + '/' + QFile::encodeName(name));
+        if (part && (!newest || part->generation > newest->generation)) newest = std::move(part);
+    }
+    if (!newest) return std::nullopt;
+    RecoveredText text = std::move(newest->text);
+    const std::optional<QByteArray> journal = ReadWholeFile(JournalPath(folder, document, newest->generation));
+    if (!journal) return text;
+    ReplayedText replayed = ReplayEdits(text.text, *journal, newest->checksum);
+    text.text = std::move(replayed.text);
+    text.incomplete = !replayed.complete;
+    text.writtenAt = std::max(text.writtenAt, replayed.lastEditAt);
+    return text;
 }
 
 }  // namespace vellum

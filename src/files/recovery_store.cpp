@@ -1,191 +1,228 @@
 #include "files/recovery_store.h"
 
-#include "files/file_descriptor.h"
+#include "files/file_errors.h"
+#include "files/kept_document.h"
 #include "files/recovery_copy.h"
+#include "files/recovery_session.h"
 #include "files/state_folder.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
-#include <QSet>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <condition_variable>
-#include <deque>
-#include <fcntl.h>
 #include <map>
 #include <mutex>
 #include <optional>
 #include <set>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 #include <utility>
 
 namespace vellum {
 namespace {
 
-constexpr const char* kLockName = "/lock";
-constexpr const char* kCopySuffix = ".copy";
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
 
-// A session's folder and the lock that says whose it is.
-struct Session {
-    QByteArray folder;
-    FileDescriptor lock;
+constexpr auto kLongestWait = 1s;     // from a change to its writing
+constexpr auto kForgetPatience = 1s;  // an author waits for it
+constexpr auto kEndPatience = 1500ms;
+
+// What is to be done about a document, in this order.
+struct Work {
+    bool forgotten = false;
+    std::optional<RecoveredText> whole;
+    std::vector<TextEdit> edits;
 };
 
-// Takes the lock of a folder. Not open when another process holds it or has just removed the folder.
-FileDescriptor TakeLock(const QByteArray& folder, int flags) {
-    FileDescriptor lock = OpenFile(folder + kLockName, O_RDWR | O_NOFOLLOW | flags, 0600);
-    if (!lock.IsOpen() || ::flock(lock.Get(), LOCK_EX | LOCK_NB) != 0) return {};
-    struct stat status = {};
-    return ::fstat(lock.Get(), &status) == 0 && status.st_nlink > 0 ? std::move(lock) : FileDescriptor();
-}
-
-QStringList CopiesIn(const QByteArray& folder) {
-    return QDir(QFile::decodeName(folder)).entryList({QString("*") + kCopySuffix}, QDir::Files | QDir::Hidden);
-}
-
-QByteArray CopyPath(const QByteArray& folder, int document) {
-    return folder + '/' + QByteArray::number(document) + kCopySuffix;
-}
-
-// The lock goes last and stays ours until the folder has gone, so nobody takes a folder half removed for a lost one.
-void RemoveSession(Session session) {
-    const QDir folder(QFile::decodeName(session.folder));
-    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
-        const QByteArray path = session.folder + '/' + QFile::encodeName(name);
-        if (path != session.folder + kLockName) RemoveFile(path);
+// Typing is one edit a stretch.
+void AddEdit(std::vector<TextEdit>& edits, TextEdit edit) {
+    constexpr qsizetype longestStretch = 1000;
+    if (!edits.empty() && edit.removed == 0) {
+        TextEdit& last = edits.back();
+        if (edit.position == last.position + last.text.size() && last.text.size() < longestStretch) {
+            last.text += edit.text;
+            last.madeAt = edit.madeAt;
+            return;
+        }
     }
-    RemoveFile(session.folder + kLockName);
-    ::rmdir(session.folder.constData());
-}
-
-// False when the root can't be had.
-bool PrepareRoot(const QByteArray& root) {
-    if (root.isEmpty()) return false;
-    QDir().mkpath(QFile::decodeName(FolderOf(root)));
-    ::mkdir(root.constData(), 0700);
-    struct stat status = {};
-    if (::stat(root.constData(), &status) != 0 || !S_ISDIR(status.st_mode)) return false;
-    return (status.st_mode & 07777) == 0700 || ::chmod(root.constData(), 0700) == 0;
-}
-
-// A new folder of our own, not there when the root can't be written.
-std::optional<Session> MakeSession(const QByteArray& root) {
-    constexpr int kTries = 5;  // another program may sweep an empty folder away before it is locked
-    if (!PrepareRoot(root)) return std::nullopt;
-    for (int attempt = 0; attempt < kTries; ++attempt) {
-        const QByteArray random = QByteArray::number(QRandomGenerator::system()->generate64(), 36);
-        Session session;
-        session.folder = root + '/' + QByteArray::number(::getpid()) + '-' + random;
-        if (::mkdir(session.folder.constData(), 0700) != 0) continue;
-        session.lock = TakeLock(session.folder, O_CREAT);
-        if (session.lock.IsOpen()) return session;
-        ::rmdir(session.folder.constData());
-    }
-    return std::nullopt;
+    edits.push_back(std::move(edit));
 }
 
 }  // namespace
 
 struct RecoveryStore::Private {
+    explicit Private(RecoveryStore& owner) : store(owner) { disk.setMaxThreadCount(1); }
+
+    RecoveryStore& store;
     QByteArray root;
-    std::vector<Session> found;
+    std::vector<RecoverySession> found;
+    QStringList putAside;
     std::set<int> leftBehind;
 
-    // Only the worker and, when that has ended, the destructor touch it.
-    std::optional<Session> session;
+    // Only the worker and, when that has ended, the destructor touch these.
+    std::optional<RecoverySession> session;
+    std::map<int, KeptDocument> kept;
+    bool endIsWritten = false;
 
     std::mutex mutex;
     std::condition_variable changed;
-    std::deque<int> order;                                // documents with something to do
-    std::map<int, std::optional<RecoveredText>> waiting;  // what to do with them: write a copy or remove it
-    std::set<int> failed;                                 // documents whose newest copy could not be written
-    bool busy = false;
+    std::map<int, Work> waiting;    // by document
+    std::optional<SessionEnd> end;  // to be written
+    Clock::time_point due;          // when what is waiting has to be done
+    bool hurry = false;             // somebody waits for it
+    std::set<int> known;            // documents handed over and not forgotten
+    std::set<int> failed;           // documents whose newest copy could not be written
+    bool busy = false;              // the worker is
+    int settling = 0;               // what the disk has yet to confirm
+    bool leavesAll = false;
     bool ending = false;
     std::thread worker;  // started by the first copy
 
-    void Enqueue(int document, std::optional<RecoveredText> copy);
-    void Work();
-    // False when a copy could not be written.
-    bool Do(int document, const std::optional<RecoveredText>& copy, bool isFirstTry = true);
+    // Waits for the disk, so that the worker needn't: what it has written survives the program already.
+    QThreadPool disk;
+
+    [[nodiscard]] bool IsWorkWaiting() const { return !waiting.empty() || end; }
+    Work& WorkOn(int document);
+    [[nodiscard]] bool IsDone() const { return !IsWorkWaiting() && !busy; }
+    [[nodiscard]] bool IsOnDisk() const { return IsDone() && settling == 0; }
+    void Hurry();
+    void RunWorker();
+    void WriteEnd(const std::optional<SessionEnd>& now);
+    void Do(int document, const Work& work);
+    [[nodiscard]] bool Begin(int document, const RecoveredText& copy);
+    void Settle(int document, const std::function<bool()>& settling);
+    void SetFailed(int document, bool hasFailed);
 };
 
-void RecoveryStore::Private::Enqueue(int document, std::optional<RecoveredText> copy) {
-    {
-        const std::lock_guard guard(mutex);
-        const bool isFirst = waiting.insert_or_assign(document, std::move(copy)).second;
-        if (isFirst) order.push_back(document);
-        if (!worker.joinable()) worker = std::thread([this] { Work(); });
+// Under the mutex.
+Work& RecoveryStore::Private::WorkOn(int document) {
+    if (!IsWorkWaiting()) {
+        due = Clock::now() + kLongestWait;
+        if (!worker.joinable()) worker = std::thread([this] { RunWorker(); });
+        changed.notify_all();
     }
+    return waiting[document];
+}
+
+// Under the mutex. What is waiting is done at once.
+void RecoveryStore::Private::Hurry() {
+    if (!IsWorkWaiting()) return;
+    hurry = true;
     changed.notify_all();
 }
 
-void RecoveryStore::Private::Work() {
+void RecoveryStore::Private::RunWorker() {
     std::unique_lock guard(mutex);
     for (;;) {
-        changed.wait(guard, [this] { return ending || !order.empty(); });
+        changed.wait(guard, [this] { return ending || IsWorkWaiting(); });
+        changed.wait_until(guard, due, [this] { return ending || hurry; });
         if (ending) return;
-        const int document = order.front();
-        order.pop_front();
-        const auto entry = waiting.find(document);
-        const std::optional<RecoveredText> copy = std::move(entry->second);
-        waiting.erase(entry);
+        hurry = false;
         busy = true;
+        std::map<int, Work> all = std::exchange(waiting, {});
+        const std::optional<SessionEnd> endNow = std::exchange(end, std::nullopt);
         guard.unlock();
-        const bool done = Do(document, copy);
+        for (const auto& [document, work] : all) Do(document, work);
+        WriteEnd(endNow);
+        all.clear();
         guard.lock();
-        if (done) {
-            failed.erase(document);
-        } else {
-            failed.insert(document);
-        }
         busy = false;
         changed.notify_all();
     }
 }
 
-bool RecoveryStore::Private::Do(int document, const std::optional<RecoveredText>& copy, bool isFirstTry) {
-    if (!session && copy) session = MakeSession(root);
-    if (!session) return !copy;
-    const QByteArray path = CopyPath(session->folder, document);
-    if (!copy) {
-        RemoveFile(path);
-        return true;
-    }
-    if (WriteRecoveryCopy(path, *copy)) return true;
-    if (errno != ENOENT || !isFirstTry) return false;
-    session.reset();  // somebody has cleared the state folder
-    return Do(document, copy, false);
+void RecoveryStore::Private::WriteEnd(const std::optional<SessionEnd>& now) {
+    if (session && endIsWritten && !now) RemoveSessionEnd(session->folder);  // the session goes on after all
+    if (session && now) WriteSessionEnd(session->folder, *now);
+    endIsWritten = now.has_value();
 }
 
-RecoveryStore::RecoveryStore(const QString& root, QObject* parent) : QObject(parent), d_(std::make_unique<Private>()) {
+void RecoveryStore::Private::Do(int document, const Work& work) {
+    if (work.forgotten && session) {
+        kept.erase(document);
+        RemoveKeptDocument(session->folder, document);
+    }
+    if (work.forgotten) SetFailed(document, false);
+    if (work.whole && !Begin(document, *work.whole)) {
+        SetFailed(document, true);
+        return;
+    }
+    const auto entry = kept.find(document);
+    if (entry == kept.end()) return;
+    KeptDocument& copy = entry->second;
+    if (!copy.Stands() || copy.IsLong()) emit store.WholeWanted(document);
+    if (!copy.Stands()) return;
+    SetFailed(document, !work.edits.empty() && !copy.Append(work.edits));
+    Settle(document, copy.Settling());
+}
+
+// False with errno.
+bool RecoveryStore::Private::Begin(int document, const RecoveredText& copy) {
+    for (const bool isFirstTry : {true, false}) {
+        if (!session) session = MakeSession(root);
+        if (!session) return false;
+        if (kept.try_emplace(document, document).first->second.Begin(session->folder, copy)) return true;
+        if (errno != ENOENT || !isFirstTry) return false;
+        session.reset();  // somebody has cleared the state folder
+    }
+    return false;
+}
+
+void RecoveryStore::Private::Settle(int document, const std::function<bool()>& settleNow) {
+    {
+        const std::lock_guard guard(mutex);
+        ++settling;
+    }
+    disk.start([this, document, settleNow] {
+        if (!settleNow()) SetFailed(document, true);
+        const std::lock_guard guard(mutex);
+        --settling;
+        changed.notify_all();
+    });
+}
+
+// With errno when it has.
+void RecoveryStore::Private::SetFailed(int document, bool hasFailed) {
+    const QString reason = hasFailed ? CannotWrite(QFile::decodeName(root), errno) : QString();
+    {
+        const std::lock_guard guard(mutex);
+        if (hasFailed) {
+            failed.insert(document);
+        } else {
+            failed.erase(document);
+        }
+    }
+    if (hasFailed) emit store.NotKept(document, reason);
+}
+
+RecoveryStore::RecoveryStore(const QString& root, QObject* parent)
+    : QObject(parent), d_(std::make_unique<Private>(*this)) {
     if (!root.isEmpty()) d_->root = QFile::encodeName(QDir::cleanPath(QDir::current().absoluteFilePath(root)));
 }
 
 RecoveryStore::~RecoveryStore() {
-    if (!d_->leftBehind.empty()) Flush();
+    if (d_->leavesAll || !d_->leftBehind.empty()) Flush();
     {
         const std::lock_guard guard(d_->mutex);
         d_->ending = true;
     }
     d_->changed.notify_all();
     if (d_->worker.joinable()) d_->worker.join();
-    if (!d_->session) return;
+    d_->disk.waitForDone();
+    if (!d_->session || d_->leavesAll) return;
     if (d_->leftBehind.empty()) {
         RemoveSession(std::move(*d_->session));
         return;
     }
-    QSet<QString> kept;
-    for (const int document : d_->leftBehind) kept << QFile::decodeName(CopyPath(d_->session->folder, document));
-    for (const QString& name : CopiesIn(d_->session->folder)) {
-        const QString path = QFile::decodeName(d_->session->folder) + '/' + name;
-        if (!kept.contains(path)) RemoveFile(QFile::encodeName(path));
+    for (const auto& [document, copy] : d_->kept) {
+        if (!d_->leftBehind.contains(document)) RemoveKeptDocument(d_->session->folder, document);
     }
+    WriteSessionEnd(d_->session->folder, SessionEnd::Closed);
 }
 
 QString RecoveryStore::DefaultRoot() {
@@ -194,45 +231,57 @@ QString RecoveryStore::DefaultRoot() {
 
 void RecoveryStore::Keep(int document, RecoveredText copy) {
     if (copy.writtenAt == 0) copy.writtenAt = QDateTime::currentSecsSinceEpoch();
-    d_->Enqueue(document, std::move(copy));
+    const std::lock_guard guard(d_->mutex);
+    d_->known.insert(document);
+    Work& work = d_->WorkOn(document);
+    work.whole = std::move(copy);
+    work.edits.clear();
+}
+
+void RecoveryStore::Change(int document, TextEdit edit) {
+    if (edit.madeAt == 0) edit.madeAt = QDateTime::currentSecsSinceEpoch();
+    const std::lock_guard guard(d_->mutex);
+    AddEdit(d_->WorkOn(document).edits, std::move(edit));
 }
 
 void RecoveryStore::Forget(int document) {
-    d_->Enqueue(document, std::nullopt);
+    std::unique_lock guard(d_->mutex);
+    if (d_->known.erase(document) == 0) return;
+    d_->WorkOn(document) = {.forgotten = true};
+    d_->Hurry();
+    d_->changed.wait_for(guard, kForgetPatience, [this] { return d_->IsDone(); });
 }
 
 void RecoveryStore::LeaveBehind(int document) {
     d_->leftBehind.insert(document);
 }
 
+void RecoveryStore::EndSession(SessionEnd end) {
+    std::unique_lock guard(d_->mutex);
+    d_->leavesAll = true;
+    if (!d_->worker.joinable()) return;  // nothing was ever handed over
+    d_->end = end;
+    d_->Hurry();
+    d_->changed.wait_for(guard, kEndPatience, [this] { return d_->IsOnDisk(); });
+}
+
 bool RecoveryStore::Flush() {
     std::unique_lock guard(d_->mutex);
-    d_->changed.wait(guard, [this] { return d_->order.empty() && !d_->busy; });
-    const std::set<int> failed = std::exchange(d_->failed, {});
-    return failed.empty();
+    d_->Hurry();
+    d_->changed.wait(guard, [this] { return d_->IsOnDisk(); });
+    return std::exchange(d_->failed, {}).empty();
 }
 
 std::vector<RecoveredText> RecoveryStore::FindLost() {
     std::vector<RecoveredText> texts;
     if (d_->root.isEmpty()) return texts;
-    const QDir root(QFile::decodeName(d_->root));
-    for (const QString& name : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Name)) {
-        Session session;
-        session.folder = d_->root + '/' + QFile::encodeName(name);
-        session.lock = TakeLock(session.folder, 0);
-        if (!session.lock.IsOpen()) {
-            ::rmdir(session.folder.constData());  // goes only if it is empty: not even a lock came into it
-            continue;
-        }
-        const QStringList copies = CopiesIn(session.folder);
-        if (copies.isEmpty()) {
+    for (RecoverySession& session : ClaimDeadSessions(d_->root)) {
+        std::vector<RecoveredText> of = ReadSession(session, FolderOf(d_->root) + "/damaged", d_->putAside);
+        if (of.empty() && !HoldsCopies(session)) {
             RemoveSession(std::move(session));
             continue;
         }
-        for (const QString& copy : copies) {
-            std::optional<RecoveredText> text = ReadRecoveryCopy(session.folder + '/' + QFile::encodeName(copy));
-            if (text) texts.push_back(std::move(*text));
-        }
+        std::ranges::move(of, std::back_inserter(texts));
         d_->found.push_back(std::move(session));
     }
     std::stable_sort(texts.begin(), texts.end(), [](const RecoveredText& left, const RecoveredText& right) {
@@ -241,8 +290,12 @@ std::vector<RecoveredText> RecoveryStore::FindLost() {
     return texts;
 }
 
+const QStringList& RecoveryStore::PutAside() const {
+    return d_->putAside;
+}
+
 void RecoveryStore::DiscardFound() {
-    for (Session& session : d_->found) RemoveSession(std::move(session));
+    for (RecoverySession& session : d_->found) RemoveSession(std::move(session));
     d_->found.clear();
 }
 

@@ -1,14 +1,23 @@
 #include "files/recovery_store.h"
 
 #include "tests/files/child_process.h"
+#include "tests/support/wait_for.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <chrono>
 #include <gtest/gtest.h>
+#include <map>
+#include <random>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace vellum {
@@ -246,7 +255,7 @@ TEST_F(Recovery, KeepsLargeAndEmptyTexts) {
     EXPECT_EQ(left[1].caption, "empty");
 }
 
-TEST_F(Recovery, LeavesOutDamagedCopies) {
+TEST_F(Recovery, PutsDamagedCopiesAside) {
     LeaveBehind("dead", {Text("damaged"), Text("cut off"), Text("whole")});
     QFile damaged(Root() + "/dead/1.copy");
     ASSERT_TRUE(damaged.open(QFile::ReadWrite));
@@ -263,8 +272,44 @@ TEST_F(Recovery, LeavesOutDamagedCopies) {
     const std::vector<RecoveredText> found = store.FindLost();
     ASSERT_EQ(found.size(), 1U);
     EXPECT_EQ(found[0].text, "whole");
+    const QString aside = folder_.filePath("state/damaged/dead-%1.copy");
+    EXPECT_EQ(store.PutAside(), QStringList({aside.arg(1), aside.arg(2), aside.arg(4)}));
     store.DiscardFound();
     EXPECT_TRUE(Sessions().isEmpty());
+    QFile kept(aside.arg(1));
+    ASSERT_TRUE(kept.open(QFile::ReadOnly));
+    EXPECT_TRUE(kept.readAll().contains(QByteArray("d\0a\0m\0a\0g", 9)));
+    EXPECT_EQ(ModeOf(folder_.filePath("state/damaged")), 0700U);
+    RecoveryStore next(Root());
+    EXPECT_TRUE(next.FindLost().empty());
+    EXPECT_TRUE(next.PutAside().isEmpty()) << "told once";
+}
+
+TEST_F(Recovery, PutsTheOnlyCopyOfASessionAside) {
+    LeaveBehind("dead", {Text("damaged")});
+    ASSERT_TRUE(QFile::resize(Root() + "/dead/1.copy", 20));
+    RecoveryStore store(Root());
+    EXPECT_TRUE(store.FindLost().empty());
+    EXPECT_EQ(store.PutAside().size(), 1);
+    EXPECT_TRUE(Sessions().isEmpty());
+}
+
+TEST_F(Recovery, ReadsCopiesWithoutAJournal) {
+    LeaveBehind("dead", {Text("newer", "New 2", 20)});
+    QFile file(Root() + "/dead/7.copy");
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write(R"({"byteOrderMark":true,"caption":"/site/a.htm","checksum":"5b4085401e259f3918fb1701d3d9399c2c8cce73",)"
+               R"("encoding":"UTF-8","lineEnd":"2","version":1,"writtenAt":10})"
+               "\n");
+    file.write(QByteArray("a\0b\0", 4));
+    file.close();
+    RecoveryStore store(Root());
+    const std::vector<RecoveredText> found = store.FindLost();
+    ASSERT_EQ(found.size(), 2U);
+    RecoveredText old = Text("ab", "/site/a.htm", 10);
+    old.format.byteOrderMark = true;
+    old.format.lineEnd = LineEnd::Lf;
+    ExpectSame(found[0], old);
 }
 
 TEST_F(Recovery, SweepsEmptyFoldersOfDeadSessionsAway) {
@@ -332,13 +377,264 @@ TEST_F(Recovery, LeavesTheCopyOfADocumentBehindThatCouldNotBeSaved) {
         store.LeaveBehind(2);
     }
     ASSERT_EQ(Sessions().size(), 1);
-    EXPECT_EQ(Files(Sessions().constFirst()), QStringList({"2.copy", "lock"}));
+    EXPECT_EQ(Files(Sessions().constFirst()), QStringList({"2.copy", "end", "lock"}));
     RecoveryStore next(Root());
     const std::vector<RecoveredText> found = next.FindLost();
     ASSERT_EQ(found.size(), 1U);
     ExpectSame(found[0], Text("not saved", "New 2"));
+    EXPECT_EQ(found[0].end, SessionEnd::Closed);
     next.DiscardFound();
     EXPECT_TRUE(Sessions().isEmpty());
+}
+
+TEST_F(Recovery, FollowsTheEditsOfACopy) {
+    RecoveryStore store(Root());
+    store.Keep(1, Text("one\ntwo"));
+    store.Change(1, {7, 0, "!"});
+    store.Change(1, {8, 0, "?"});
+    store.Change(1, {3, 1, "", 4'000'000'000});
+    const std::vector<RecoveredText> left = LeftBy(store);
+    ASSERT_EQ(left.size(), 1U);
+    ExpectSame(left[0], Text("onetwo!?", "New 1", 4'000'000'000));
+    EXPECT_FALSE(left[0].incomplete);
+}
+
+TEST_F(Recovery, TellsThatTheLastEditsAreLost) {
+    RecoveryStore store(Root());
+    store.Keep(1, Text("one"));
+    store.Change(1, {3, 0, " two"});
+    store.Flush();
+    store.Change(1, {7, 0, " three"});
+    store.Flush();
+    Die(Sessions().constFirst(), "dead");
+    QFile journal(Root() + "/dead/1.1.edits");
+    ASSERT_TRUE(journal.resize(journal.size() - 1));
+    RecoveryStore finder(Root());
+    const std::vector<RecoveredText> found = finder.FindLost();
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].text, "one two");
+    EXPECT_TRUE(found[0].incomplete);
+}
+
+// As a program leaves it that is killed before the disk has confirmed the newest copy.
+TEST_F(Recovery, TakesTheNewestCopyThatIsWhole) {
+    RecoveryStore store(Root());
+    store.Keep(1, Text("old"));
+    store.Change(1, {3, 0, " text"});
+    store.Flush();
+    const QString session = Sessions().constFirst();
+    for (const char* name : {"torn", "whole"}) Die(session, name);
+    store.Keep(1, Text("new"));
+    store.Change(1, {3, 0, " text"});
+    store.Flush();
+    EXPECT_EQ(Files(session), QStringList({"1.2.edits", "1.copy", "lock"})) << "the first ones have gone";
+    for (const char* name : {"torn", "whole"}) {
+        ASSERT_TRUE(QFile::copy(Root() + '/' + session + "/1.copy", Root() + '/' + name + "/1.2.part"));
+        ASSERT_TRUE(QFile::copy(Root() + '/' + session + "/1.2.edits", Root() + '/' + name + "/1.2.edits"));
+    }
+    QFile torn(Root() + "/torn/1.2.part");
+    ASSERT_TRUE(torn.resize(torn.size() - 2));
+    RecoveryStore finder(Root());
+    const std::vector<RecoveredText> found = finder.FindLost();
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].text, "old text");
+    EXPECT_EQ(found[1].text, "new text");
+    EXPECT_TRUE(finder.PutAside().isEmpty()) << "nothing is damaged";
+}
+
+TEST_F(Recovery, ATextThatWasJustBeingWrittenIsNoCopy) {
+    ASSERT_TRUE(QDir().mkpath(Root() + "/dead"));
+    for (const char* name : {"lock", "1.1.part"}) {
+        QFile file(Root() + "/dead/" + name);
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+    }
+    RecoveryStore store(Root());
+    EXPECT_TRUE(store.FindLost().empty());
+    EXPECT_TRUE(store.PutAside().isEmpty());
+    EXPECT_TRUE(Sessions().isEmpty());
+}
+
+// What the store is told, in any order, is what comes back.
+TEST_F(Recovery, FollowsRandomChangesOfSeveralDocuments) {
+    std::mt19937 random(3);
+    const auto below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    RecoveryStore store(Root());
+    std::map<int, QString> texts;
+    for (int round = 0; round < 400; ++round) {
+        const int document = below(3);
+        const auto text = texts.find(document);
+        const int action = below(20);
+        if (text == texts.end() || action == 0) {
+            texts[document] = QString(below(50), QChar('a' + below(26)));
+            store.Keep(document, Text(texts[document], QString::number(document), document));
+        } else if (action == 1) {
+            store.Forget(document);
+            texts.erase(document);
+        } else {
+            const int position = below(static_cast<int>(text->second.size()) + 1);
+            const int removed = below(std::min(static_cast<int>(text->second.size()) - position, 5) + 1);
+            const QString added(below(6), QChar('A' + below(26)));
+            text->second.replace(position, removed, added);
+            store.Change(document, {position, removed, added, 1});
+        }
+        if (below(20) != 0) continue;
+        ASSERT_TRUE(store.Flush());
+        if (Sessions().isEmpty()) continue;
+        Die(Sessions().constFirst(), "dead");
+        RecoveryStore finder(Root());
+        std::map<int, QString> found;
+        for (const RecoveredText& each : finder.FindLost()) found[each.caption.toInt()] = each.text;
+        ASSERT_EQ(found, texts) << round;
+        finder.DiscardFound();
+    }
+}
+
+// Nobody flushes, and there is never a pause.
+TEST_F(Recovery, WritesWhileTheTypingGoesOn) {
+    RecoveryStore store(Root());
+    store.Keep(1, Text(QString()));
+    int typed = 0;
+    const auto journal = [&]() -> qint64 {
+        if (Sessions().isEmpty()) return 0;
+        return QFileInfo(Root() + '/' + Sessions().constFirst() + "/1.1.edits").size();
+    };
+    for (const char* time : {"first", "second"}) {
+        const qint64 before = journal();
+        EXPECT_TRUE(test::WaitFor([&] {
+            store.Change(1, {typed++, 0, "x"});
+            return journal() > before;
+        })) << time;
+    }
+}
+
+// So long that a kill often comes while it is being written.
+const QString longBeginning(2'000'000, u'x');
+
+TEST(RecoveryChild, DISABLED_TypesUntilKilled) {
+    RecoveryStore store(ChildFolder() + "/state/recovery");
+    QString text = longBeginning;
+    store.Keep(1, Text(text));
+    store.Flush();
+    (void)!::write(STDOUT_FILENO, "ready", 5);
+    for (int number = 0;; ++number) {
+        const QString word = QString::number(number) + ' ';
+        store.Change(1, {static_cast<int>(text.size()), 0, word});
+        text += word;
+        if (number % 2 == 0) store.Keep(1, Text(text));
+        store.Flush();
+    }
+}
+
+TEST_F(Recovery, IsWholeAtEveryMoment) {
+    std::mt19937 random(11);
+    for (int kill = 0; kill < 20; ++kill) {
+        {
+            ChildProcess child("RecoveryChild.DISABLED_TypesUntilKilled", folder_.path());
+            ASSERT_TRUE(child.WaitFor("ready"));
+            std::this_thread::sleep_for(std::chrono::microseconds(random() % 60'000));  // any moment
+            ASSERT_TRUE(child.KilledNow());
+        }
+        RecoveryStore finder(Root());
+        const std::vector<RecoveredText> found = finder.FindLost();
+        ASSERT_EQ(found.size(), 1U);
+        EXPECT_TRUE(finder.PutAside().isEmpty());
+        finder.DiscardFound();
+        ASSERT_TRUE(found[0].text.startsWith(longBeginning));
+        const QStringList words = found[0].text.mid(longBeginning.size()).split(' ', Qt::SkipEmptyParts);
+        for (qsizetype index = 0; index < words.size(); ++index) ASSERT_EQ(words[index], QString::number(index));
+    }
+}
+
+TEST_F(Recovery, ForgetsAtOnce) {
+    RecoveryStore store(Root());
+    const auto files = [this] { return Files(Sessions().constFirst()); };
+    store.Keep(1, Text("secret"));
+    store.Change(1, {0, 0, "x"});
+    store.Flush();
+    store.Keep(1, Text("waiting"));
+    store.Change(1, {0, 0, "x"});
+    store.Forget(1);
+    EXPECT_EQ(files(), QStringList("lock")) << "nobody waited for the worker";
+    for (int round = 0; round < 50; ++round) {
+        store.Keep(1, Text(QString(300'000, u'x')));
+        store.Keep(2, Text("other"));
+        store.Change(1, {0, 0, "x"});
+        if (round % 2 == 0) store.Flush();
+        store.Forget(1);
+        ASSERT_TRUE(files().filter(QRegularExpression("^1\\.")).isEmpty()) << round;
+    }
+    store.Flush();
+    EXPECT_EQ(files(), QStringList({"2.copy", "lock"})) << "nothing comes back later";
+}
+
+TEST_F(Recovery, LeavesEverythingBehindWhenTheProgramIsEnded) {
+    for (const SessionEnd end : {SessionEnd::Terminated, SessionEnd::Desktop}) {
+        {
+            RecoveryStore store(Root());
+            store.Keep(1, Text("waiting"));
+            store.Change(1, {7, 0, " for the disk"});
+            std::thread([&] { store.EndSession(end); }).join();
+            Die(Sessions().constFirst(), "dead");
+            RecoveryStore finder(Root());
+            const std::vector<RecoveredText> found = finder.FindLost();
+            ASSERT_EQ(found.size(), 1U);
+            EXPECT_EQ(found[0].text, "waiting for the disk");
+            EXPECT_EQ(found[0].end, end);
+            finder.DiscardFound();
+            store.Change(1, {0, 0, "still "});
+        }
+        RecoveryStore finder(Root());
+        const std::vector<RecoveredText> found = finder.FindLost();
+        ASSERT_EQ(found.size(), 1U);
+        EXPECT_EQ(found[0].text, "still waiting for the disk");
+        EXPECT_EQ(found[0].end, SessionEnd::Unknown) << "it went on, and how it ended then nobody knows";
+        finder.DiscardFound();
+    }
+    RecoveryStore unused(Root());
+    unused.EndSession(SessionEnd::Terminated);
+    EXPECT_TRUE(Sessions().isEmpty());
+}
+
+TEST_F(Recovery, AsksForTheWholeTextWhenItsEditsHaveBecomeMany) {
+    RecoveryStore store(Root());
+    QSignalSpy wanted(&store, &RecoveryStore::WholeWanted);
+    store.Keep(4, Text("x"));
+    store.Change(4, {0, 0, QString(400'000, u'a')});
+    store.Flush();
+    store.Change(4, {0, 0, QString(400'000, u'b')});
+    store.Flush();
+    EXPECT_TRUE(wanted.isEmpty());
+    store.Change(4, {0, 0, "c"});
+    store.Flush();
+    EXPECT_EQ(wanted.size(), 1);
+    EXPECT_EQ(wanted.value(0).value(0).toInt(), 4);
+}
+
+TEST_F(Recovery, AsksForTheWholeTextWhenItsCopyHasGone) {
+    RecoveryStore store(Root());
+    QSignalSpy wanted(&store, &RecoveryStore::WholeWanted);
+    store.Keep(1, Text("first"));
+    store.Flush();
+    ASSERT_TRUE(QDir(Root()).removeRecursively());
+    store.Change(1, {5, 0, " second"});
+    store.Flush();
+    EXPECT_EQ(wanted.size(), 1);
+    store.Keep(1, Text("first second"));
+    const std::vector<RecoveredText> left = LeftBy(store);
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_EQ(left[0].text, "first second");
+}
+
+TEST_F(Recovery, SaysWhyNothingIsKept) {
+    QFile file(folder_.filePath("file"));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    RecoveryStore store(file.fileName() + "/recovery");
+    QSignalSpy notKept(&store, &RecoveryStore::NotKept);
+    store.Keep(3, Text("nowhere to go"));
+    EXPECT_FALSE(store.Flush());
+    ASSERT_EQ(notKept.size(), 1);
+    EXPECT_EQ(notKept[0][0].toInt(), 3);
+    EXPECT_EQ(notKept[0][1].toString(), QString("Cannot write \"%1/recovery\": Not a directory.").arg(file.fileName()));
 }
 
 TEST_F(Recovery, OutlivesTheLossOfItsFolder) {
