@@ -15,6 +15,8 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
+#include <functional>
+#include <iterator>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -94,8 +96,9 @@ struct RecoveryStore::Private {
     void RunWorker();
     void WriteEnd(const std::optional<SessionEnd>& now);
     void Do(int document, const Work& work);
+    void Remove(int document);
     [[nodiscard]] bool Begin(int document, const RecoveredText& copy);
-    void Settle(int document, const std::function<bool()>& settling);
+    void Settle(int document, const std::function<bool()>& settleNow);
     void SetFailed(int document, bool hasFailed);
 };
 
@@ -143,11 +146,7 @@ void RecoveryStore::Private::WriteEnd(const std::optional<SessionEnd>& now) {
 }
 
 void RecoveryStore::Private::Do(int document, const Work& work) {
-    if (work.forgotten && session) {
-        kept.erase(document);
-        RemoveKeptDocument(session->folder, document);
-    }
-    if (work.forgotten) SetFailed(document, false);
+    if (work.forgotten) Remove(document);
     if (work.whole && !Begin(document, *work.whole)) {
         SetFailed(document, true);
         return;
@@ -159,6 +158,18 @@ void RecoveryStore::Private::Do(int document, const Work& work) {
     if (!copy.Stands()) return;
     SetFailed(document, !work.edits.empty() && !copy.Append(work.edits));
     Settle(document, copy.Settling());
+}
+
+void RecoveryStore::Private::Remove(int document) {
+    kept.erase(document);
+    SetFailed(document, false);
+    if (!session) return;
+    RemoveKeptDocument(session->folder, document);
+    Settle(document, [folder = session->folder] {
+        // Whether that works concerns no text that is kept.
+        static_cast<void>(SyncFolder(folder));
+        return true;
+    });
 }
 
 // False with errno.

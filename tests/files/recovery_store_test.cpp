@@ -13,9 +13,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -635,6 +637,34 @@ TEST_F(Recovery, SaysWhyNothingIsKept) {
     ASSERT_EQ(notKept.size(), 1);
     EXPECT_EQ(notKept[0][0].toInt(), 3);
     EXPECT_EQ(notKept[0][1].toString(), QString("Cannot write \"%1/recovery\": Not a directory.").arg(file.fileName()));
+}
+
+TEST(RecoveryChild, DISABLED_FillsTheDisk) {
+    ::signal(SIGXFSZ, SIG_IGN);
+    RecoveryStore store(ChildFolder() + "/state/recovery");
+    QSignalSpy wanted(&store, &RecoveryStore::WholeWanted);
+    store.Keep(1, Text("before"));
+    store.Change(1, {6, 0, " it"});
+    ASSERT_TRUE(store.Flush());
+    const rlimit limit{100'000, 100'000};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    store.Change(1, {9, 0, QString(100'000, u'x')});
+    EXPECT_FALSE(store.Flush());
+    store.Change(1, {0, 0, "not "});
+    EXPECT_TRUE(store.Flush()) << "which isn't even tried";
+    EXPECT_EQ(wanted.size(), 1);
+    store.Keep(1, Text(QString(100'000, u'x')));
+    EXPECT_FALSE(store.Flush());
+    store.EndSession(SessionEnd::Terminated);
+}
+
+TEST_F(Recovery, KeepsWhatItHasWhenTheDiskIsFull) {
+    ASSERT_TRUE(ChildProcess("RecoveryChild.DISABLED_FillsTheDisk", folder_.path()).Succeeds());
+    RecoveryStore store(Root());
+    const std::vector<RecoveredText> found = store.FindLost();
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].text, "before it");
+    EXPECT_TRUE(found[0].incomplete);
 }
 
 TEST_F(Recovery, OutlivesTheLossOfItsFolder) {
