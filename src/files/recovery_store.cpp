@@ -1,6 +1,7 @@
 #include "files/recovery_store.h"
 
 #include "files/file_errors.h"
+#include "files/file_look.h"
 #include "files/kept_document.h"
 #include "files/recovery_copy.h"
 #include "files/recovery_session.h"
@@ -209,6 +210,15 @@ void RecoveryStore::Private::SetFailed(int document, bool hasFailed) {
         }
     }
     if (hasFailed) emit store.NotKept(document, reason);
+}
+
+bool HasFileChanged(const RecoveredText& text) {
+    constexpr qint64 nanosecondsInSecond = 1'000'000'000;
+    if (!text.caption.startsWith(u'/')) return false;
+    const FileStamp stamp = StampOf(text.caption).value_or(FileStamp());
+    if (!stamp.IsThere()) return false;
+    // Without a time to compare, the file may be what the text was written from.
+    return text.fileTime == 0 ? stamp.modified / nanosecondsInSecond > text.writtenAt : stamp.modified != text.fileTime;
 }
 
 RecoveryStore::RecoveryStore(const QString& root, QObject* parent)

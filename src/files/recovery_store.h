@@ -27,12 +27,14 @@ struct RecoveredText {
     QString text;     // "\n" at line ends
     TextFormat format;
     qint64 writtenAt = 0;  // seconds since 1970, UTC; 0 stands for the moment of Keep()
-    qint64 fileTime =
-        0;  // when the file that the text comes from was changed: milliseconds since 1970, UTC; 0 for none
+    qint64 fileTime = 0;   // of its file while that held the same: nanoseconds since 1970, UTC; 0 for none
     // Of a text that was found:
     SessionEnd end = SessionEnd::Unknown;
     bool incomplete = false;  // its last edits are lost
 };
+
+// Whether something else has changed the file of a text since the two were the same. Blocks.
+[[nodiscard]] bool HasFileChanged(const RecoveredText& text);
 
 // Where nothing can be written, all of it does nothing, and says so by a signal and in Flush: a lost copy must never
 // stand in an author's way.

@@ -160,12 +160,11 @@ bool DocumentWindow::SaveFile(const QString& path) {
     return true;
 }
 
-// A file that was changed after the copy was made isn't known, so that a save over it asks first.
+// A file that was changed since isn't known, so that a save over it asks first.
 void DocumentWindow::Recover(const RecoveredText& lost) {
-    constexpr qint64 nanosecondsInSecond = 1'000'000'000;
     file_.Recover(lost.text, lost.format);
     const auto look = NeverSaved() ? std::nullopt : LookAt(file_.Known());
-    if (look && look->stamp.modified / nanosecondsInSecond <= lost.writtenAt) file_.Note(*look);
+    if (look && !HasFileChanged(lost)) file_.Note(*look);
     ShowFile();
 }
 

@@ -71,7 +71,7 @@ MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& rec
       settings_(settings),
       prompts_(prompts),
       files_(*this, documents),
-      recovery_(recovery),
+      recovery_(recovery, *this),
       outside_(documents, *this),
       website_(new WebsiteCommands(*this, *Picture11, MakeFileTools(*this))),
       fontNames_(std::move(fontNames)),
@@ -127,7 +127,7 @@ void MDIform1::Load(const QString& commandLine, const std::function<void()>& spl
     documents.Open({.path = commandLine, .isFirst = true});
     SetHint({});
     // What was lost comes before the tips, which keep away from a page that has text.
-    recovery_.OfferLost(*this, documents);
+    recovery_.OfferLost(documents);
     const Document* const active = ActiveDocument();
     if (active && active->Text1->Length() == 0) startup();
 }

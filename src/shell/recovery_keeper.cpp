@@ -3,19 +3,21 @@
 #include "editor/workbench.h"
 #include "files/file_names.h"
 #include "shell/open_documents.h"
+#include "widgets/prompts.h"
 
 #include <QDateTime>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTimer>
 
+#include <algorithm>
+#include <ranges>
+#include <utility>
+
 namespace vellum {
 namespace {
 
-// Milliseconds. A copy is made in the first pause of the typing, so that no key waits for it; who types without a pause
-// is copied all the same, now and then.
-constexpr int pauseBeforeCopy = 800;
-constexpr int longestWithoutCopy = 10000;
+constexpr int retryAfter = 10000;  // milliseconds
 constexpr int mostListed = 12;
 
 // "New 3"; a file may be called Newsletter.htm.
@@ -29,89 +31,184 @@ QString CaptionToKeep(const QString& caption) {
     return IsBlankCaption(caption) ? caption : AbsolutePath(caption);
 }
 
-RecoveredText CopyOf(const DocumentWindow& window) {
-    return {CaptionToKeep(window.Caption()), window.Text1->RawText(), window.File().Format(),
-            QDateTime::currentSecsSinceEpoch()};
+QString Beginning(const std::vector<RecoveredText>& lost) {
+    const SessionEnd end = lost.front().end;
+    const bool isSame = std::ranges::all_of(lost, [end](const RecoveredText& text) { return text.end == end; });
+    if (!isSame) return RecoveryKeeper::tr("These documents were not saved:");
+    switch (end) {
+        case SessionEnd::Closed:
+            return RecoveryKeeper::tr("These documents could not be saved when they were closed:");
+        case SessionEnd::Terminated:
+            return RecoveryKeeper::tr("Vellumcraft was told to end before these documents were saved:");
+        case SessionEnd::Desktop:
+            return RecoveryKeeper::tr("The desktop's session ended before these documents were saved:");
+        case SessionEnd::Unknown:
+            break;
+    }
+    return RecoveryKeeper::tr("Vellumcraft did not end normally. These documents were not saved:");
+}
+
+QString LineOf(const RecoveredText& lost) {
+    const QDateTime written = QDateTime::fromSecsSinceEpoch(lost.writtenAt);
+    QString line = RecoveryKeeper::tr("%1   (%2)")
+                       .arg(ReadableName(lost.caption), QLocale().toString(written, QLocale::ShortFormat)) +
+                   "\n";
+    const QString indent(4, u' ');
+    if (HasFileChanged(lost)) line += indent + RecoveryKeeper::tr("The file has been changed since.") + "\n";
+    if (lost.incomplete) line += indent + RecoveryKeeper::tr("The last edits are lost.") + "\n";
+    return line;
 }
 
 }  // namespace
 
 QString RecoveryQuestion(const std::vector<RecoveredText>& lost) {
-    QString text =
-        RecoveryKeeper::tr("Vellumcraft did not end normally. These unsaved documents can be recovered:") + "\n\n";
-    int listed = 0;
-    for (const RecoveredText& copy : lost) {
-        if (++listed > mostListed) break;
-        const QDateTime written = QDateTime::fromSecsSinceEpoch(copy.writtenAt);
-        text += RecoveryKeeper::tr("%1   (%2)")
-                    .arg(ReadableName(copy.caption), QLocale().toString(written, QLocale::ShortFormat)) +
-                "\n";
-    }
+    QString text = Beginning(lost) + "\n\n";
+    for (const RecoveredText& copy : lost | std::views::take(mostListed)) text += LineOf(copy);
     const int more = static_cast<int>(lost.size()) - mostListed;
     if (more > 0) text += RecoveryKeeper::tr("and %1 more").arg(more) + "\n";
-    return text + "\n" + RecoveryKeeper::tr("Open them now? No discards them.");
+    return text + "\n" +
+           RecoveryKeeper::tr(
+               "Recover opens them as documents that are not saved yet, Discard deletes what was kept of "
+               "them, Later asks again at the next start.");
 }
 
-RecoveryKeeper::RecoveryKeeper(RecoveryStore& store, QObject* parent) : QObject(parent), store_(store) {}
+struct RecoveryKeeper::Watched {
+    explicit Watched(DocumentWindow& document) : window(document), settled(document.Text1->RawText()) {}
+
+    [[nodiscard]] RecoveredText Copy(const QString& text) const {
+        return {.caption = CaptionToKeep(window.Caption()),
+                .text = text,
+                .format = window.File().Format(),
+                .fileTime = fileTime};
+    }
+
+    DocumentWindow& window;
+    QString settled;                    // the text that the next edit changes; empty while the store follows
+    qint64 fileTime = 0;                // of the file when it held that text
+    qsizetype length = settled.size();  // of the text as it was told to the store
+    bool follows = false;
+    QTimer retry;
+};
+
+RecoveryKeeper::RecoveryKeeper(RecoveryStore& store, Workbench& workbench) : store_(store), workbench_(workbench) {
+    connect(&store, &RecoveryStore::NotKept, this, &RecoveryKeeper::TellNotKept);
+    connect(&store, &RecoveryStore::WholeWanted, this, [this](int document) {
+        const auto watched = watched_.value(document);
+        if (watched && watched->follows && !watched->retry.isActive()) KeepWhole(document);
+    });
+}
+
+RecoveryKeeper::~RecoveryKeeper() = default;
 
 void RecoveryKeeper::Watch(DocumentWindow& window) {
     const int document = nextDocument_++;
-    watched_.insert(document, &window);
+    const auto watched = std::make_shared<Watched>(window);
+    watched_.insert(document, watched);
+    watched->retry.setParent(this);
+    watched->retry.setSingleShot(true);
+    watched->retry.setInterval(retryAfter);
+    connect(&watched->retry, &QTimer::timeout, this, [this, document] { KeepWhole(document); });
     connect(&window, &QObject::destroyed, this, [this, document] { watched_.remove(document); });
-    auto* pause = new QTimer(&window);
-    pause->setSingleShot(true);
-    pause->setInterval(pauseBeforeCopy);
-    auto* limit = new QTimer(&window);
-    limit->setSingleShot(true);
-    limit->setInterval(longestWithoutCopy);
-    connect(window.Text1, &EditSurface::Changed, this, [pause, limit] {
-        pause->start();
-        if (!limit->isActive()) limit->start();
-    });
-    for (const QTimer* timer : {pause, limit}) {
-        connect(timer, &QTimer::timeout, this, [this, &window, document, pause, limit] {
-            pause->stop();
-            limit->stop();
-            if (!window.Saver()) store_.Keep(document, CopyOf(window));
-        });
-    }
-    connect(&window, &Document::SaverChanged, this, [this, document](bool saver) {
-        if (saver) store_.Forget(document);
-    });
-    connect(&window, &DocumentWindow::Closing, this, [this, &window, document, pause, limit](bool saved) {
-        pause->stop();
-        limit->stop();
-        watched_.remove(document);
-        if (saved) {
-            store_.Forget(document);
-        } else {
-            store_.Keep(document, CopyOf(window));
-            store_.LeaveBehind(document);
-        }
-    });
+    connect(window.Text1, &EditSurface::Replaced, this,
+            [this, document](int position, int removed, const QString& text) {
+                Follow(document, position, removed, text);
+            });
+    connect(&window, &Document::SaverChanged, this,
+            [this, document](bool saver) { saver ? Settle(document) : Begin(document); });
+    connect(&window, &DocumentWindow::Closing, this, [this, document](bool saved) { Close(document, saved); });
 }
 
-void RecoveryKeeper::KeepAll() {
-    for (auto entry = watched_.cbegin(); entry != watched_.cend(); ++entry) {
-        if (!entry.value()->Saver()) store_.Keep(entry.key(), CopyOf(*entry.value()));
+void RecoveryKeeper::Begin(int document) {
+    const auto watched = watched_.value(document);
+    if (!watched || watched->follows) return;
+    watched->fileTime = watched->window.File().Known().stamp.modified;
+    store_.Keep(document, watched->Copy(watched->settled));
+    watched->settled.clear();
+    watched->follows = true;
+}
+
+void RecoveryKeeper::Follow(int document, int position, int removed, const QString& text) {
+    const auto watched = watched_.value(document);
+    if (!watched) return;
+    Begin(document);
+    const EditSurface& surface = *watched->window.Text1;
+    watched->length += text.size() - removed;
+    if (text.size() == surface.RawLength()) {
+        store_.Keep(document, watched->Copy(text));  // it is everything now
+    } else if (watched->length != surface.RawLength()) {
+        store_.Keep(document, watched->Copy(surface.RawText()));  // something went on unseen
+    } else {
+        store_.Change(document, {.position = position, .removed = removed, .text = text});
+    }
+    watched->length = surface.RawLength();
+}
+
+void RecoveryKeeper::KeepWhole(int document) {
+    const auto watched = watched_.value(document);
+    if (!watched || watched->window.Saver()) return;
+    const QString text = watched->window.Text1->RawText();
+    store_.Keep(document, watched->Copy(text));
+    watched->length = text.size();
+}
+
+void RecoveryKeeper::Settle(int document) {
+    const auto watched = watched_.value(document);
+    if (!watched) return;
+    store_.Forget(document);
+    watched->settled = watched->window.Text1->RawText();
+    watched->length = watched->settled.size();
+    watched->follows = false;
+    watched->retry.stop();
+}
+
+void RecoveryKeeper::Close(int document, bool saved) {
+    const auto watched = watched_.take(document);
+    if (!watched) return;
+    if (saved) {
+        store_.Forget(document);
+    } else {
+        store_.Keep(document, watched->Copy(watched->window.Text1->RawText()));
+        store_.LeaveBehind(document);
     }
 }
 
-void RecoveryKeeper::OfferLost(Workbench& workbench, OpenDocuments& documents) {
+void RecoveryKeeper::TellNotKept(int document, const QString& reason) {
+    if (const auto watched = watched_.value(document); watched && watched->follows) watched->retry.start();
+    if (std::exchange(toldNotKept_, true)) return;
+    workbench_.Ask().Message(workbench_.Window(),
+                             tr("What you type can't be kept for recovery until it is saved:") + "\n\n" + reason);
+}
+
+void RecoveryKeeper::OfferLost(OpenDocuments& documents) {
+    enum { recover, discard, later };
     const std::vector<RecoveredText> lost = store_.FindLost();
+    if (!store_.PutAside().isEmpty()) {
+        workbench_.Ask().Message(workbench_.Window(),
+                                 tr("Some texts that were not saved can't be recovered. What was kept of them is "
+                                    "damaged, and has been put aside:") +
+                                     "\n\n" + store_.PutAside().join('\n'));
+    }
     if (lost.empty()) return;
-    const Answer answer =
-        workbench.Ask().AskYesNoCancel(workbench.Window(), RecoveryQuestion(lost), tr("Recover unsaved documents"));
-    if (answer == Answer::Cancel) return;
-    if (answer == Answer::Yes) {
-        for (const RecoveredText& copy : lost) {
-            documents.Open({.path = IsBlankCaption(copy.caption) ? QString() : copy.caption, .recovered = &copy});
-        }
-        KeepAll();
+    const int choice =
+        workbench_.Ask().Choose(workbench_.Window(), RecoveryQuestion(lost), tr("Recover unsaved documents"),
+                                {tr("Recover"), tr("Discard"), tr("Later")}, recover, later);
+    if (choice == later) return;
+    if (choice == recover) {
+        for (const RecoveredText& copy : lost) Open(copy, documents);
         // The old copies go only when this session has its own.
         if (!store_.Flush()) return;
     }
     store_.DiscardFound();
+}
+
+void RecoveryKeeper::Open(const RecoveredText& lost, OpenDocuments& documents) {
+    const DocumentWindow* const window =
+        documents.Open({.path = IsBlankCaption(lost.caption) ? QString() : lost.caption, .recovered = &lost});
+    for (auto entry = watched_.cbegin(); entry != watched_.cend(); ++entry) {
+        if (&entry.value()->window != window) continue;
+        entry.value()->fileTime = lost.fileTime;
+        KeepWhole(entry.key());
+    }
 }
 
 }  // namespace vellum

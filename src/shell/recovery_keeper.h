@@ -6,6 +6,9 @@
 #include <QHash>
 #include <QObject>
 
+#include <memory>
+#include <vector>
+
 namespace vellum {
 
 class DocumentWindow;
@@ -15,25 +18,35 @@ class Workbench;
 class RecoveryKeeper : public QObject {
     Q_OBJECT
 public:
-    explicit RecoveryKeeper(RecoveryStore& store, QObject* parent = nullptr);
+    RecoveryKeeper(RecoveryStore& store, Workbench& workbench);
+    ~RecoveryKeeper() override;
 
-    // Copies the window's text in the first pause after a change, within 2 s of the last key, until it is saved or
-    // closed.
+    // Hands every edit of the window's text on as it is made, until the text is saved or the window closed.
     void Watch(DocumentWindow& window);
 
-    // One question that lists what can be recovered. Yes opens it as unsaved documents, No discards it; Cancel leaves
-    // it for the next start.
-    void OfferLost(Workbench& workbench, OpenDocuments& documents);
+    // Tells about damaged copies. Then one question lists what can be recovered: it is opened as unsaved documents,
+    // discarded, or left for the next start.
+    void OfferLost(OpenDocuments& documents);
 
 private:
-    void KeepAll();  // every open document that differs from its file, at once
+    struct Watched;
+
+    void Begin(int document);  // its text is no longer the file's
+    void Follow(int document, int position, int removed, const QString& text);
+    void KeepWhole(int document);
+    void Settle(int document);  // its text is the file's
+    void Close(int document, bool saved);
+    void TellNotKept(int document, const QString& reason);
+    void Open(const RecoveredText& lost, OpenDocuments& documents);
 
     RecoveryStore& store_;
-    QHash<int, DocumentWindow*> watched_;
+    Workbench& workbench_;
+    QHash<int, std::shared_ptr<Watched>> watched_;
     int nextDocument_ = 1;
+    bool toldNotKept_ = false;
 };
 
-// The question's text for texts with these captions.
+// The question's text for what was found, which is something.
 [[nodiscard]] QString RecoveryQuestion(const std::vector<RecoveredText>& lost);
 
 }  // namespace vellum
