@@ -3,6 +3,7 @@
 
 #include "files/recovery_store.h"
 #include "settings/settings_store.h"
+#include "system/termination.h"
 #include "widgets/prompts.h"
 
 #include <QObject>
@@ -26,8 +27,12 @@ public:
 signals:
     void Ended();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void LoadMainWindow(bool usePreview);
+    void FollowDesktop();
 
     const QString commandLine_;
     SettingsStore settings_;
@@ -35,6 +40,8 @@ private:
     RecoveryStore recovery_;
     std::unique_ptr<Start> start_;
     std::unique_ptr<MDIform1> window_;
+    bool ended_ = false;
+    Termination termination_;  // uses what stands before it
 };
 
 }  // namespace vellum

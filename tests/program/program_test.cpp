@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -206,7 +207,7 @@ TEST_F(ProgramTest, AFileWhoseNameIsNoTextIsSavedRecoveredAndFoundAgain) {
     ASSERT_TRUE(program.StartToMainWindow({}));
     ASSERT_TRUE(
         program.WaitFor([&] { return program.Ask("dialog").value("value").toString().contains(ReadableName(path)); }));
-    program.Click("&Yes");
+    program.Click("Recover");
     ASSERT_TRUE(shows(program));
     program.Trigger("mnuSaveregItem");
     EXPECT_TRUE(program.WaitFor([&] { return saved().startsWith("typed saved <html>"); }));
@@ -240,10 +241,101 @@ TEST_F(ProgramTest, ATextThatWasNotSavedSurvivesAKill) {
     ProgramUnderTest program(home.path());
     ASSERT_TRUE(program.StartToMainWindow({}));
     ASSERT_TRUE(program.WaitFor([&] { return program.Ask("dialog").value("value").toString().contains(path); }));
-    program.Click("&Yes");
+    program.Click("Recover");
     EXPECT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == path; }));
     program.Trigger("mnuSaveregItem");
     EXPECT_TRUE(program.WaitFor([&] { return Saved().startsWith("precious words "); }));
+}
+
+// The ways of a program's end at which nobody asks the author, and what the next start says of them.
+class EndedProgramTest : public ProgramTest {
+protected:
+    // Types a moment before the end, which no pause comes between.
+    static void TypeWords(ProgramUnderTest& program) {
+        program.Type("Text1", "precious words ");
+        ASSERT_TRUE(program.WaitFor([&] { return program.Get("Text1", "plainText").startsWith("precious words "); }));
+    }
+
+    void ExpectRecovery(const QString& reason) const {
+        EXPECT_EQ(Saved(), page);
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({}));
+        const auto question = [&] { return program.Ask("dialog").value("value").toString(); };
+        ASSERT_TRUE(program.WaitFor([&] { return question().contains(path); }));
+        EXPECT_TRUE(question().startsWith(reason)) << question().toStdString();
+        program.Click("Recover");
+        EXPECT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == path; }));
+        EXPECT_TRUE(program.Get("Text1", "plainText").startsWith("precious words "));
+    }
+};
+
+TEST_F(EndedProgramTest, ASignalLeavesTheTextForTheNextStart) {
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        TypeWords(program);
+        EXPECT_TRUE(program.EndsBy(signal));
+        ExpectRecovery("Vellumcraft was told to end before these documents were saved:");
+        QDir(home.filePath(".local/state/vellumcraft/recovery")).removeRecursively();
+    }
+}
+
+TEST_F(EndedProgramTest, ASignalDoesSoWhileAQuestionIsOpen) {
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        TypeWords(program);
+        program.Trigger("mnuExitItem");
+        ASSERT_TRUE(program.WaitFor([&] { return program.Ask("dialog").value("open").toBool(); }));
+        EXPECT_TRUE(program.EndsBy(SIGTERM));
+    }
+    ExpectRecovery("Vellumcraft was told to end");
+}
+
+TEST_F(EndedProgramTest, ASignalDoesSoWhileTheWindowIsBusy) {
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        TypeWords(program);
+        program.Ask("busy");
+        EXPECT_TRUE(program.EndsBy(SIGTERM));
+    }
+    ExpectRecovery("Vellumcraft was told to end");
+}
+
+TEST_F(EndedProgramTest, TheEndOfTheDesktopsSessionAsksNothing) {
+    for (const bool isQuestionOpen : {false, true}) {
+        {
+            ProgramUnderTest program(home.path());
+            ASSERT_TRUE(program.StartToMainWindow({path}));
+            TypeWords(program);
+            if (isQuestionOpen) {
+                program.Trigger("mnuExitItem");
+                ASSERT_TRUE(program.WaitFor([&] { return program.Ask("dialog").value("open").toBool(); }));
+            }
+            program.Ask("endSession");
+            EXPECT_TRUE(program.WaitForEnd());
+        }
+        ExpectRecovery("The desktop's session ended before these documents were saved:");
+        QDir(home.filePath(".local/state/vellumcraft/recovery")).removeRecursively();
+    }
+}
+
+TEST_F(EndedProgramTest, WhatWasDiscardedIsNotOfferedAgain) {
+    {
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        TypeWords(program);
+        program.Trigger("mnuClose");
+        ASSERT_TRUE(program.WaitFor([&] { return program.Ask("dialog").value("open").toBool(); }));
+        program.Click("&No");
+        ASSERT_TRUE(program.WaitFor([&] { return !program.Ask("dialog").value("open").toBool(); }));
+        program.Kill();
+    }
+    ProgramUnderTest program(home.path());
+    ASSERT_TRUE(program.StartToMainWindow({}));
+    CloseTips(program);
+    EXPECT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == "New 1"; }));
 }
 
 }  // namespace

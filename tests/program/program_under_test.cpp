@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QUuid>
 
+#include <csignal>
+
 namespace vellum::test {
 namespace {
 
@@ -99,6 +101,12 @@ bool ProgramUnderTest::WaitFor(const std::function<bool()>& holds) {
 bool ProgramUnderTest::WaitForEnd() {
     return process_.waitForFinished(patience) && process_.exitStatus() == QProcess::NormalExit &&
            process_.exitCode() == 0;
+}
+
+bool ProgramUnderTest::EndsBy(int signal) {
+    ::kill(static_cast<pid_t>(ProcessId()), signal);
+    return process_.waitForFinished(patience) && process_.exitStatus() == QProcess::CrashExit &&
+           process_.exitCode() == signal;
 }
 
 void ProgramUnderTest::Kill() {

@@ -34,6 +34,8 @@ public:
     bool WaitFor(const std::function<bool()>& holds);
     // True when the program has ended by itself with exit code 0.
     bool WaitForEnd();
+    // Sends a signal; true when the program has ended by it.
+    bool EndsBy(int signal);
     void Kill();
     [[nodiscard]] qint64 ProcessId() const { return process_.processId(); }
 

@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QPixmap>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <QWebEngineView>
 #include <QWidget>
@@ -71,6 +72,15 @@ void PageText(const QString& name, const Reply& reply) {
     view->page()->toPlainText([reply](const QString& text) { reply({{"value", text}}); });
 }
 
+// What a session manager tells when its session ends. Only the toolkit can make the object that comes along, and the
+// program doesn't look at it.
+void EndSession() {
+    void* manager = nullptr;
+    QMetaObject::invokeMethod(qApp, "commitDataRequest", Qt::DirectConnection,
+                              QGenericArgument("QSessionManager&", &manager));
+    QCoreApplication::quit();
+}
+
 QJsonObject Act(const QString& verb, const QString& target, const QString& value) {
     if (verb == "dialog") {
         const QWidget* dialog = QApplication::activeModalWidget();
@@ -80,6 +90,14 @@ QJsonObject Act(const QString& verb, const QString& target, const QString& value
         QAction* action = FindAction(target);
         if (!action || !action->isEnabled()) return {{"error", "no such command: " + target}};
         Later([action] { action->trigger(); });
+        return {};
+    }
+    if (verb == "busy") {
+        Later([] { QThread::sleep(3600); });
+        return {};
+    }
+    if (verb == "endSession") {
+        Later(EndSession);
         return {};
     }
     QWidget* widget = FindWidget(target);
