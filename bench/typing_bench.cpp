@@ -59,8 +59,10 @@ void PressLetters(benchmark::State& state, QAbstractScrollArea& editor) {
 }
 
 // From the start of the line in the middle, where `before` has been typed.
-void TypeKeys(benchmark::State& state, const QString& before) {
+void TypeKeys(benchmark::State& state, const QString& before, bool isKept = true) {
     OpenPage page(Megabytes(state.range(0)));
+    // Recovery has no other source.
+    if (!isKept) QObject::disconnect(&page.Surface(), &EditSurface::Replaced, nullptr, nullptr);
     page.Surface().SetSelStart(page.Surface().LineStart(page.Surface().GetLineFromChar(page.Surface().SelStart())));
     QTest::keyClicks(&page.Surface(), before);
     page.Show();
@@ -85,6 +87,10 @@ constexpr const char* inTag = "<a ";
 
 void TypeInText(benchmark::State& state) {
     TypeKeys(state, inText);
+}
+// Without a copy for recovery that follows.
+void TypeInTextUnkept(benchmark::State& state) {
+    TypeKeys(state, inText, false);
 }
 void TypeInTag(benchmark::State& state) {
     TypeKeys(state, inTag);
@@ -122,6 +128,7 @@ void ReplaceWholeText(benchmark::State& state) {
 }
 
 BENCHMARK(TypeInText)->Arg(1)->Arg(10)->Apply(Times<300>);
+BENCHMARK(TypeInTextUnkept)->Arg(10)->Apply(Times<300>);
 BENCHMARK(TypeInTag)->Arg(1)->Arg(10)->Apply(Times<300>);
 BENCHMARK(TypeInTextInScintilla)->Arg(10)->Apply(Times<100>);
 BENCHMARK(TypeInTagInScintilla)->Arg(10)->Apply(Times<100>);
