@@ -18,12 +18,13 @@ QString Row(const QString& what, const QString& found, bool fine) {
 }
 
 QString TypingRow(const QString& page, const TypingRounds& found, bool& fine) {
-    const bool held = found.rounds > 0 && found.worstLoss <= goal;
+    const bool held = found.rounds > 0 && found.worstLoss <= goal && found.torn == 0;
     fine = fine && held;
     return Row(QString("Killed %1 times while typing into a page of %2").arg(found.rounds).arg(page),
-               QString("at worst %1 s of typing lost, %2 s on average")
+               QString("at worst %1 s of typing lost, %2 s on average; %3 torn texts")
                    .arg(found.worstLoss, 0, 'f', 2)
-                   .arg(found.averageLoss, 0, 'f', 2),
+                   .arg(found.averageLoss, 0, 'f', 2)
+                   .arg(found.torn),
                held);
 }
 

@@ -11,6 +11,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace vellum::reliability {
@@ -40,15 +41,16 @@ bool StartOn(ProgramUnderTest& program, const QString& path) {
     return program.WaitFor([&] { return program.Get("document", "windowTitle") == path; });
 }
 
-// How many of the typed letters, which stand at the start of the page, the recovery has.
-qsizetype Recovered(const QString& home, const QString& typed) {
+// How many of the typed letters, which stand at the start of the page, the recovery has. Empty when it is torn.
+std::optional<qsizetype> Recovered(const QString& home, const QString& page, const QString& typed) {
     RecoveryStore store(home + "/.local/state/vellumcraft/recovery");
     qsizetype most = 0;
     for (const RecoveredText& copy : store.FindLost()) {
-        const auto same = std::ranges::mismatch(copy.text, typed).in2 - typed.begin();
-        most = std::max(most, static_cast<qsizetype>(same));
+        const qsizetype letters = copy.text.size() - page.size();
+        if (letters < 0 || letters > typed.size() || copy.text != typed.first(letters) + page) return std::nullopt;
+        most = std::max(most, letters);
     }
-    return most;
+    return store.PutAside().isEmpty() ? std::optional(most) : std::nullopt;
 }
 
 }  // namespace
@@ -77,10 +79,11 @@ TypingRounds KillWhileTyping(int count, int pageBytes) {
         program.Kill();
         const qint64 killed = time.elapsed();
         ++result.rounds;
-        const qsizetype recovered = Recovered(home.path(), typed);
+        const auto recovered = Recovered(home.path(), QString::fromLatin1(Page(pageBytes)).remove('\r'), typed);
+        if (!recovered) ++result.torn;
         if (recovered == 0) ++result.withoutText;
-        if (recovered >= typed.size()) continue;
-        const double loss = static_cast<double>(killed - pressed[static_cast<std::size_t>(recovered)]) / 1000;
+        if (!recovered || recovered == typed.size()) continue;
+        const double loss = static_cast<double>(killed - pressed[static_cast<std::size_t>(*recovered)]) / 1000;
         result.worstLoss = std::max(result.worstLoss, loss);
         losses += loss;
     }

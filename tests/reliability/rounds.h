@@ -8,6 +8,7 @@ namespace vellum::reliability {
 struct TypingRounds {
     int rounds = 0;        // that typed and were killed
     int withoutText = 0;   // of them, those that left no copy although something was typed
+    int torn = 0;          // of them, those whose copy held anything but the page after the first letters typed
     double worstLoss = 0;  // seconds between the first lost key and the kill
     double averageLoss = 0;
 };
