@@ -235,15 +235,17 @@ RecoveryStore::~RecoveryStore() {
     d_->changed.notify_all();
     if (d_->worker.joinable()) d_->worker.join();
     d_->disk.waitForDone();
-    if (!d_->session || d_->leavesAll) return;
-    if (d_->leftBehind.empty()) {
+    if (!d_->session) return;
+    std::erase_if(d_->kept, [this](const auto& entry) {
+        const bool stays = d_->leavesAll || d_->leftBehind.contains(entry.first);
+        if (!stays) RemoveKeptDocument(d_->session->folder, entry.first);
+        return !stays;
+    });
+    if (d_->kept.empty()) {
         RemoveSession(std::move(*d_->session));
-        return;
+    } else if (!d_->leavesAll) {
+        WriteSessionEnd(d_->session->folder, SessionEnd::Closed);
     }
-    for (const auto& [document, copy] : d_->kept) {
-        if (!d_->leftBehind.contains(document)) RemoveKeptDocument(d_->session->folder, document);
-    }
-    WriteSessionEnd(d_->session->folder, SessionEnd::Closed);
 }
 
 QString RecoveryStore::DefaultRoot() {

@@ -592,8 +592,14 @@ TEST_F(Recovery, LeavesEverythingBehindWhenTheProgramIsEnded) {
         EXPECT_EQ(found[0].end, SessionEnd::Unknown) << "it went on, and how it ended then nobody knows";
         finder.DiscardFound();
     }
-    RecoveryStore unused(Root());
-    unused.EndSession(SessionEnd::Terminated);
+    {
+        RecoveryStore store(Root());
+        store.EndSession(SessionEnd::Desktop);
+        EXPECT_TRUE(Sessions().isEmpty()) << "there is nothing to leave";
+        store.Keep(1, Text("discarded after all"));
+        store.EndSession(SessionEnd::Desktop);
+        store.Forget(1);
+    }
     EXPECT_TRUE(Sessions().isEmpty());
 }
 
