@@ -1,7 +1,7 @@
 #include "shell/color_bar.h"
 
 #include "shell/twip_geometry.h"
-#include "tools/framework/color_hex.h"
+#include "values/color_hex.h"
 #include "widgets/tab_strip.h"
 
 #include <QHBoxLayout>

@@ -10,7 +10,7 @@
 #include "shell/form16.h"
 #include "shell/frm_settings.h"
 #include "system/programs.h"
-#include "tools/framework/color_hex.h"
+#include "values/color_hex.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>

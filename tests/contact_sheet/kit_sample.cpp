@@ -1,7 +1,7 @@
 #include "tests/contact_sheet/kit_sample.h"
 
-#include "tools/framework/color_hex.h"
 #include "tools/framework/color_ramp.h"
+#include "values/color_hex.h"
 
 #include <QFileInfo>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "tools/framework/color_ramp.h"
 
-#include "tools/framework/color_hex.h"
+#include "values/color_hex.h"
 
 namespace vellum {
 

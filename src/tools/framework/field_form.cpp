@@ -1,6 +1,6 @@
 #include "tools/framework/field_form.h"
 
-#include "tools/framework/color_hex.h"
+#include "values/color_hex.h"
 #include "widgets/color_swatch.h"
 
 #include <QApplication>

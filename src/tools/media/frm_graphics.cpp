@@ -2,8 +2,8 @@
 
 #include "files/picture.h"
 #include "tools/framework/attributes.h"
-#include "tools/framework/color_hex.h"
 #include "tools/framework/values.h"
+#include "values/color_hex.h"
 
 #include <QFileInfo>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "tools/framework/color_hex.h"
+#include "values/color_hex.h"
 
 #include <gtest/gtest.h>
 
