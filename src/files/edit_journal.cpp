@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace vellum {
 namespace {
@@ -42,7 +43,7 @@ std::optional<TextEdit> TakeRecord(QByteArrayView& journal, QByteArray& checksum
 // long.
 class GapText {
 public:
-    explicit GapText(const QString& text) : buffer_(text) {}
+    explicit GapText(QString text) : buffer_(std::move(text)) {}
 
     // False, and no change, for a place outside the text.
     bool Replace(qsizetype position, qsizetype removed, const QString& text) {

@@ -83,7 +83,7 @@ QByteArray JournalPath(const QByteArray& folder, int document, int generation) {
 
 std::optional<RecoveryFileName> ReadFileName(const QString& name) {
     static const QRegularExpression pattern(
-        QRegularExpression::anchoredPattern("([0-9]+)(?:(\\.copy)|\\.([0-9]+)\\.(part|edits))"));
+        QRegularExpression::anchoredPattern(R"(([0-9]+)(?:(\.copy)|\.([0-9]+)\.(part|edits)))"));
     const QRegularExpressionMatch match = pattern.match(name);
     if (!match.hasMatch()) return std::nullopt;
     using Kind = RecoveryFileName::Kind;

@@ -11,14 +11,15 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <ranges>
+#include <cstddef>
+#include <span>
 #include <utility>
 
 namespace vellum {
 namespace {
 
 constexpr int retryAfter = 10000;  // milliseconds
-constexpr int mostListed = 12;
+constexpr std::size_t mostListed = 12;
 
 // "New 3"; a file may be called Newsletter.htm.
 bool IsBlankCaption(const QString& caption) {
@@ -63,8 +64,9 @@ QString LineOf(const RecoveredText& lost) {
 
 QString RecoveryQuestion(const std::vector<RecoveredText>& lost) {
     QString text = Beginning(lost) + "\n\n";
-    for (const RecoveredText& copy : lost | std::views::take(mostListed)) text += LineOf(copy);
-    const int more = static_cast<int>(lost.size()) - mostListed;
+    const std::size_t listed = std::min(lost.size(), mostListed);
+    for (const RecoveredText& copy : std::span(lost).first(listed)) text += LineOf(copy);
+    const std::size_t more = lost.size() - listed;
     if (more > 0) text += RecoveryKeeper::tr("and %1 more").arg(more) + "\n";
     return text + "\n" +
            RecoveryKeeper::tr(
