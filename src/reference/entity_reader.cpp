@@ -1,30 +1,23 @@
 #include "reference/entity_reader.h"
 
+#include "files/encodings.h"
 #include "files/text_file.h"
 #include "reference/text_search.h"
 #include "values/number_rules.h"
 
 #include <algorithm>
-#include <array>
 
 namespace vellum {
 namespace {
 
 constexpr QStringView keyword = u"<!ENTITY";
 
-// Windows-1252, where it differs from Latin-1; the five places that it leaves free stand for themselves.
-constexpr int firstOwnCode = 0x80;
-constexpr std::array<char16_t, 32> ownCharacters{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                                 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
+// By its number in Windows-1252, where every number up to 255 has a character.
 QChar CharacterOf(double code) {
     const double whole = RoundHalfEven(code);
     if (!(whole >= 0 && whole <= 255)) throw ReadingFailed("no character has such a code");
-    const auto number = static_cast<std::size_t>(whole);
-    const bool own = number >= firstOwnCode && number < firstOwnCode + ownCharacters.size();
-    return own ? QChar(ownCharacters.at(number - firstOwnCode)) : QChar(static_cast<char16_t>(number));
+    const char byte = static_cast<char>(static_cast<unsigned char>(whole));
+    return DecodeBytes(QByteArrayView(&byte, 1), windows1252Name).value().front();
 }
 
 struct Entity {
