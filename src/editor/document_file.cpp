@@ -24,8 +24,11 @@ bool DocumentFile::Load(const QString& path) {
 }
 
 void DocumentFile::Take(const FileLook& look) {
-    text_.SetText(look.found.text);
-    format_ = look.found.format;
+    const LoadedText& found = look.found;
+    const bool heldBytes = format_.holdsBytes;  // which undo may bring back
+    format_ = found.format;
+    format_.holdsBytes = format_.holdsBytes || heldBytes;
+    text_.LoadText(found.text, format_.lineEnd, found.otherLineEnds);
     Note(look);
     heldRevision_ = text_.Revision();
 }
@@ -36,21 +39,31 @@ void DocumentFile::Note(const FileLook& look) {
     heldRevision_.reset();
 }
 
-bool DocumentFile::Save(const QString& path) {
+EncodedText DocumentFile::Encoded() const {
+    if (IsUntouched()) return {held_, format_};
+    return EncodeText(text_.RawText(), text_.OtherLineEnds(format_.lineEnd), format_);
+}
+
+EncodedText DocumentFile::EncodedAsUtf8(bool byteOrderMark) const {
     TextFormat format = format_;
-    const QByteArray bytes = IsUntouched() ? held_ : EncodeText(text_.RawText(), format);
-    if (!WriteFileSafely(path, bytes)) return false;
+    format.byteOrderMark = byteOrderMark;
+    return EncodeAsUtf8(text_.RawText(), text_.OtherLineEnds(format_.lineEnd), std::move(format));
+}
+
+bool DocumentFile::Save(const QString& path, const EncodedText& encoded) {
+    if (!encoded.bytes || !WriteFileSafely(path, *encoded.bytes)) return false;
     path_ = path;
-    format_ = std::move(format);
+    format_ = encoded.format;
     stamp_ = StampOf(path).value_or(FileStamp());
-    held_ = bytes;
+    held_ = *encoded.bytes;
     heldRevision_ = text_.Revision();
+    text_.SetUsualLineEnd(format_.lineEnd);
     return true;
 }
 
-void DocumentFile::Recover(const QString& text, const TextFormat& format) {
-    text_.SetText(text);
+void DocumentFile::Recover(const QString& text, const TextFormat& format, std::span<const OtherLineEnd> otherLineEnds) {
     format_ = format;
+    text_.LoadText(text, format.lineEnd, otherLineEnds);
 }
 
 }  // namespace vellum

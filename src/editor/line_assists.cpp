@@ -20,7 +20,7 @@ void ReplaceUpTo(EditSurface& surface, int& end, const QString& text, const QStr
     int hit = surface.Find(text, surface.SelStart());
     if (hit < 0) return;
     do {
-        surface.SetSelText(with);
+        surface.RewriteSelText(with);
         end += static_cast<int>(with.size() - text.size());
         hit = surface.Find(text, hit + 1);
     } while (hit >= 0 && hit < end);

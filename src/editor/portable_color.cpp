@@ -8,6 +8,8 @@
 #include "editor/workbench.h"
 #include "surface/document_text.h"
 
+#include <optional>
+
 namespace vellum {
 namespace {
 
@@ -17,17 +19,36 @@ QString WithSurfaceLineEnds(QString text) {
     return WithCrLf(WithLf(std::move(text)));
 }
 
-void WritePlain(Workbench& bench, EditSurface& surface, const QString& markup) {
+// How many line ends stand in the markup before the selection, which it puts tags around; empty when it doesn't hold
+// the selection.
+std::optional<int> LineEndsBefore(const QString& selection, const QString& markup) {
+    const qsizetype lineEnds = selection.count(u'\n');
+    if (lineEnds == 0 || lineEnds * 2 == selection.size()) return std::nullopt;
+    const qsizetype offset = markup.indexOf(selection);
+    if (offset < 0) return std::nullopt;
+    return static_cast<int>(QStringView(markup).first(offset).count(u'\n'));
+}
+
+// What stays of the selection keeps the spelling of its line ends.
+void ReplaceSelection(EditSurface& surface, const QString& markup, std::optional<int> firstLineEnd) {
+    if (firstLineEnd) {
+        surface.RewriteSelText(markup, *firstLineEnd);
+    } else {
+        surface.SetSelText(markup);
+    }
+}
+
+void WritePlain(Workbench& bench, EditSurface& surface, const QString& markup, std::optional<int> firstLineEnd) {
     bench.ColorSpanLength = static_cast<std::int32_t>(markup.size());
     bench.ColorSpanStart = surface.SelStart();
     surface.SetSelColor(bench.Options()->foreColor);
     surface.SetSelBold(false);
-    surface.SetSelText(markup);
+    ReplaceSelection(surface, markup, firstLineEnd);
     bench.Smartcolor();
 }
 
-void WriteIn(EditSurface& surface, const QString& markup) {
-    surface.SetSelText(markup);
+void WriteIn(EditSurface& surface, const QString& markup, std::optional<int> firstLineEnd) {
+    ReplaceSelection(surface, markup, firstLineEnd);
     surface.setFocus();
 }
 
@@ -41,6 +62,7 @@ void InsertMarkup(Workbench& bench, Document& document, QString& markup) {
     document.SetSaver(false);
 
     markup = WithSurfaceLineEnds(markup);
+    const std::optional<int> firstLineEnd = LineEndsBefore(surface.SelText(), markup);
     if (options.autoTab) markup.replace(QLatin1String("\r\n"), "\r\n" + QString(TabsBeforeCaret(surface), u'\t'));
 
     const PosInfo place = PosInfoAtCaret(surface);
@@ -48,17 +70,17 @@ void InsertMarkup(Workbench& bench, Document& document, QString& markup) {
     document.picAttr->ForgetAttributes();
     switch (place.kind) {
         case PlaceKind::Plain:
-            return WritePlain(bench, surface, markup);
+            return WritePlain(bench, surface, markup, firstLineEnd);
         case PlaceKind::Tag:
             TakeTagColor(options, surface, place);
-            return WriteIn(surface, markup);
+            return WriteIn(surface, markup, firstLineEnd);
         case PlaceKind::Comment:
         case PlaceKind::Region:
             if (!options.colorCodingOff) surface.SetSelColor(options.CommentsColor);
-            return WriteIn(surface, markup);
+            return WriteIn(surface, markup, firstLineEnd);
         case PlaceKind::Server:
             if (!options.colorCodingOff) surface.SetSelColor(options.AspColor);
-            return WriteIn(surface, markup);
+            return WriteIn(surface, markup, firstLineEnd);
     }
 }
 

@@ -166,7 +166,7 @@ bool TypingAssist::CompleteTag() {
     bench_.ColorSpanLength = static_cast<std::int32_t>(tagText.size());
     bench_.ColorSpanStart = surface.SelStart();
     surface.SetSelBold(false);
-    surface.SetSelText(tagText);
+    surface.RewriteSelText(tagText);
     bench_.Smartcolor();
     return true;
 }

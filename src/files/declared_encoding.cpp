@@ -2,6 +2,10 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <array>
+#include <optional>
+
 namespace vellum {
 namespace {
 
@@ -14,56 +18,124 @@ const QRegularExpression& AttributePattern() {
     return pattern;
 }
 
-QString ValueOf(const QRegularExpressionMatch& attribute) {
-    return attribute.captured(2) + attribute.captured(3) + attribute.captured(4);
+// A part of a text for a pattern, which would match nothing in a text with half a surrogate pair.
+QString ForPattern(QStringView part) {
+    QString copy = part.toString();
+    std::ranges::replace_if(
+        copy, [](QChar character) { return character.isSurrogate(); }, QChar(u'?'));
+    return copy;
 }
 
-QString CharsetOfContentType(const QString& value) {
+EncodingDeclaration Declared(const QString& label, qsizetype offset, bool byXml = false) {
+    return {label, {static_cast<int>(offset), static_cast<int>(label.size())}, byXml};
+}
+
+// In an attribute whose value begins at `offset`.
+std::optional<EncodingDeclaration> CharsetOfContentType(const QString& value, qsizetype offset) {
     static const QRegularExpression pattern(R"re(charset\s*=\s*["']?\s*([^\s"';]+))re",
                                             QRegularExpression::CaseInsensitiveOption);
-    return pattern.match(value).captured(1);
+    const QRegularExpressionMatch match = pattern.match(value);
+    if (!match.hasMatch()) return std::nullopt;
+    return Declared(match.captured(1), offset + match.capturedStart(1));
 }
 
-// `tag`: what stands between "<meta" and ">".
-QString CharsetOfMeta(const QString& tag) {
-    QString charset;
-    QString content;
+// `tag`: what stands between "<meta" and ">", from `offset` on.
+std::optional<EncodingDeclaration> CharsetOfMeta(const QString& tag, qsizetype offset) {
+    std::optional<EncodingDeclaration> charset;
+    std::optional<EncodingDeclaration> content;
     bool isContentType = false;
     for (auto matches = AttributePattern().globalMatch(tag); matches.hasNext();) {
         const QRegularExpressionMatch attribute = matches.next();
         const QString name = attribute.captured(1).toLower();
-        if (name == u"charset") charset = ValueOf(attribute).trimmed();
-        if (name == u"content") content = ValueOf(attribute);
-        if (name == u"http-equiv") isContentType = ValueOf(attribute).trimmed().toLower() == u"content-type";
+        const int group = attribute.lastCapturedIndex();
+        const QString value = group > 1 ? attribute.captured(group) : QString();
+        const qsizetype start = offset + attribute.capturedStart(group);
+        if (name == u"charset" && !value.trimmed().isEmpty()) {
+            charset = Declared(value.trimmed(), start + value.indexOf(value.trimmed()));
+        }
+        if (name == u"content") content = CharsetOfContentType(value, start);
+        if (name == u"http-equiv") isContentType = value.trimmed().toLower() == u"content-type";
     }
-    if (!charset.isEmpty()) return charset;
-    return isContentType ? CharsetOfContentType(content) : QString();
+    if (charset) return charset;
+    return isContentType ? content : std::nullopt;
 }
 
-QString CharsetOfFirstMeta(QString head) {
-    static const QRegularExpression comment(R"re(<!--.*?(?:-->|\z))re", QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression meta(R"re(<meta(?=[\s/])((?:"[^"]*+"|'[^']*+'|[^>"'])*+))re",
-                                         QRegularExpression::CaseInsensitiveOption);
-    head.remove(comment);
-    for (auto matches = meta.globalMatch(head); matches.hasNext();) {
-        QString charset = CharsetOfMeta(matches.next().captured(1));
-        if (!charset.isEmpty()) return charset;
+// Goes through the tags of a page.
+class Metas {
+public:
+    explicit Metas(QStringView text) : text_(text) {}
+
+    [[nodiscard]] std::vector<EncodingDeclaration> Find() {
+        for (qsizetype begin = text_.indexOf(u'<'); begin >= 0; begin = text_.indexOf(u'<', next_)) {
+            next_ = begin + 1;
+            if (text_.sliced(begin).startsWith(u"<!--")) {
+                PassTo(u"-->", begin + 4);
+            } else if (IsTag(begin, u"meta")) {
+                TakeMeta(begin + 5);
+            } else if (IsTag(begin, u"script")) {
+                PassTo(u"</script", EndOfTag(begin));
+            } else if (IsTag(begin, u"style")) {
+                PassTo(u"</style", EndOfTag(begin));
+            }
+        }
+        return std::move(found_);
     }
-    return {};
-}
+
+private:
+    [[nodiscard]] bool IsTag(qsizetype begin, QStringView name) const {
+        if (!text_.sliced(begin + 1).startsWith(name, Qt::CaseInsensitive)) return false;
+        const qsizetype end = begin + 1 + name.size();
+        return end < text_.size() && (text_[end].isSpace() || text_[end] == u'/' || text_[end] == u'>');
+    }
+
+    // The ">" that ends the tag, or where no one can tell any more.
+    [[nodiscard]] qsizetype EndOfTag(qsizetype index) const {
+        while (index < text_.size() && text_[index] != u'>') {
+            const QChar character = text_[index];
+            const bool quoted = character == u'"' || character == u'\'';
+            const qsizetype close = quoted ? text_.indexOf(character, index + 1) : index;
+            if (close < 0) return index;
+            index = close + 1;
+        }
+        return index;
+    }
+
+    void PassTo(QStringView closing, qsizetype from) {
+        const qsizetype found = from < text_.size() ? text_.indexOf(closing, from, Qt::CaseInsensitive) : -1;
+        next_ = found < 0 ? text_.size() : found + closing.size();
+    }
+
+    void TakeMeta(qsizetype begin) {
+        next_ = EndOfTag(begin);
+        const QString tag = ForPattern(text_.sliced(begin, next_ - begin));
+        if (const auto declared = CharsetOfMeta(tag, begin)) found_.push_back(*declared);
+    }
+
+    QStringView text_;
+    qsizetype next_ = 0;
+    std::vector<EncodingDeclaration> found_;
+};
 
 }  // namespace
 
-QByteArray DeclaredEncoding(QByteArrayView bytes) {
-    static const QRegularExpression xml(R"re(\A\s*<\?xml\s[^>]*?\bencoding\s*=\s*["']\s*([^\s"'>]+))re");
-    static const QRegularExpression styleSheet(R"re(\A\s*@charset\s+["']\s*([^\s"']+))re",
-                                               QRegularExpression::CaseInsensitiveOption);
-    const QString head = QString::fromLatin1(bytes.first(qMin(bytes.size(), kLookedAt)));
-    for (const QRegularExpression* pattern : {&xml, &styleSheet}) {
-        const QRegularExpressionMatch match = pattern->match(head);
-        if (match.hasMatch()) return match.captured(1).toLatin1();
+std::vector<EncodingDeclaration> FindDeclarations(const QString& text) {
+    static const std::array patterns{
+        QRegularExpression(R"re(\A\s*<\?xml\s[^>]*?\bencoding\s*=\s*["']\s*([^\s"'>]+))re"),
+        QRegularExpression(R"re(\A\s*@charset\s+["']\s*([^\s"']+))re", QRegularExpression::CaseInsensitiveOption)};
+    const QString head = ForPattern(QStringView(text).first(std::min(text.size(), kLookedAt)));
+    std::vector<EncodingDeclaration> found;
+    for (const QRegularExpression& pattern : patterns) {
+        const QRegularExpressionMatch match = pattern.match(head);
+        if (match.hasMatch()) {
+            found.push_back(Declared(match.captured(1), match.capturedStart(1), &pattern == &patterns.front()));
+        }
     }
-    return CharsetOfFirstMeta(head).toLatin1();
+    for (EncodingDeclaration& meta : Metas(text).Find()) found.push_back(std::move(meta));
+    return found;
+}
+
+std::vector<EncodingDeclaration> DeclarationsInHead(QByteArrayView bytes) {
+    return FindDeclarations(QString::fromLatin1(bytes.first(std::min(bytes.size(), kLookedAt))));
 }
 
 }  // namespace vellum

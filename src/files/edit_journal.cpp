@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace vellum {
@@ -41,28 +42,33 @@ std::optional<TextEdit> TakeRecord(QByteArrayView& journal, QByteArray& checksum
 
 // A text with a gap at the place of its last edit. The next one costs what lies between them, not what the text is
 // long.
+template <typename Unit>
 class GapText {
 public:
-    explicit GapText(QString text) : buffer_(std::move(text)) {}
+    explicit GapText(std::basic_string<Unit> text) : buffer_(std::move(text)) {}
 
     // False, and no change, for a place outside the text.
-    bool Replace(qsizetype position, qsizetype removed, const QString& text) {
-        const qsizetype length = buffer_.size() - gapLength_;
+    bool Replace(qsizetype position, qsizetype removed, QStringView text) {
+        const qsizetype length = Length() - gapLength_;
         if (position < 0 || removed < 0 || position > length || removed > length - position) return false;
         MoveGap(position);
         gapLength_ += removed;
         if (text.size() > gapLength_) Widen(text.size());
-        std::copy(text.begin(), text.end(), buffer_.begin() + gap_);
+        std::copy_n(text.utf16(), text.size(), buffer_.begin() + gap_);
         gap_ += text.size();
         gapLength_ -= text.size();
         return true;
     }
 
-    [[nodiscard]] QString Text() const { return buffer_.first(gap_) + buffer_.sliced(gap_ + gapLength_); }
+    [[nodiscard]] std::basic_string<Unit> Text() && {
+        buffer_.erase(buffer_.begin() + gap_, buffer_.begin() + gap_ + gapLength_);
+        return std::move(buffer_);
+    }
 
 private:
+    [[nodiscard]] qsizetype Length() const { return static_cast<qsizetype>(buffer_.size()); }
     void MoveGap(qsizetype position) {
-        QChar* const begin = buffer_.data();
+        const auto begin = buffer_.begin();
         if (position < gap_) {
             std::move_backward(begin + position, begin + gap_, begin + gap_ + gapLength_);
         } else {
@@ -73,14 +79,53 @@ private:
     void Widen(qsizetype needed) {
         constexpr qsizetype spare = 65'536;
         const qsizetype more = needed - gapLength_ + spare;
-        buffer_.insert(gap_, QString(more, u'\0'));
+        buffer_.insert(static_cast<std::size_t>(gap_), static_cast<std::size_t>(more), Unit());
         gapLength_ += more;
     }
 
-    QString buffer_;
+    std::basic_string<Unit> buffer_;
     qsizetype gap_ = 0;
     qsizetype gapLength_ = 0;
 };
+
+template <typename Unit>
+std::basic_string<Unit> Replayed(std::basic_string<Unit> text, QByteArrayView journal, QByteArray checksum,
+                                 ReplayedText& replayed) {
+    GapText<Unit> edited(std::move(text));
+    while (!journal.isEmpty() && replayed.complete) {
+        const std::optional<TextEdit> edit = TakeRecord(journal, checksum);
+        replayed.complete = edit && edited.Replace(edit->position, edit->removed, edit->text);
+        if (replayed.complete) replayed.lastEditAt = edit->madeAt;
+    }
+    return std::move(edited).Text();
+}
+
+// Line ends that are not the usual one are numbers beyond those of characters, so that they move along with the text.
+constexpr char32_t kOtherLineEnds = 0x110000;
+
+std::u32string WithLineEnds(const QString& text, const std::vector<OtherLineEnd>& others) {
+    std::u32string spelled(text.utf16(), text.utf16() + text.size());
+    auto other = others.begin();
+    int line = 0;
+    for (char32_t& unit : spelled) {
+        if (unit != U'\n') continue;
+        if (other != others.end() && other->line == line) unit = kOtherLineEnds + static_cast<char32_t>((other++)->end);
+        ++line;
+    }
+    return spelled;
+}
+
+void TakeLineEnds(const std::u32string& spelled, ReplayedText& replayed) {
+    replayed.text = QString(static_cast<qsizetype>(spelled.size()), Qt::Uninitialized);
+    QChar* out = replayed.text.data();
+    int line = 0;
+    for (const char32_t unit : spelled) {
+        const bool isOther = unit > kOtherLineEnds;
+        if (isOther) replayed.otherLineEnds.push_back({line, static_cast<LineEnd>(unit - kOtherLineEnds)});
+        if (isOther || unit == U'\n') ++line;
+        *out++ = isOther ? QChar(u'\n') : QChar(static_cast<char16_t>(unit));
+    }
+}
 
 }  // namespace
 
@@ -95,16 +140,14 @@ QByteArray EditJournal::Record(const TextEdit& edit) {
     return size + content + checksum_;
 }
 
-ReplayedText ReplayEdits(const QString& text, QByteArrayView journal, const QByteArray& seed) {
-    GapText edited(text);
+ReplayedText ReplayEdits(const QString& text, const std::vector<OtherLineEnd>& others, QByteArrayView journal,
+                         const QByteArray& seed) {
     ReplayedText replayed;
-    QByteArray checksum = seed;
-    while (!journal.isEmpty() && replayed.complete) {
-        const std::optional<TextEdit> edit = TakeRecord(journal, checksum);
-        replayed.complete = edit && edited.Replace(edit->position, edit->removed, edit->text);
-        if (replayed.complete) replayed.lastEditAt = edit->madeAt;
+    if (others.empty()) {
+        replayed.text = QString::fromStdU16String(Replayed(text.toStdU16String(), journal, seed, replayed));
+    } else {
+        TakeLineEnds(Replayed(WithLineEnds(text, others), journal, seed, replayed), replayed);
     }
-    replayed.text = edited.Text();
     return replayed;
 }
 

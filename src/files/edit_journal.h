@@ -2,11 +2,14 @@
 // be torn, and everything before that is whole.
 #pragma once
 
+#include "files/line_ends.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 
 #include <utility>
+#include <vector>
 
 namespace vellum {
 
@@ -32,11 +35,14 @@ private:
 
 struct ReplayedText {
     QString text;
+    std::vector<OtherLineEnd> otherLineEnds;
     qint64 lastEditAt = 0;  // 0 when there was none
     bool complete = true;   // false when the journal goes on with what is no record
 };
 
-// Makes the edits of a journal again, up to its end or the first record that isn't whole.
-[[nodiscard]] ReplayedText ReplayEdits(const QString& text, QByteArrayView journal, const QByteArray& seed);
+// Makes the edits of a journal again, up to its end or the first record that isn't whole. Line ends that differ from
+// the usual one (see files/line_ends.h) go with their lines; those that an edit brings are the usual ones.
+[[nodiscard]] ReplayedText ReplayEdits(const QString& text, const std::vector<OtherLineEnd>& others,
+                                       QByteArrayView journal, const QByteArray& seed);
 
 }  // namespace vellum

@@ -5,6 +5,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
@@ -31,10 +32,27 @@ QByteArray Checksum(QByteArrayView units) {
     return hash.result().toHex();
 }
 
-LineEnd LineEndOf(const QString& digit) {
-    const int number = digit.toInt();
+LineEnd LineEndOf(int number) {
     const bool known = number >= static_cast<int>(LineEnd::CrLf) && number <= static_cast<int>(LineEnd::Cr);
     return known ? static_cast<LineEnd>(number) : LineEnd::CrLf;
+}
+
+// Line, kind, line, kind ...
+QJsonArray OthersToJson(const std::vector<OtherLineEnd>& others) {
+    QJsonArray array;
+    for (const OtherLineEnd& other : others) {
+        array.append(other.line);
+        array.append(static_cast<int>(other.end));
+    }
+    return array;
+}
+
+std::vector<OtherLineEnd> OthersOf(const QJsonArray& array) {
+    std::vector<OtherLineEnd> others;
+    for (qsizetype index = 0; index + 1 < array.size(); index += 2) {
+        others.push_back({array[index].toInt(), LineEndOf(array[index + 1].toInt())});
+    }
+    return others;
 }
 
 QByteArray HeaderOf(const RecoveredText& copy, int generation, const QByteArray& checksum) {
@@ -44,7 +62,11 @@ QByteArray HeaderOf(const RecoveredText& copy, int generation, const QByteArray&
                                 {"fileTime", copy.fileTime},
                                 {"encoding", QString::fromLatin1(copy.format.encoding)},
                                 {"byteOrderMark", copy.format.byteOrderMark},
+                                {"holdsBytes", copy.format.holdsBytes},
+                                {"oddByte", QString::fromLatin1(copy.format.oddByte.toHex())},
+                                {"passedOver", QString::fromLatin1(copy.format.passedOver)},
                                 {"lineEnd", QString::number(static_cast<int>(copy.format.lineEnd))},
+                                {"otherLineEnds", OthersToJson(copy.otherLineEnds)},
                                 {"generation", generation},
                                 {"checksum", QString::fromLatin1(checksum)}};
     return QJsonDocument(header).toJson(QJsonDocument::Compact) + '\n';
@@ -54,7 +76,11 @@ TextFormat FormatOf(const QJsonObject& header) {
     TextFormat format;
     format.encoding = header["encoding"].toString().toLatin1();
     format.byteOrderMark = header["byteOrderMark"].toBool();
-    format.lineEnd = LineEndOf(header["lineEnd"].toString());
+    format.holdsBytes = header["holdsBytes"].toBool();
+    format.badBytes = format.holdsBytes;
+    format.oddByte = QByteArray::fromHex(header["oddByte"].toString().toLatin1());
+    format.passedOver = header["passedOver"].toString().toLatin1();
+    format.lineEnd = LineEndOf(header["lineEnd"].toString().toInt());
     return format;
 }
 
@@ -120,6 +146,7 @@ std::optional<ReadCopy> ReadRecoveryCopy(const QByteArray& path) {
     copy.text.writtenAt = header["writtenAt"].toInteger();
     copy.text.fileTime = header["fileTime"].toInteger();
     copy.text.format = FormatOf(header);
+    copy.text.otherLineEnds = OthersOf(header["otherLineEnds"].toArray());
     copy.text.text = QString(units.size() / 2, Qt::Uninitialized);
     std::memcpy(copy.text.text.data(), units.data(), static_cast<size_t>(units.size()));
     return copy;
@@ -135,12 +162,14 @@ std::optional<RecoveredText> ReadKeptText(const QByteArray& folder, int document
     }
     if (!newest) return std::nullopt;
     RecoveredText text = std::move(newest->text);
-    const std::optional<QByteArray> journal = ReadWholeFile(JournalPath(folder, document, newest->generation));
-    if (!journal) return text;
-    ReplayedText replayed = ReplayEdits(text.text, *journal, newest->checksum);
-    text.text = std::move(replayed.text);
-    text.incomplete = !replayed.complete;
-    text.writtenAt = std::max(text.writtenAt, replayed.lastEditAt);
+    if (const auto journal = ReadWholeFile(JournalPath(folder, document, newest->generation))) {
+        ReplayedText replayed = ReplayEdits(text.text, text.otherLineEnds, *journal, newest->checksum);
+        text.text = std::move(replayed.text);
+        text.otherLineEnds = std::move(replayed.otherLineEnds);
+        text.incomplete = !replayed.complete;
+        text.writtenAt = std::max(text.writtenAt, replayed.lastEditAt);
+    }
+    text.format.mixedLineEnds = CountLineEnds(text.text, text.format.lineEnd, text.otherLineEnds).Mixed();
     return text;
 }
 

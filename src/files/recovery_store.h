@@ -28,6 +28,7 @@ struct RecoveredText {
     TextFormat format;
     qint64 writtenAt = 0;  // seconds since 1970, UTC; 0 stands for the moment of Keep()
     qint64 fileTime = 0;   // of its file while that held the same: nanoseconds since 1970, UTC; 0 for none
+    std::vector<OtherLineEnd> otherLineEnds = {};  // those that are not format.lineEnd, ascending
     // Of a text that was found:
     SessionEnd end = SessionEnd::Unknown;
     bool incomplete = false;  // its last edits are lost

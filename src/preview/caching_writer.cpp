@@ -102,11 +102,12 @@ QByteArray CachingBytes(const CachingJob& job) {
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     TextFormat format = job.format;
     format.lineEnd = LineEnd::CrLf;
-    QByteArray bytes = EncodeText(text, format);
-    if (format.byteOrderMark || format.encoding == "UTF-8" || !DeclaredEncoding(bytes).isEmpty()) return bytes;
-    format.encoding = "UTF-8";
+    const EncodedText own = EncodeText(text, {}, format);
+    const bool known = own.bytes && (own.format.byteOrderMark || own.format.encoding == "UTF-8" ||
+                                     !DeclarationsInHead(*own.bytes).empty());
+    if (known) return *own.bytes;
     format.byteOrderMark = true;
-    return EncodeText(text, format);
+    return EncodeAsUtf8(text, {}, format).bytes.value_or(QByteArray());
 }
 
 QFuture<QString> WriteCachingFileLater(CachingJob job) {

@@ -9,7 +9,8 @@
 namespace vellum {
 
 // The file's bytes. A text in another encoding than UTF-8 that neither declares it nor has a byte order mark becomes
-// UTF-8 with a mark, because a browser could only guess.
+// UTF-8 with a mark, because a browser could only guess. So does one that its encoding can't hold: browsers believe the
+// mark rather than the declaration.
 [[nodiscard]] QByteArray CachingBytes(const CachingJob& job);
 
 // Writes on a worker thread, after what was ordered there before; this thread doesn't touch the file system. The result

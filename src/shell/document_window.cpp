@@ -147,7 +147,7 @@ void DocumentWindow::TakeFilesText(const FileLook& look) {
 bool DocumentWindow::SaveFile(const QString& path) {
     const bool saved = [&] {
         const WaitPointer wait;
-        return file_.Save(path);
+        return file_.Save(path, file_.Encoded());
     }();
     if (!saved) {
         workbench_.Ask().Message(workbench_.Window(), "Cannot save file.  It may be locked or read-only.");
@@ -162,7 +162,7 @@ bool DocumentWindow::SaveFile(const QString& path) {
 
 // A file that was changed since isn't known, so that a save over it asks first.
 void DocumentWindow::Recover(const RecoveredText& lost) {
-    file_.Recover(lost.text, lost.format);
+    file_.Recover(lost.text, lost.format, lost.otherLineEnds);
     const auto look = NeverSaved() ? std::nullopt : LookAt(file_.Known());
     if (look && !HasFileChanged(lost)) file_.Note(*look);
     ShowFile();

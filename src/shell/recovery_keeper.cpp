@@ -77,15 +77,21 @@ QString RecoveryQuestion(const std::vector<RecoveredText>& lost) {
 struct RecoveryKeeper::Watched {
     explicit Watched(DocumentWindow& document) : window(document), settled(document.Text1->RawText()) {}
 
-    [[nodiscard]] RecoveredText Copy(const QString& text) const {
+    [[nodiscard]] RecoveredText Copy(const QString& text, const std::vector<OtherLineEnd>& lineEnds) const {
         return {.caption = CaptionToKeep(window.Caption()),
                 .text = text,
                 .format = window.File().Format(),
-                .fileTime = fileTime};
+                .fileTime = fileTime,
+                .otherLineEnds = lineEnds};
+    }
+    [[nodiscard]] RecoveredText Copy(const QString& text) const { return Copy(text, OtherLineEnds()); }
+    [[nodiscard]] std::vector<OtherLineEnd> OtherLineEnds() const {
+        return window.Text1->OtherLineEnds(window.File().Format().lineEnd);
     }
 
     DocumentWindow& window;
-    QString settled;                    // the text that the next edit changes; empty while the store follows
+    QString settled;  // the text that the next edit changes; empty while the store follows
+    std::vector<OtherLineEnd> settledLineEnds;
     qint64 fileTime = 0;                // of the file when it held that text
     qsizetype length = settled.size();  // of the text as it was told to the store
     bool follows = false;
@@ -115,6 +121,7 @@ void RecoveryKeeper::Watch(DocumentWindow& window) {
             [this, document](int position, int removed, const QString& text) {
                 Follow(document, position, removed, text);
             });
+    connect(window.Text1, &EditSurface::LineEndsRestored, this, [this, document] { KeepWhole(document); });
     connect(&window, &Document::SaverChanged, this,
             [this, document](bool saver) { saver ? Settle(document) : Begin(document); });
     connect(&window, &DocumentWindow::Closing, this, [this, document](bool saved) { Close(document, saved); });
@@ -124,8 +131,9 @@ void RecoveryKeeper::Begin(int document) {
     const auto watched = watched_.value(document);
     if (!watched || watched->follows) return;
     watched->fileTime = watched->window.File().Known().stamp.modified;
-    store_.Keep(document, watched->Copy(watched->settled));
+    store_.Keep(document, watched->Copy(watched->settled, watched->settledLineEnds));
     watched->settled.clear();
+    watched->settledLineEnds.clear();
     watched->follows = true;
 }
 
@@ -158,6 +166,7 @@ void RecoveryKeeper::Settle(int document) {
     if (!watched) return;
     store_.Forget(document);
     watched->settled = watched->window.Text1->RawText();
+    watched->settledLineEnds = watched->OtherLineEnds();
     watched->length = watched->settled.size();
     watched->follows = false;
     watched->retry.stop();

@@ -58,6 +58,7 @@ EditSurface::EditSurface(QWidget* parent) : QPlainTextEdit(parent), d_(std::make
     setLineWrapMode(NoWrap);
     connect(&d_->text, &SurfaceText::Replaced, this, &EditSurface::Replaced);
     connect(&d_->text, &SurfaceText::Changed, this, &EditSurface::Changed);
+    connect(&d_->text, &SurfaceText::LineEndsRestored, this, &EditSurface::LineEndsRestored);
     connect(&d_->text, &SurfaceText::CaretMoved, this, &EditSurface::SelChanged);
     connect(&d_->text, &SurfaceText::TakenAway, this, [this] {
         // It went without a key, which would have taken the snapshot.
@@ -102,6 +103,18 @@ void EditSurface::SetText(const QString& text) {
     d_->text.Set(text);
 }
 
+void EditSurface::LoadText(const QString& text, LineEnd usual, std::span<const OtherLineEnd> others) {
+    d_->text.Load(text, usual, others);
+}
+
+void EditSurface::SetUsualLineEnd(LineEnd end) {
+    d_->text.SetUsualLineEnd(end);
+}
+
+std::vector<OtherLineEnd> EditSurface::OtherLineEnds(LineEnd usual) const {
+    return d_->formats.OtherLineEnds(usual);
+}
+
 quint64 EditSurface::Revision() const {
     return d_->text.Revision();
 }
@@ -136,6 +149,29 @@ QString EditSurface::SelText() const {
 
 void EditSurface::SetSelText(const QString& text) {
     d_->text.ReplaceSelection(text);
+}
+
+void EditSurface::RewriteSelText(const QString& text, int firstLineEnd) {
+    d_->text.RewriteSelection(text, firstLineEnd);
+}
+
+void EditSurface::ReplaceRange(const TextRange& range, const QString& text) {
+    const int anchor = textCursor().anchor();
+    const int caret = textCursor().position();
+    const int across = horizontalScrollBar()->value();
+    const int down = verticalScrollBar()->value();
+    d_->text.Replace(range, text, d_->formats.FormatAt(d_->text.PlaceOf(range.offset)));
+    // What stood in the range goes to its end, what stood after it moves along.
+    const int added = static_cast<int>(text.size()) - range.length;
+    const auto moved = [&](int position) {
+        return position <= range.offset ? position : std::max(position, range.End()) + added;
+    };
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(moved(anchor));
+    cursor.setPosition(moved(caret), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    horizontalScrollBar()->setValue(across);
+    verticalScrollBar()->setValue(down);
 }
 
 int EditSurface::GetLineFromChar(int offset) const {

@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace vellum {
 
@@ -30,7 +31,8 @@ public:
 
     // The whole text with CR LF line ends. A copy: costs what the text is long.
     [[nodiscard]] QString Text() const;
-    // Replaces everything; the caret goes to offset 0 and all formats to the base format.
+    // Replaces everything; the caret goes to offset 0 and all formats to the base format. With as many lines as before
+    // each one goes on ending as it did; else those do that both texts begin and end with.
     void SetText(const QString& text);
     // `length` characters from `offset`, cut at the end of the text.
     [[nodiscard]] QString Mid(int offset, int length) const;
@@ -46,6 +48,11 @@ public:
     [[nodiscard]] QString SelText() const;
     // Replaces the selection; the new text takes the insertion format, and the caret stands after it.
     void SetSelText(const QString& text);
+    // The same for a selection that stays in the new text, if written in another way: its line ends, in their order, go
+    // on as those of `text` from one on, which counts from 0. Else line ends that come in are the usual ones.
+    void RewriteSelText(const QString& text, int firstLineEnd = 0);
+    // Replaces a range of RawText(), which takes the format of its first character. Caret, selection and view stay.
+    void ReplaceRange(const TextRange& range, const QString& text);
 
     // The colour of the selection, empty when it is mixed; with nothing selected the insertion colour, which is that of
     // the character before the caret until it is set.
@@ -111,6 +118,12 @@ public:
     // Text of the whole document with "\n" line ends, as the writers of files take it.
     [[nodiscard]] QString RawText() const;
     [[nodiscard]] int RawLength() const;  // how many characters that has; costs nothing
+    // Replaces everything by the text of a file. How its lines end, `usual` but for `others`, which ascend, is kept
+    // beside it as it is edited; line ends that come in are `usual`.
+    void LoadText(const QString& text, LineEnd usual, std::span<const OtherLineEnd> others);
+    void SetUsualLineEnd(LineEnd end);
+    // The line ends that are not `usual`, ascending.
+    [[nodiscard]] std::vector<OtherLineEnd> OtherLineEnds(LineEnd usual) const;
 
     // Who is asked about keys, the mouse and pasted text first; nobody at the beginning. Has to outlive the surface's
     // use.
@@ -123,7 +136,10 @@ signals:
     // `text` stands in RawText() at `position` in the place of `removed` characters. Every piece of a change is told,
     // in order and before the change as a whole; the text between two pieces of one change is not for use.
     void Replaced(int position, int removed, const QString& text);
-    void Changed();     // the text changed
+    void Changed();  // the text changed
+    // Line ends came in that are not the usual ones, which Replaced doesn't tell; all of them are to be asked for anew.
+    // Follows Changed. Where the whole text was replaced, Replaced is enough.
+    void LineEndsRestored();
     void SelChanged();  // caret or selection moved
 
 protected:

@@ -11,9 +11,9 @@ class FormatDifference::Lines {
 public:
     explicit Lines(const FormatStore& store) : store_(store) {}
 
-    [[nodiscard]] int LengthOf(int line) {
+    [[nodiscard]] LineEntry EntryOf(int line) {
         MoveTo(line);
-        return chunk_->lengths[static_cast<std::size_t>(line - firstLine_)];
+        return chunk_->lines[static_cast<std::size_t>(line - firstLine_)];
     }
     [[nodiscard]] std::span<const FormatRun> RunsOf(int line) {
         MoveTo(line);
@@ -22,13 +22,13 @@ public:
     }
 
     [[nodiscard]] static bool Equal(Lines& left, int leftLine, Lines& right, int rightLine) {
-        return left.LengthOf(leftLine) == right.LengthOf(rightLine) &&
+        return left.EntryOf(leftLine) == right.EntryOf(rightLine) &&
                std::ranges::equal(left.RunsOf(leftLine), right.RunsOf(rightLine));
     }
 
 private:
     void MoveTo(int line) {
-        if (chunk_ != nullptr && line >= firstLine_ && line < firstLine_ + static_cast<int>(chunk_->lengths.size())) {
+        if (chunk_ != nullptr && line >= firstLine_ && line < firstLine_ + static_cast<int>(chunk_->lines.size())) {
             return;
         }
         const FormatStore::Slot& slot = store_.slots_[store_.SlotOf(line)];
@@ -58,14 +58,14 @@ FormatDifference FormatDifference::Between(const FormatStore& from, const Format
         const int sharedLine = to.slots_[found->second].firstLine;
         if (sharedLine < newLine) continue;
         difference.Compare(oldLines, {oldLine, slot.firstLine}, newLines, {newLine, sharedLine});
-        const int lines = static_cast<int>(slot.chunk->lengths.size());
+        const int lines = static_cast<int>(slot.chunk->lines.size());
         oldLine = slot.firstLine + lines;
         newLine = sharedLine + lines;
     }
     difference.Compare(oldLines, {oldLine, from.LineCount()}, newLines, {newLine, to.LineCount()});
 
     difference.hunks_.shrink_to_fit();
-    difference.lengths_.shrink_to_fit();
+    difference.lines_.shrink_to_fit();
     difference.runsOfLine_.shrink_to_fit();
     difference.runs_.shrink_to_fit();
     return difference;
@@ -98,7 +98,7 @@ void FormatDifference::AddHunk(LineRange old, Lines& to, LineRange fresh) {
     hunks_.push_back({old.begin, old.end - old.begin, fresh.end - fresh.begin});
     for (int line = fresh.begin; line < fresh.end; ++line) {
         const std::span<const FormatRun> list = to.RunsOf(line);
-        lengths_.push_back(to.LengthOf(line));
+        lines_.push_back(to.EntryOf(line));
         runsOfLine_.push_back(static_cast<int>(list.size()));
         runs_.insert(runs_.end(), list.begin(), list.end());
     }
@@ -106,7 +106,7 @@ void FormatDifference::AddHunk(LineRange old, Lines& to, LineRange fresh) {
 
 void FormatDifference::ApplyTo(FormatStore& store) const {
     // From the last hunk to the first, so that the lines of those before keep their numbers.
-    std::size_t line = lengths_.size();
+    std::size_t line = lines_.size();
     std::size_t run = runs_.size();
     std::for_each(hunks_.rbegin(), hunks_.rend(), [&](const Hunk& hunk) {
         for (int left = hunk.added; left > 0; --left) run -= static_cast<std::size_t>(runsOfLine_[--line]);
@@ -116,30 +116,30 @@ void FormatDifference::ApplyTo(FormatStore& store) const {
 
 void FormatDifference::ApplyHunk(FormatStore& store, const Hunk& hunk, std::size_t firstLine,
                                  std::size_t firstRun) const {
-    std::vector<int> lengths;
+    std::vector<LineEntry> lines;
     FormatRows rows;
     const std::span<const FormatRun> all(runs_);
-    const auto append = [&](int length, std::span<const FormatRun> row) {
-        lengths.push_back(length);
+    const auto append = [&](LineEntry entry, std::span<const FormatRun> row) {
+        lines.push_back(entry);
         rows.Append(row);
     };
     // A store replaces lines only: where lines come in alone, a neighbour goes out and comes in again.
     const bool alone = hunk.removed == 0;
     const int neighbour = std::min(hunk.line, store.LineCount() - 1);
-    if (alone && neighbour < hunk.line) append(store.LineLength(neighbour), store.Runs(neighbour));
+    if (alone && neighbour < hunk.line) append(store.EntryOf(neighbour), store.Runs(neighbour));
     for (std::size_t line = firstLine; line < firstLine + static_cast<std::size_t>(hunk.added); ++line) {
         const auto count = static_cast<std::size_t>(runsOfLine_[line]);
-        append(lengths_[line], all.subspan(firstRun, count));
+        append(lines_[line], all.subspan(firstRun, count));
         firstRun += count;
     }
-    if (alone && neighbour == hunk.line) append(store.LineLength(neighbour), store.Runs(neighbour));
+    if (alone && neighbour == hunk.line) append(store.EntryOf(neighbour), store.Runs(neighbour));
 
     if (hunk.added == hunk.removed) {
-        for (std::size_t index = 0; index < lengths.size(); ++index) {
-            store.SetLine(hunk.line + static_cast<int>(index), lengths[index], rows[index]);
+        for (std::size_t index = 0; index < lines.size(); ++index) {
+            store.SetLine(hunk.line + static_cast<int>(index), lines[index], rows[index]);
         }
     } else {
-        store.Splice(alone ? neighbour : hunk.line, alone ? 1 : hunk.removed, lengths, rows);
+        store.Splice(alone ? neighbour : hunk.line, alone ? 1 : hunk.removed, lines, rows);
     }
 }
 

@@ -19,7 +19,7 @@ public:
     void ApplyTo(FormatStore& store) const;
 
     [[nodiscard]] bool IsEmpty() const { return hunks_.empty(); }
-    [[nodiscard]] int LineCount() const { return static_cast<int>(lengths_.size()); }  // lines of `to` that it holds
+    [[nodiscard]] int LineCount() const { return static_cast<int>(lines_.size()); }  // lines of `to` that it holds
 
 private:
     // Lines of `from`, and how many lines of `to` take their place; ascending.
@@ -39,8 +39,8 @@ private:
     void ApplyHunk(FormatStore& store, const Hunk& hunk, std::size_t firstLine, std::size_t firstRun) const;
 
     std::vector<Hunk> hunks_;
-    std::vector<int> lengths_;     // of the lines that come in, hunk by hunk
-    std::vector<int> runsOfLine_;  // how many of `runs_` belong to each
+    std::vector<LineEntry> lines_;  // those that come in, hunk by hunk
+    std::vector<int> runsOfLine_;   // how many of `runs_` belong to each
     std::vector<FormatRun> runs_;
 };
 

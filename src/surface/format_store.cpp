@@ -41,19 +41,26 @@ CharFormat FormatChange::AppliedTo(CharFormat format) const {
 }
 
 FormatStore::FormatStore() {
-    Reset({});
+    Reset({}, LineEnd::CrLf, {});
 }
 
-void FormatStore::Reset(std::span<const int> lengths) {
+void FormatStore::Reset(std::span<const int> lengths, LineEnd usual, std::span<const OtherLineEnd> others) {
     static constexpr std::array emptyLine{0};
     if (lengths.empty()) lengths = emptyLine;
     slots_.clear();
     base_ = {};
     lineCount_ = static_cast<int>(lengths.size());
+    auto other = others.begin();
     for (std::size_t first = 0; first < lengths.size(); first += chunkLines) {
-        const auto part = lengths.subspan(first, std::min(chunkLines, lengths.size() - first));
+        const std::size_t end = std::min(first + chunkLines, lengths.size());
         auto chunk = std::make_shared<Chunk>();
-        chunk->lengths.assign(part.begin(), part.end());
+        chunk->lines.reserve(end - first);
+        for (std::size_t line = first; line < end; ++line) {
+            const bool differs = other != others.end() && other->line == static_cast<int>(line);
+            const LineEnd lineEnd = differs ? (other++)->end : usual;
+            const bool isLast = line + 1 == lengths.size();
+            chunk->lines.emplace_back(lengths[line], isLast ? std::nullopt : std::optional(lineEnd));
+        }
         slots_.push_back({static_cast<int>(first), std::move(chunk)});
     }
 }
@@ -64,9 +71,33 @@ std::size_t FormatStore::SlotOf(int line) const {
     return static_cast<std::size_t>(next - slots_.begin()) - 1;
 }
 
-int FormatStore::LineLength(int line) const {
+LineEntry FormatStore::EntryOf(int line) const {
     const Slot& slot = slots_[SlotOf(line)];
-    return slot.chunk->lengths[static_cast<std::size_t>(line - slot.firstLine)];
+    return slot.chunk->lines[static_cast<std::size_t>(line - slot.firstLine)];
+}
+
+int FormatStore::LineLength(int line) const {
+    return EntryOf(line).Length();
+}
+
+void FormatStore::SetLineEnd(int line, LineEnd end) {
+    const LineEntry entry(LineLength(line), end);
+    if (entry == EntryOf(line)) return;
+    const std::size_t slot = SlotOf(line);
+    Owned(slot).lines[static_cast<std::size_t>(line - slots_[slot].firstLine)] = entry;
+}
+
+std::vector<OtherLineEnd> FormatStore::OtherLineEnds(LineEnd usual) const {
+    std::vector<OtherLineEnd> others;
+    int line = 0;
+    for (const Slot& slot : slots_) {
+        for (const LineEntry entry : slot.chunk->lines) {
+            const std::optional<LineEnd> end = entry.End();
+            if (end && *end != usual) others.push_back({line, *end});
+            ++line;
+        }
+    }
+    return others;
 }
 
 TextPlace FormatStore::End() const {
@@ -92,7 +123,7 @@ FormatStore::Chunk& FormatStore::Owned(std::size_t slot) {
 void FormatStore::SetRuns(int line, std::span<const FormatRun> runs) {
     const std::size_t slot = SlotOf(line);
     Chunk& chunk = Owned(slot);
-    if (chunk.runs.empty()) chunk.runs.Resize(chunk.lengths.size());
+    if (chunk.runs.empty()) chunk.runs.Resize(chunk.lines.size());
     chunk.runs.Set(static_cast<std::size_t>(line - slots_[slot].firstLine), runs);
 }
 
@@ -102,74 +133,77 @@ std::span<const FormatRun> FormatStore::Runs(int line) const {
     return slot.chunk->runs[static_cast<std::size_t>(line - slot.firstLine)];
 }
 
-void FormatStore::Replace(TextPlace from, TextPlace to, std::span<const int> inserted, const CharFormat& format) {
+void FormatStore::Replace(TextPlace from, TextPlace to, std::span<const int> inserted, const CharFormat& format,
+                          LineEnd end) {
     assert(from <= to && !inserted.empty());
-    const int tail = LineLength(to.line) - to.column;
-    const int lines = static_cast<int>(inserted.size());
-    std::vector<int> lengths(inserted.begin(), inserted.end());
+    const LineEntry lastEntry = EntryOf(to.line);
+    const int tail = lastEntry.Length() - to.column;
+    const std::size_t last = inserted.size() - 1;
+    std::vector<LineEntry> lines;
+    lines.reserve(inserted.size());
     FormatRows rows;
 
     RunList row;
     AppendRuns(row, Runs(from.line), 0, from.column, 0, base_);
-    for (int index = 0; index < lines; ++index) {
-        const bool last = index + 1 == lines;
+    for (std::size_t index = 0; index < last; ++index) {
         const int column = index == 0 ? from.column : 0;
-        const int length = inserted[static_cast<std::size_t>(index)] + (last ? 0 : 1);
-        Append(row, {{column, length}, format}, base_);
-        if (last) break;
+        lines.emplace_back(column + inserted[index], end);
+        Append(row, {{column, inserted[index] + 1}, format}, base_);
         rows.Append(row);
         row.clear();
     }
-    lengths.front() += from.column;
-    AppendRuns(row, Runs(to.line), to.column, to.column + tail + 1, lengths.back() - to.column, base_);
-    lengths.back() += tail;
+    const int column = last == 0 ? from.column : 0;
+    const int insertedEnd = column + inserted[last];
+    lines.emplace_back(insertedEnd + tail, lastEntry.End());
+    Append(row, {{column, inserted[last]}, format}, base_);
+    AppendRuns(row, Runs(to.line), to.column, to.column + tail + 1, insertedEnd - to.column, base_);
 
-    if (from.line == to.line && lines == 1) {
-        SetLine(from.line, lengths.front(), row);
+    if (from.line == to.line && last == 0) {
+        SetLine(from.line, lines.front(), row);
         return;
     }
     rows.Append(row);
-    Splice(from.line, to.line - from.line + 1, lengths, rows);
+    Splice(from.line, to.line - from.line + 1, lines, rows);
 }
 
-void FormatStore::SetLine(int line, int length, std::span<const FormatRun> runs) {
+void FormatStore::SetLine(int line, LineEntry entry, std::span<const FormatRun> runs) {
     const std::size_t slot = SlotOf(line);
-    Owned(slot).lengths[static_cast<std::size_t>(line - slots_[slot].firstLine)] = length;
+    Owned(slot).lines[static_cast<std::size_t>(line - slots_[slot].firstLine)] = entry;
     if (!runs.empty() || !Runs(line).empty()) SetRuns(line, runs);
 }
 
-void FormatStore::Splice(int firstLine, int removed, std::span<const int> lengths, const FormatRows& runs) {
-    const int difference = static_cast<int>(lengths.size()) - removed;
+void FormatStore::Splice(int firstLine, int removed, std::span<const LineEntry> lines, const FormatRows& runs) {
+    const int difference = static_cast<int>(lines.size()) - removed;
     const std::size_t first = SlotOf(firstLine);
     const std::size_t last = SlotOf(firstLine + removed - 1);
     const int slotFirstLine = slots_[first].firstLine;
 
     // The lines around the change join the new ones, and all are cut into chunks again.
-    std::vector<int> allLengths;
+    std::vector<LineEntry> allLines;
     FormatRows allRuns;
     const auto take = [&](const Chunk& chunk, int begin, std::size_t end) {
         const auto from = static_cast<std::size_t>(begin);
-        allLengths.insert(allLengths.end(), chunk.lengths.begin() + begin,
-                          chunk.lengths.begin() + static_cast<std::ptrdiff_t>(end));
+        allLines.insert(allLines.end(), chunk.lines.begin() + begin,
+                        chunk.lines.begin() + static_cast<std::ptrdiff_t>(end));
         if (chunk.runs.empty()) {
-            allRuns.Resize(allLengths.size());
+            allRuns.Resize(allLines.size());
         } else {
             allRuns.Append(chunk.runs, from, end);
         }
     };
     take(*slots_[first].chunk, 0, static_cast<std::size_t>(firstLine - slotFirstLine));
-    allLengths.insert(allLengths.end(), lengths.begin(), lengths.end());
-    allRuns.Append(runs, 0, lengths.size());
+    allLines.insert(allLines.end(), lines.begin(), lines.end());
+    allRuns.Append(runs, 0, lines.size());
     const Slot& lastSlot = slots_[last];
-    take(*lastSlot.chunk, firstLine + removed - lastSlot.firstLine, lastSlot.chunk->lengths.size());
+    take(*lastSlot.chunk, firstLine + removed - lastSlot.firstLine, lastSlot.chunk->lines.size());
 
     std::vector<Slot> renewed;
-    const std::size_t step = allLengths.size() <= chunkLimit ? chunkLimit : chunkLines;
-    for (std::size_t begin = 0; begin < allLengths.size(); begin += step) {
-        const std::size_t end = std::min(begin + step, allLengths.size());
+    const std::size_t step = allLines.size() <= chunkLimit ? chunkLimit : chunkLines;
+    for (std::size_t begin = 0; begin < allLines.size(); begin += step) {
+        const std::size_t end = std::min(begin + step, allLines.size());
         auto chunk = std::make_shared<Chunk>();
-        chunk->lengths.assign(allLengths.begin() + static_cast<std::ptrdiff_t>(begin),
-                              allLengths.begin() + static_cast<std::ptrdiff_t>(end));
+        chunk->lines.assign(allLines.begin() + static_cast<std::ptrdiff_t>(begin),
+                            allLines.begin() + static_cast<std::ptrdiff_t>(end));
         chunk->runs.Append(allRuns, begin, end);
         if (!chunk->runs.HasRuns()) chunk->runs = {};
         renewed.push_back({slotFirstLine + static_cast<int>(begin), std::move(chunk)});
@@ -210,7 +244,7 @@ void FormatStore::SetAll(const CharFormat& rest, std::span<const FormatRun> runs
         if (slot.chunk.use_count() == 1) {
             slot.chunk->runs = {};
         } else {
-            slot.chunk = std::make_shared<Chunk>(Chunk{slot.chunk->lengths, {}});
+            slot.chunk = std::make_shared<Chunk>(Chunk{slot.chunk->lines, {}});
         }
     }
     auto next = runs.begin();
@@ -219,8 +253,8 @@ void FormatStore::SetAll(const CharFormat& rest, std::span<const FormatRun> runs
     RunList row;
     for (std::size_t slot = 0; slot < slots_.size() && next != runs.end(); ++slot) {
         rows.Resize(0);
-        for (const int length : slots_[slot].chunk->lengths) {
-            const int nextLine = lineStart + length + 1;
+        for (const LineEntry line : slots_[slot].chunk->lines) {
+            const int nextLine = lineStart + line.Length() + 1;
             row.clear();
             while (next != runs.end() && next->range.offset < nextLine) {
                 const int begin = std::max(next->range.offset, lineStart);
@@ -242,11 +276,11 @@ bool FormatStore::VisitRuns(TextPlace from, TextPlace to, const Visitor& visit) 
     int line = from.line;
     for (std::size_t index = SlotOf(line); index < slots_.size() && line <= to.line; ++index) {
         const Slot& slot = slots_[index];
-        const int end = slot.firstLine + static_cast<int>(slot.chunk->lengths.size());
+        const int end = slot.firstLine + static_cast<int>(slot.chunk->lines.size());
         for (; line < end && line <= to.line; ++line) {
             const auto row = static_cast<std::size_t>(line - slot.firstLine);
             const int begin = line == from.line ? from.column : 0;
-            const int stop = line == to.line ? to.column : slot.chunk->lengths[row] + 1;
+            const int stop = line == to.line ? to.column : slot.chunk->lines[row].Length() + 1;
             const auto runs = slot.chunk->runs.empty() ? std::span<const FormatRun>() : slot.chunk->runs[row];
             if (!VisitRow(runs, begin, stop, base_, visit)) return false;
         }

@@ -1,11 +1,14 @@
-// Colours and weights of characters, kept by line beside the text and shifted by its edits.
+// Colours and weights of characters, and the spelling of line ends, kept by line beside the text and shifted by its
+// edits.
 #pragma once
 
+#include "files/line_ends.h"
 #include "surface/format_rows.h"
 #include "values/units.h"
 
 #include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
@@ -39,16 +42,37 @@ struct FormatStep {
     bool operator==(const FormatStep&) const = default;
 };
 
-// The format of every character of a text, line ends among them (one character each). Lines hold only what differs from
-// the base format, and they live in small chunks, so that an edit touches one chunk. A copy shares the chunks with its
-// original until either is edited: keeping a copy costs next to nothing.
+// A line of a text: its characters without the line end, and how it ends, in the room of one number.
+class LineEntry {
+public:
+    explicit LineEntry(int length = 0, std::optional<LineEnd> end = std::nullopt)
+        : packed_((static_cast<std::uint32_t>(length) << endBits) | (end ? static_cast<std::uint32_t>(*end) : 0U)) {}
+
+    [[nodiscard]] int Length() const { return static_cast<int>(packed_ >> endBits); }
+    [[nodiscard]] std::optional<LineEnd> End() const {  // the last line of a text has none
+        const auto end = static_cast<unsigned char>(packed_ & ((1U << endBits) - 1));
+        return end == 0 ? std::nullopt : std::optional(static_cast<LineEnd>(end));
+    }
+
+    bool operator==(const LineEntry&) const = default;
+
+private:
+    static constexpr int endBits = 2;
+
+    std::uint32_t packed_;
+};
+static_assert(sizeof(LineEntry) == sizeof(int));
+
+// The format of every character of a text, line ends among them (one character each), and the spelling of its line
+// ends. Lines hold only what differs from the base format, and they live in small chunks, so that an edit touches one
+// chunk. A copy shares the chunks with its original until either is edited: keeping a copy costs next to nothing.
 class FormatStore {
 public:
     FormatStore();  // one empty line
 
     // A new text in the base format {}, one entry a line: its characters without the line end. An empty list means one
-    // empty line.
-    void Reset(std::span<const int> lengths);
+    // empty line. Lines end in `usual` but for `others`, which ascend.
+    void Reset(std::span<const int> lengths, LineEnd usual, std::span<const OtherLineEnd> others);
 
     [[nodiscard]] int LineCount() const { return lineCount_; }
     [[nodiscard]] int LineLength(int line) const;  // without the line end
@@ -57,8 +81,16 @@ public:
     [[nodiscard]] TextPlace Advance(TextPlace from, int characters) const;
 
     // The text from `from` up to `to` is replaced by lines of the given lengths, a line end between each two of them;
-    // {0} inserts nothing. What is inserted takes `format`.
-    void Replace(TextPlace from, TextPlace to, std::span<const int> inserted, const CharFormat& format);
+    // {0} inserts nothing. What is inserted takes `format`, and its line ends are spelled as `end`; those that stay
+    // keep their spelling, the one after the range too.
+    void Replace(TextPlace from, TextPlace to, std::span<const int> inserted, const CharFormat& format, LineEnd end);
+
+    // How a line ends; nothing for the last one.
+    [[nodiscard]] std::optional<LineEnd> LineEndOf(int line) const { return EntryOf(line).End(); }
+    // Of a line that isn't the last one.
+    void SetLineEnd(int line, LineEnd end);
+    // The line ends that are not `usual`, ascending.
+    [[nodiscard]] std::vector<OtherLineEnd> OtherLineEnds(LineEnd usual) const;
 
     // Leaves the base as it is, also when the range is the whole text.
     void SetFormat(TextPlace from, TextPlace to, const FormatChange& change);
@@ -82,7 +114,7 @@ private:
     friend class FormatDifference;
 
     struct Chunk {
-        std::vector<int> lengths;
+        std::vector<LineEntry> lines;
         FormatRows runs;  // a row a line, or none at all while every line is in the base format
     };
     struct Slot {
@@ -93,9 +125,10 @@ private:
     [[nodiscard]] std::size_t SlotOf(int line) const;
     [[nodiscard]] Chunk& Owned(std::size_t slot);  // the chunk, no longer shared
     void SetRuns(int line, std::span<const FormatRun> runs);
-    void SetLine(int line, int length, std::span<const FormatRun> runs);
+    [[nodiscard]] LineEntry EntryOf(int line) const;
+    void SetLine(int line, LineEntry entry, std::span<const FormatRun> runs);
     // Replaces at least one line.
-    void Splice(int firstLine, int removed, std::span<const int> lengths, const FormatRows& runs);
+    void Splice(int firstLine, int removed, std::span<const LineEntry> lines, const FormatRows& runs);
     template <typename Visitor>
     bool VisitRuns(TextPlace from, TextPlace to, const Visitor& visit) const;
 

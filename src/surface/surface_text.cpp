@@ -3,6 +3,7 @@
 #include "surface/composition.h"
 #include "surface/document_text.h"
 #include "surface/format_layouts.h"
+#include "values/text_difference.h"
 
 #include <QPlainTextEdit>
 #include <QTextBlock>
@@ -52,6 +53,33 @@ TextPlace SurfaceText::PlaceOf(int position) const {
 
 void SurfaceText::Set(const QString& text) {
     const DocumentText plain = ToDocumentText(text);
+    Fill(plain, KeptLineEnds(plain.text));
+}
+
+void SurfaceText::Load(const QString& text, LineEnd usual, std::span<const OtherLineEnd> others) {
+    usualLineEnd_ = usual;
+    Fill(ToDocumentText(text), others);
+}
+
+std::vector<OtherLineEnd> SurfaceText::KeptLineEnds(const QString& text) const {
+    std::vector<OtherLineEnd> kept = formats_.OtherLineEnds(usualLineEnd_);
+    if (kept.empty()) return kept;
+    const int before = formats_.LineCount();
+    const int after = static_cast<int>(text.count(u'\n')) + 1;
+    if (before == after) return kept;
+    const TextDifference difference = DifferenceBetween(ToDocumentText(Raw()).text, text);
+    const QStringView begin = QStringView(text).first(difference.later.offset);
+    const QStringView end = QStringView(text).sliced(difference.later.End());
+    const int first = static_cast<int>(begin.count(u'\n'));
+    const int last = static_cast<int>(end.count(u'\n'));
+    std::erase_if(kept, [&](const OtherLineEnd& each) { return each.line >= first && each.line < before - 1 - last; });
+    for (OtherLineEnd& each : kept) {
+        if (each.line >= first) each.line += after - before;
+    }
+    return kept;
+}
+
+void SurfaceText::Fill(const DocumentText& plain, std::span<const OtherLineEnd> lineEnds) {
     const int removed = RawLength();
     const std::vector<int> lengths = LineLengths(plain.text);
     const bool recorded = history_.Records();
@@ -66,7 +94,7 @@ void SurfaceText::Set(const QString& text) {
     untouched_ = RawTextOf(plain);
     if (recorded) history_.RecordAll(before, untouched_);
 
-    formats_.Reset(lengths);
+    formats_.Reset(lengths, usualLineEnd_, lineEnds);
     insertion_.reset();
     layouts_.MarkAllOutdated();
     for (std::size_t index = 0; index < lengths.size(); ++index) {
@@ -79,7 +107,8 @@ void SurfaceText::Set(const QString& text) {
     OnCaretMoved();
 }
 
-void SurfaceText::Replace(const TextRange& range, const QString& text, const CharFormat& format) {
+void SurfaceText::Replace(const TextRange& range, const QString& text, const CharFormat& format,
+                          std::span<const OtherLineEnd> lineEnds) {
     if (range.length == 0 && text.isEmpty()) return;
     composition_.End(false);
     const DocumentText plain = ToDocumentText(text);
@@ -88,20 +117,34 @@ void SurfaceText::Replace(const TextRange& range, const QString& text, const Cha
     }
     QTextCursor cursor(edit_.document());
     arriving_ = format;
+    arrivingLineEnds_.assign(lineEnds.begin(), lineEnds.end());
     source_ = Source::Replacing;
     cursor.beginEditBlock();
     Insert(cursor, range, plain);
     cursor.endEditBlock();
     source_ = Source::Toolkit;
     arriving_.reset();
+    arrivingLineEnds_.clear();
     insertion_.reset();
     emit Replaced(range.offset, range.length, RawTextOf(plain));
     edit_.setTextCursor(cursor);
     if (unreported_) ReportChange();
+    if (!lineEnds.empty()) emit LineEndsRestored();
 }
 
 void SurfaceText::ReplaceSelection(const QString& text) {
     Replace(SelectedRange(edit_.textCursor()), text, InsertionFormat());
+}
+
+void SurfaceText::RewriteSelection(const QString& text, int firstLineEnd) {
+    const TextRange range = SelectedRange(edit_.textCursor());
+    const int firstLine = PlaceOf(range.offset).line;
+    const int lastLine = PlaceOf(range.End()).line;
+    std::vector<OtherLineEnd> lineEnds;
+    for (int line = firstLine; line < lastLine; ++line) {
+        lineEnds.push_back({firstLineEnd + line - firstLine, formats_.LineEndOf(line).value_or(usualLineEnd_)});
+    }
+    Replace(range, text, InsertionFormat(), lineEnds);
 }
 
 void SurfaceText::Insert(QTextCursor& cursor, const TextRange& range, const DocumentText& text) {
@@ -136,6 +179,7 @@ SurfaceHistory::Snapshot SurfaceText::TakeSnapshot() {
 
 bool SurfaceText::Restore(const SurfaceHistory::Snapshot& snapshot) {
     composition_.End(false);
+    const bool mixedBefore = !formats_.OtherLineEnds(usualLineEnd_).empty();
     source_ = Source::Restoring;
     layouts_.MarkAllOutdated();
     QTextCursor cursor(edit_.document());
@@ -162,6 +206,7 @@ bool SurfaceText::Restore(const SurfaceHistory::Snapshot& snapshot) {
     source_ = Source::Toolkit;
     if (!restored) return false;
     ReportChange();
+    if (mixedBefore || !formats_.OtherLineEnds(usualLineEnd_).empty()) emit LineEndsRestored();
     OnCaretMoved();
     return true;
 }
@@ -180,15 +225,15 @@ void SurfaceText::OnContentsChange(int position, int removed, int added) {
     }
     untouched_.clear();
     if (source_ == Source::Toolkit) RecordToolkitChange(position, removed, added);
-    if (source_ == Source::Toolkit) {
-        const int length = std::min(added, RawLength() - position);
-        emit Replaced(position, removed, ReadDocument(*edit_.document(), {position, length}));
-    }
     const int lastLine = ChangeFormats(first, position, removed, added).blockNumber();
     layouts_.MarkOutdated(line, lastLine);
     layouts_.UpdateOverlong(line, lastLine);
     ++revision_;
     unreported_ = true;
+    if (source_ == Source::Toolkit) {
+        const int length = std::min(added, RawLength() - position);
+        emit Replaced(position, removed, ReadDocument(*edit_.document(), {position, length}));
+    }
 }
 
 QTextBlock SurfaceText::ChangeFormats(const QTextBlock& first, int position, int removed, int added) {
@@ -204,7 +249,10 @@ QTextBlock SurfaceText::ChangeFormats(const QTextBlock& first, int position, int
         last = next;
     }
     const CharFormat format = arriving_ ? *arriving_ : insertion_ ? *insertion_ : FormatBefore(from);
-    formats_.Replace(from, formats_.Advance(from, removed), pieces, format);
+    formats_.Replace(from, formats_.Advance(from, removed), pieces, format, usualLineEnd_);
+    for (const OtherLineEnd& each : arrivingLineEnds_) {
+        if (each.line + 1 < static_cast<int>(pieces.size())) formats_.SetLineEnd(from.line + each.line, each.end);
+    }
     return last;
 }
 

@@ -43,6 +43,10 @@ RecoveredText OddText() {
     copy.format.encoding = "UTF-16BE";
     copy.format.byteOrderMark = true;
     copy.format.lineEnd = LineEnd::Cr;
+    copy.format.mixedLineEnds = true;
+    copy.format.oddByte = QByteArray(1, '\0');
+    copy.format.passedOver = "Big5";
+    copy.otherLineEnds = {{0, LineEnd::Lf}, {1, LineEnd::CrLf}};
     copy.writtenAt = 4'000'000'000;
     return copy;
 }
@@ -54,6 +58,11 @@ void ExpectSame(const RecoveredText& found, const RecoveredText& kept) {
     EXPECT_EQ(found.format.encoding, kept.format.encoding);
     EXPECT_EQ(found.format.byteOrderMark, kept.format.byteOrderMark);
     EXPECT_EQ(found.format.lineEnd, kept.format.lineEnd);
+    EXPECT_EQ(found.format.mixedLineEnds, kept.format.mixedLineEnds);
+    EXPECT_EQ(found.format.holdsBytes, kept.format.holdsBytes);
+    EXPECT_EQ(found.format.oddByte, kept.format.oddByte);
+    EXPECT_EQ(found.format.passedOver, kept.format.passedOver);
+    EXPECT_EQ(found.otherLineEnds, kept.otherLineEnds);
 }
 
 mode_t ModeOf(const QString& path) {

@@ -1,6 +1,4 @@
-#include "files/text_file.h"
-
-#include "files/declared_encoding.h"
+#include "tests/files/text_bytes.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -9,30 +7,19 @@
 #include <random>
 #include <sys/stat.h>
 
-namespace vellum {
+namespace vellum::test {
 namespace {
 
 using Bytes = QByteArray;
 
-// Bytes of a literal that may hold NULs.
-template <size_t size>
-Bytes Raw(const char (&literal)[size]) {
-    return Bytes(literal, size - 1);
-}
-
-// What a file gives back when it is written anew: its own bytes, but for line ends that were mixed.
+// What a file gives back when it is written anew: its own bytes.
 void ExpectUnchanged(const Bytes& bytes) {
-    LoadedText loaded = DecodeText(bytes);
+    const LoadedText loaded = DecodeText(bytes);
     EXPECT_FALSE(loaded.text.contains(u'\r'));
     EXPECT_EQ(loaded.bytes, bytes);
-    const bool mixed = loaded.format.mixedLineEnds;
-    const Bytes again = EncodeText(loaded.text, loaded.format);
-    const auto shown = bytes.first(qMin(bytes.size(), 80)).toHex(' ');
-    if (!mixed) {
-        EXPECT_EQ(again, bytes) << shown.data();
-    } else {
-        EXPECT_EQ(DecodeText(again).text, loaded.text) << shown.data();
-    }
+    const EncodedText again = EncodeText(loaded.text, loaded.otherLineEnds, loaded.format);
+    EXPECT_EQ(again.bytes, bytes) << bytes.first(qMin(bytes.size(), 80)).toHex(' ').data();
+    EXPECT_EQ(again.format.Description(), loaded.format.Description());
 }
 
 TEST(DecodeText, TakesPlainBytesForUtf8) {
@@ -47,8 +34,8 @@ TEST(DecodeText, LeavesAnEmptyFileUtf8WithCrLf) {
     EXPECT_TRUE(loaded.text.isEmpty());
     EXPECT_EQ(loaded.format.encoding, "UTF-8");
     EXPECT_EQ(loaded.format.lineEnd, LineEnd::CrLf);
-    EXPECT_EQ(EncodeText(loaded.text, loaded.format), "");
-    EXPECT_EQ(EncodeText(u"a\nb", loaded.format), "a\r\nb");
+    EXPECT_EQ(Encode(loaded.text, loaded.format), "");
+    EXPECT_EQ(Encode(u"a\nb", loaded.format), "a\r\nb");
 }
 
 TEST(DecodeText, TakesTheMarkOffAndPutsItBack) {
@@ -57,7 +44,7 @@ TEST(DecodeText, TakesTheMarkOffAndPutsItBack) {
         "a\xC3\xA9\n");
     EXPECT_EQ(loaded.text, u"a\u00E9\n"_qs);
     EXPECT_TRUE(loaded.format.byteOrderMark);
-    EXPECT_EQ(EncodeText(u"b\n", loaded.format),
+    EXPECT_EQ(Encode(u"b\n", loaded.format),
               "\xEF\xBB\xBF"
               "b\n");
     ExpectUnchanged("\xEF\xBB\xBF");
@@ -69,13 +56,13 @@ TEST(DecodeText, ReadsUtf16OfBothOrders) {
     EXPECT_EQ(little.text, u"A\u20AC\n"_qs);
     EXPECT_EQ(little.format.encoding, "UTF-16LE");
     EXPECT_EQ(little.format.lineEnd, LineEnd::CrLf);
-    EXPECT_EQ(EncodeText(u"\u20AC", little.format), Raw("\xFF\xFE\xAC\x20"));
+    EXPECT_EQ(Encode(u"\u20AC", little.format), Raw("\xFF\xFE\xAC\x20"));
 
     LoadedText big = DecodeText(Raw("\xFE\xFF\x00\x41\x20\xAC\x00\x0A"));
     EXPECT_EQ(big.text, u"A\u20AC\n"_qs);
     EXPECT_EQ(big.format.encoding, "UTF-16BE");
     EXPECT_EQ(big.format.lineEnd, LineEnd::Lf);
-    EXPECT_EQ(EncodeText(u"\u20AC\n", big.format), Raw("\xFE\xFF\x20\xAC\x00\x0A"));
+    EXPECT_EQ(Encode(u"\u20AC\n", big.format), Raw("\xFE\xFF\x20\xAC\x00\x0A"));
 }
 
 TEST(DecodeText, KeepsHalfASurrogatePairInUtf16) {
@@ -87,17 +74,46 @@ TEST(DecodeText, KeepsHalfASurrogatePairInUtf16) {
     ExpectUnchanged(Raw("\xFE\xFF\xD8\x00\x00\x41\xDC\x00"));
 }
 
-TEST(DecodeText, ReadsUtf16OfOddLengthAsWindows1252) {
-    const Bytes odd = Raw("\xFF\xFE\x41\x00\x42");
-    EXPECT_EQ(DecodeText(odd).format.encoding, "windows-1252");
-    ExpectUnchanged(odd);
+TEST(DecodeText, KeepsTheLastByteOfUtf16OfOddLength) {
+    LoadedText loaded = DecodeText(Raw("\xFF\xFE\x41\x00\x42"));
+    EXPECT_EQ(loaded.text, "A");
+    EXPECT_EQ(loaded.format.Description(), "UTF-16 LE, bad bytes");
+    EXPECT_EQ(Encode(u"AC", loaded.format), Raw("\xFF\xFE\x41\x00\x43\x00\x42"));
+    ExpectUnchanged(Raw("\xFF\xFE\x41\x00\x42"));
+    ExpectUnchanged(Raw("\xFE\xFF\x00\x41\x00"));
+    ExpectUnchanged(Raw("\xFF\xFE\x41"));
+}
+
+TEST(DecodeText, SeesUtf16WithoutAMark) {
+    const QString page = u"<p>Gr\u00FC\u00DFe \u20AC</p>\r\n"_qs;
+    const QString japanese = "<p>" + QString(20, u'\u65E5') + "</p>";
+    for (const bool bigEndian : {false, true}) {
+        for (const QString& text : {page, japanese, u"plain text"_qs}) {
+            LoadedText loaded = DecodeText(Utf16(text, bigEndian));
+            EXPECT_EQ(loaded.format.encoding, bigEndian ? "UTF-16BE" : "UTF-16LE");
+            EXPECT_FALSE(loaded.format.byteOrderMark);
+            EXPECT_EQ(loaded.text, QString(text).replace("\r\n", "\n"));
+            EXPECT_EQ(Encode("x" + loaded.text, loaded.format), Utf16("x" + text, bigEndian));
+            EXPECT_FALSE(loaded.format.byteOrderMark);
+            ExpectUnchanged(Utf16(text, bigEndian));
+            ExpectUnchanged(Utf16(text, bigEndian) + 'x');
+        }
+    }
+}
+
+TEST(DecodeText, TakesFewNulsForUtf8) {
+    for (const Bytes& bytes : {Raw("<p>\0</p>"), Raw("a\0"), Raw("a\0\0\0b\0\0\0"), Raw("\0\0\0\0"),
+                               Raw("one\0two\0three\0"), Raw("a\0\1\0b\0c\0")}) {
+        EXPECT_EQ(DecodeText(bytes).format.encoding, "UTF-8") << bytes.toHex(' ').data();
+        ExpectUnchanged(bytes);
+    }
 }
 
 TEST(DecodeText, TakesWhatIsNoUtf8ForWindows1252) {
     LoadedText loaded = DecodeText("\x93gr\xFC\xDF\x94 \x80\n");
     EXPECT_EQ(loaded.text, u"\u201Cgr\u00FC\u00DF\u201D \u20AC\n"_qs);
     EXPECT_EQ(loaded.format.encoding, "windows-1252");
-    EXPECT_EQ(EncodeText(u"\u2013\u0178", loaded.format), "\x96\x9F");
+    EXPECT_EQ(Encode(u"\u2013\u0178", loaded.format), "\x96\x9F");
 }
 
 TEST(DecodeText, GivesUndefinedBytesOfWindows1252AControlCharacter) {
@@ -111,39 +127,18 @@ TEST(DecodeText, GivesUndefinedBytesOfWindows1252AControlCharacter) {
 // Flaws of UTF-8 that a lenient reader would let pass and write back in another way.
 TEST(DecodeText, IsStrictAboutUtf8) {
     for (const char* flawed : {"\xC0\x80", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "a\xC3", "\xE2\x82",
-                               "\xEF\xBB\xBF\xFF", "\xF8\x88\x80\x80\x80", "\x80"}) {
+                               "\xF8\x88\x80\x80\x80", "\x80"}) {
         const Bytes bytes(flawed);
         EXPECT_EQ(DecodeText(bytes).format.encoding, "windows-1252") << bytes.toHex(' ').data();
         ExpectUnchanged(bytes);
     }
 }
 
-TEST(DeclaredEncoding, IsFoundWhereDocumentsSayIt) {
-    EXPECT_EQ(DeclaredEncoding("<?xml version=\"1.0\" encoding=\"windows-1251\"?>"), "windows-1251");
-    EXPECT_EQ(DeclaredEncoding("<?xml version='1.0' encoding='koi8-r' standalone='yes'?>"), "koi8-r");
-    EXPECT_EQ(DeclaredEncoding("<html><head><META charset=Shift_JIS>"), "Shift_JIS");
-    EXPECT_EQ(DeclaredEncoding("<meta charset = 'big5'/>"), "big5");
-    EXPECT_EQ(DeclaredEncoding("<meta http-equiv=\"Content-Type\" content=\"text/html; charset=iso-8859-2\" />"),
-              "iso-8859-2");
-    EXPECT_EQ(DeclaredEncoding("<meta content='text/html;charset=iso-8859-5' http-equiv=content-type>"), "iso-8859-5");
-    EXPECT_EQ(DeclaredEncoding("@charset \"iso-8859-15\";\nbody {}"), "iso-8859-15");
-}
-
-TEST(DeclaredEncoding, IsNotFoundElsewhere) {
-    EXPECT_EQ(DeclaredEncoding(""), "");
-    EXPECT_EQ(DeclaredEncoding("<p>charset=big5</p>"), "");
-    EXPECT_EQ(DeclaredEncoding("<!-- <meta charset=big5> --><p>"), "");
-    EXPECT_EQ(DeclaredEncoding("<!-- <meta charset=big5> --><meta charset=koi8-r>"), "koi8-r");
-    EXPECT_EQ(DeclaredEncoding("<meta name=\"description\" content=\"how to write charset=big5\">"), "");
-    EXPECT_EQ(DeclaredEncoding("body {} @charset \"big5\";"), "");
-    EXPECT_EQ(DeclaredEncoding(Bytes(1020, ' ') + "<meta charset=big5>"), "");
-}
-
 TEST(DecodeText, FollowsTheDeclaredEncoding) {
     LoadedText loaded = DecodeText("<meta charset=windows-1251>\xCF\xF0\xE8\xE2\xE5\xF2");
     EXPECT_TRUE(loaded.text.endsWith(u"\u041F\u0440\u0438\u0432\u0435\u0442"));
     EXPECT_EQ(loaded.format.encoding, "windows-1251");
-    EXPECT_EQ(EncodeText(u"<meta charset=windows-1251>\u0416", loaded.format), "<meta charset=windows-1251>\xC6");
+    EXPECT_EQ(Encode(u"<meta charset=windows-1251>\u0416", loaded.format), "<meta charset=windows-1251>\xC6");
 
     const LoadedText japanese = DecodeText("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\x93\xFA\x96\x7B");
     EXPECT_TRUE(japanese.text.endsWith(u"\u65E5\u672C"));
@@ -159,19 +154,41 @@ TEST(DecodeText, ReadsLatin1AsTheWebDoes) {
     }
 }
 
-TEST(DecodeText, TakesWhatIsDeclaredUtf8AndIsNotForWindows1252) {
-    const LoadedText loaded = DecodeText("<meta charset=utf-8>\xE9");
-    EXPECT_EQ(loaded.format.encoding, "windows-1252");
-    EXPECT_TRUE(loaded.text.endsWith(u'\u00E9'));
+// Each bad byte is half a surrogate pair in the text, and goes back.
+TEST(DecodeText, KeepsTheBadBytesOfUtf8) {
+    const Bytes mark = "\xEF\xBB\xBF";
+    for (const Bytes& before : {mark, Bytes("<meta charset=utf-8>"), Bytes("<?xml version='1.0' encoding='UTF-8'?>"),
+                                Bytes("\xC3\xA9\xE2\x82\xAC")}) {
+        LoadedText loaded = DecodeText(before + "a\xE9z");
+        EXPECT_EQ(loaded.format.encoding, "UTF-8") << before.data();
+        EXPECT_TRUE(loaded.text.endsWith("a" + QString(QChar(0xDCE9)) + "z")) << before.data();
+        EXPECT_TRUE(loaded.format.Description().contains("UTF-8")) << before.data();
+        EXPECT_TRUE(loaded.format.Description().contains(", bad bytes")) << before.data();
+        EXPECT_EQ(Encode(loaded.text + u'\u20AC', loaded.format), before + "a\xE9z\xE2\x82\xAC");
+        ExpectUnchanged(before + "a\xE9z");
+        ExpectUnchanged(before + "\xC0\x80\xED\xA0\x80\xF4\x90\x80\x80\xE2\x82" + before.repeated(12));
+    }
+}
+
+TEST(DecodeText, TakesUndeclaredBytesForUtf8WhenMoreAreGoodThanBad) {
+    EXPECT_EQ(DecodeText("\xC3\xA9\xC3\xA9\xE9").format.encoding, "UTF-8");
+    EXPECT_EQ(DecodeText("\xC3\xA9\xE9").format.encoding, "windows-1252");
+    EXPECT_EQ(DecodeText("caf\xE9").format.encoding, "windows-1252");
+    EXPECT_EQ(DecodeText("\xC3\xA9\xE2\x82").format.encoding, "windows-1252") << "two bad bytes";
+    EXPECT_EQ(DecodeText("<meta charset=iso-8859-1>\xC3\xA9\xC3\xA9\xE9").format.encoding, "windows-1252");
+    EXPECT_EQ(DecodeText("<meta charset=koi8-r>\xC3\xA9\xC3\xA9\xE9").format.encoding, "KOI8-R");
 }
 
 TEST(DecodeText, PassesOverADeclarationThatDoesNotFit) {
     // No such encoding, one that would spell the markup itself in another way, and a text with a flaw.
     EXPECT_EQ(DecodeText("<meta charset=nonsense>\xC3\xA9").format.encoding, "UTF-8");
-    EXPECT_EQ(DecodeText("<meta charset=utf-16>\xC3\xA9").format.encoding, "UTF-8");
     EXPECT_EQ(DecodeText("<meta charset=ibm037>\xC3\xA9").format.encoding, "UTF-8");
     EXPECT_EQ(DecodeText("<meta charset=shift_jis>\x93").format.encoding, "windows-1252");
     EXPECT_EQ(DecodeText("<meta charset=\"\">\xC3\xA9").format.encoding, "UTF-8");
+}
+
+TEST(DecodeText, PassesOnToADeclarationThatItKnows) {
+    EXPECT_EQ(DecodeText("<meta charset=nonsense><meta charset=koi8-r>\xF0").format.encoding, "KOI8-R");
 }
 
 TEST(DecodeText, BelievesTheMarkRatherThanTheDeclaration) {
@@ -199,6 +216,13 @@ TEST(TextFile, GivesRandomBytesBackUnchanged) {
                               "\xFF\xFE",
                               "\xFE\xFF",
                               "<meta charset=utf-8>",
+                              "\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9",
+                              "<meta charset=gbk>",
+                              "<meta charset=big5>",
+                              "<meta charset=euc-kr>",
+                              "<meta charset=koi8-u>",
+                              "<meta charset=iso-8859-16>",
+                              "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>",
                               "<meta charset=windows-1251>",
                               "<meta charset=shift_jis>",
                               "<meta charset=iso-2022-jp>",
@@ -246,81 +270,10 @@ TEST(DecodeText, PrefersCrLfThenLfAmongEquallyFrequentLineEnds) {
     EXPECT_EQ(DecodeText("one line").format.lineEnd, LineEnd::CrLf);
 }
 
-TEST(EncodeText, GivesAnEditedFileOneLineEnd) {
-    LoadedText loaded = DecodeText("a\nb\r\nc\n");
-    EXPECT_EQ(EncodeText(u"a\nb\nc\nd\n", loaded.format), "a\nb\nc\nd\n");
-    EXPECT_FALSE(loaded.format.mixedLineEnds);
-
-    loaded = DecodeText("a\r\nb\r\nc\r");
-    EXPECT_EQ(EncodeText(u"A\nb\nc\n", loaded.format), "A\r\nb\r\nc\r\n");
-}
-
-TEST(EncodeText, TakesStrayCarriageReturnsForLineEnds) {
-    TextFormat format;
-    EXPECT_EQ(EncodeText(u"a\r\nb\rc\n", format), "a\r\nb\r\nc\r\n");
-}
-
-TEST(EncodeText, WritesANewDocumentAsUtf8WithCrLf) {
-    TextFormat format;
-    EXPECT_EQ(EncodeText(u"\u20AC\n", format), "\xE2\x82\xAC\r\n");
-    EXPECT_EQ(format.encoding, "UTF-8");
-}
-
-TEST(EncodeText, TurnsToUtf8WhenTheTextNoLongerFits) {
-    LoadedText loaded = DecodeText("caf\xE9\n");
-    ASSERT_EQ(loaded.format.encoding, "windows-1252");
-    EXPECT_EQ(EncodeText(u"caf\u00E9 \u65E5\n", loaded.format), "caf\xC3\xA9 \xE6\x97\xA5\n");
-    EXPECT_EQ(loaded.format.encoding, "UTF-8");
-    EXPECT_FALSE(loaded.format.byteOrderMark);
-
-    loaded = DecodeText("<meta charset=koi8-r>\xF0");
-    EXPECT_TRUE(EncodeText(loaded.text + u'\u65E5', loaded.format).endsWith("\xD0\x9F\xE6\x97\xA5"));
-    EXPECT_EQ(loaded.format.encoding, "UTF-8");
-}
-
-// Whatever a person writes into a document, what was saved is what is read again.
-TEST(EncodeText, WritesWhatIsReadBackAsTheSameText) {
-    const QString texts[] = {u"<meta charset=iso-8859-1>\u00E9\u65E5"_qs,
-                             u"<meta charset=iso-8859-1>\u00E9"_qs,
-                             u"<meta charset=shift_jis>\u65E5\u00E9"_qs,
-                             u"<meta charset=utf-8>\u00C3\u00A9"_qs,
-                             u"\u00C3\u00A9"_qs,
-                             u"<meta charset=utf-7>+AOk-"_qs,
-                             u"\uFEFFa"_qs,
-                             u"\u00EF\u00BB\u00BFa"_qs,
-                             u"\u00FF\u00FEab"_qs,
-                             u"<meta charset=iso-2022-jp>\u001B$B"_qs};
-    for (const Bytes encoding :
-         {"UTF-8", "windows-1252", "Shift_JIS", "UTF-16LE", "UTF-16BE", "iso-8859-2", "unknown"}) {
-        for (const QString& text : texts) {
-            TextFormat format;
-            format.encoding = encoding;
-            const Bytes bytes = EncodeText(text, format);
-            const LoadedText again = DecodeText(bytes);
-            EXPECT_TRUE(again.text == text) << encoding.data() << ": " << qPrintable(text);
-        }
-    }
-}
-
-TEST(EncodeText, MarksNoPlainAsciiWhateverItDeclares) {
-    for (const Bytes text : {"<meta charset=koi8-r>a", "<meta charset=iso-8859-1>a", "<meta charset=iso-2022-jp>a"}) {
-        TextFormat format;
-        EXPECT_EQ(EncodeText(QString::fromLatin1(text), format), text);
-        EXPECT_EQ(format.encoding, "UTF-8");
-    }
-}
-
-TEST(EncodeText, WritesAReplacementCharacterForHalfASurrogatePair) {
-    TextFormat format;
-    EXPECT_EQ(EncodeText(QString(QChar(0xD800)), format), "\xEF\xBF\xBD");
-    EXPECT_FALSE(format.byteOrderMark);
-}
-
-TEST(EncodeText, MarksUtf8ThatADeclarationWouldHaveMisread) {
-    LoadedText loaded = DecodeText("<meta charset=iso-8859-1>caf\xE9");
-    EXPECT_EQ(EncodeText(u"<meta charset=iso-8859-1>\u65E5", loaded.format),
-              "\xEF\xBB\xBF<meta charset=iso-8859-1>\xE6\x97\xA5");
-    EXPECT_TRUE(loaded.format.byteOrderMark);
+TEST(DecodeText, TellsTheLineEndsThatDiffer) {
+    EXPECT_EQ(DecodeText("a\nb\r\nc\rd\n\ne").otherLineEnds,
+              (std::vector<OtherLineEnd>{{1, LineEnd::CrLf}, {2, LineEnd::Cr}}));
+    EXPECT_TRUE(DecodeText("a\nb\n").otherLineEnds.empty());
 }
 
 TEST(TextFormat, DescribesItselfToAPerson) {
@@ -377,4 +330,4 @@ TEST(ReadTextFile, RefusesAFileThatIsTooLarge) {
 }
 
 }  // namespace
-}  // namespace vellum
+}  // namespace vellum::test

@@ -88,6 +88,20 @@ TEST_F(CachingWriterTest, TheFileTakesTheEncodingOfTheDocument) {
     EXPECT_EQ(CachingBytes(undeclared), "\xEF\xBB\xBF\xC3\xA4");
 }
 
+TEST_F(CachingWriterTest, ATextThatItsEncodingCannotHoldIsMarkedUtf8) {
+    TextFormat format;
+    format.encoding = "KOI8-R";
+    const CachingJob misfit{.text = u"<meta charset=koi8-r>\u041F\u65E5"_qs, .format = format};
+    EXPECT_EQ(CachingBytes(misfit), "\xEF\xBB\xBF<meta charset=koi8-r>\xD0\x9F\xE6\x97\xA5");
+}
+
+TEST_F(CachingWriterTest, Utf16WithoutAMarkGetsOneThatBrowsersSee) {
+    TextFormat format;
+    format.encoding = "UTF-16LE";
+    format.oddByte = "x";
+    EXPECT_EQ(CachingBytes({.text = "<p>a</p>", .format = format}), "\xEF\xBB\xBF<p>a</p>");
+}
+
 TEST_F(CachingWriterTest, KeepsTheModeOfTheFile) {
     ASSERT_TRUE(Write("caching.htm", "one"));
     const QByteArray name = QFile::encodeName(Path("caching.htm"));

@@ -37,6 +37,9 @@ QList<FileKind> FileKinds() {
              "<p>Gr\xFC\xDF"
              "e \x80 \x93x\x94</p>\r\n"},
             {"BytesWithoutALetter", "<p>\x81\x8D\x8F\x90\x9D</p>\r\n"},
+            {"Utf16WithoutAMark", Utf16(text, false).mid(2)},
+            {"Utf16OfOddLength", Utf16(text, true) + 'x'},
+            {"Utf8WithBadBytes", "<meta charset='utf-8'>\xE9" + utf8 + "\xFF"},
             {"CrLf", "<p>\r\n</p>\r\n\r\n"},
             {"Lf", "<p>\n</p>\n\n"},
             {"Cr", "<p>\r</p>\r\r"},
@@ -99,12 +102,15 @@ TEST_F(FilesTest, AVeryLargeFileKeepsItsBytesThroughAnUneditedSave) {
     EXPECT_TRUE(Active().Saver());
 }
 
-TEST_F(FilesTest, EditedMixedLineEndsBecomeTheMostFrequentOne) {
+TEST_F(FilesTest, LinesThatWereNotEditedEndAsTheyDid) {
     const QString path = MakeFile("mixed.htm", "one\r\ntwo\nthree\nfour\rfive");
     Open(false, path);
-    QTest::keyClicks(Active().Text1, "x");
+    QTest::keyClicks(Active().Text1, "x\r");
     Trigger("mnuSaveregItem");
-    EXPECT_EQ(Bytes(path), "xone\ntwo\nthree\nfour\nfive");
+    EXPECT_EQ(Bytes(path), "x\none\r\ntwo\nthree\nfour\rfive");
+    Trigger("mnuUndoItem");
+    Trigger("mnuSaveregItem");
+    EXPECT_EQ(Bytes(path), "one\r\ntwo\nthree\nfour\rfive");
 }
 
 TEST_F(FilesTest, AnEditedFileKeepsItsEncodingAndMark) {

@@ -99,7 +99,8 @@ TEST_F(RecoveryKeeperTest, OffersLostTextsInOneQuestionAndOpensThem) {
 }
 
 TEST_F(RecoveryKeeperTest, ALostTextKeepsTheFormatOfItsFile) {
-    RecoveredText lost{SitePath("page.htm"), u"lost\n\u00E9"_qs, {}, 1000};
+    RecoveredText lost{.caption = SitePath("page.htm"), .text = u"lost\n\u00E9\n"_qs, .format = {}, .writtenAt = 1000};
+    lost.otherLineEnds = {{1, LineEnd::CrLf}};
     lost.format.encoding = "windows-1252";
     lost.format.lineEnd = LineEnd::Lf;
     {
@@ -109,9 +110,21 @@ TEST_F(RecoveryKeeperTest, ALostTextKeepsTheFormatOfItsFile) {
     }
     prompts.choices = {"Recover"};
     Open();
-    EXPECT_EQ(Active().findChild<QLabel*>("lblFormat")->text(), "Windows-1252, LF");
+    EXPECT_EQ(Active().findChild<QLabel*>("lblFormat")->text(), "Windows-1252, mixed line ends");
     Trigger("mnuSaveregItem");
-    EXPECT_EQ(Bytes(SitePath("page.htm")), "lost\n\xE9");
+    EXPECT_EQ(Bytes(SitePath("page.htm")), "lost\n\xE9\r\n");
+}
+
+TEST_F(RecoveryKeeperTest, ACopyTellsHowEveryLineEnds) {
+    const QString path = MakeFile("page.htm", "one\ntwo\r\nthree\n");
+    Open(false, path);
+    QTest::keyClicks(Active().Text1, "x\r");
+    const std::vector<RecoveredText> found = AfterAKill();
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].text, "x\none\ntwo\nthree\n");
+    EXPECT_EQ(found[0].format.Description(), "UTF-8, mixed line ends");
+    EXPECT_EQ(found[0].format.lineEnd, LineEnd::Lf);
+    EXPECT_EQ(found[0].otherLineEnds, (std::vector<OtherLineEnd>{{2, LineEnd::CrLf}}));
 }
 
 TEST_F(RecoveryKeeperTest, TheTipsKeepAwayFromATextThatWasRecovered) {
@@ -211,7 +224,8 @@ TEST_F(RecoveryKeeperTest, APageIsKeptAsItIsEdited) {
 
 // Whatever an author and the commands do to a text, and all of it back and forth.
 TEST_F(RecoveryKeeperTest, WhatIsKeptIsTheTextAfterAnyChange) {
-    const QString path = MakeFile("page.htm", "<p>one</p>\r\n<p>two</p>\r\n" + QByteArray(3000, 'x'));
+    const QByteArray lines = QByteArray("one\r\ntwo\nthree\rfour\r\n").repeated(5);
+    const QString path = MakeFile("page.htm", "<p>one</p>\r\n<p>two</p>\r\n" + lines + QByteArray(3000, 'x'));
     Open(false, path);
     Document& document = Active();
     EditSurface& surface = *document.Text1;
@@ -239,6 +253,12 @@ TEST_F(RecoveryKeeperTest, WhatIsKeptIsTheTextAfterAnyChange) {
             if (below(8) == 0) surface.SetText("all\r\nnew");
         },
         [&] {
+            QString text = lines;
+            const LineEnd usual = document.File().Format().lineEnd;
+            const std::vector<OtherLineEnd> others = UnifyLineEnds(text, usual);
+            if (below(4) == 0) surface.LoadText(text, usual, others);
+        },
+        [&] {
             if (below(8) == 0) surface.setPlainText("by the toolkit");
         },
         [&] {
@@ -255,6 +275,8 @@ TEST_F(RecoveryKeeperTest, WhatIsKeptIsTheTextAfterAnyChange) {
         const std::vector<RecoveredText> found = AfterAKill();
         ASSERT_EQ(found.size(), 1U) << round;
         ASSERT_TRUE(found[0].text == surface.RawText()) << round;
+        ASSERT_EQ(found[0].otherLineEnds, surface.OtherLineEnds(found[0].format.lineEnd)) << round;
+        ASSERT_EQ(found[0].format.lineEnd, Active().File().Format().lineEnd) << round;
         ASSERT_FALSE(found[0].incomplete);
     }
 }

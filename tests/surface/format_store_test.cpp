@@ -1,6 +1,7 @@
 #include "surface/format_store.h"
 
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -17,6 +18,7 @@ constexpr ColorNumber own = 0x123456;
 struct NaiveStore {
     std::string text;  // only the line ends matter
     std::vector<CharFormat> formats;
+    std::vector<LineEnd> ends;  // also one a character
 
     [[nodiscard]] TextPlace PlaceOf(std::size_t index) const {
         TextPlace place;
@@ -25,11 +27,25 @@ struct NaiveStore {
         }
         return place;
     }
-    void Replace(std::size_t from, std::size_t to, const std::string& with, const CharFormat& format) {
+    void Replace(std::size_t from, std::size_t to, const std::string& with, const CharFormat& format, LineEnd end) {
         text.replace(from, to - from, with);
-        formats.erase(formats.begin() + static_cast<std::ptrdiff_t>(from),
-                      formats.begin() + static_cast<std::ptrdiff_t>(to));
-        formats.insert(formats.begin() + static_cast<std::ptrdiff_t>(from), with.size(), format);
+        const auto replace = [&](auto& values, const auto& value) {
+            values.erase(values.begin() + static_cast<std::ptrdiff_t>(from),
+                         values.begin() + static_cast<std::ptrdiff_t>(to));
+            values.insert(values.begin() + static_cast<std::ptrdiff_t>(from), with.size(), value);
+        };
+        replace(formats, format);
+        replace(ends, end);
+    }
+    [[nodiscard]] std::vector<OtherLineEnd> OtherLineEnds(LineEnd usual) const {
+        std::vector<OtherLineEnd> others;
+        int line = 0;
+        for (std::size_t at = 0; at < text.size(); ++at) {
+            if (text[at] != '\n') continue;
+            if (ends[at] != usual) others.push_back({line, ends[at]});
+            ++line;
+        }
+        return others;
     }
     void SetFormat(std::size_t from, std::size_t to, const FormatChange& change) {
         for (std::size_t at = from; at < to; ++at) formats[at] = change.AppliedTo(formats[at]);
@@ -65,6 +81,8 @@ std::vector<int> LengthsOf(const std::string& text) {
 void ExpectEqual(const FormatStore& store, const NaiveStore& naive) {
     const std::vector<int> lengths = LengthsOf(naive.text);
     ASSERT_EQ(store.LineCount(), static_cast<int>(lengths.size()));
+    ASSERT_EQ(store.OtherLineEnds(LineEnd::CrLf), naive.OtherLineEnds(LineEnd::CrLf));
+    ASSERT_FALSE(store.LineEndOf(store.LineCount() - 1));
     std::size_t index = 0;
     for (int line = 0; line < store.LineCount(); ++line) {
         ASSERT_EQ(store.LineLength(line), lengths[static_cast<std::size_t>(line)]) << "line " << line;
@@ -95,7 +113,7 @@ std::string RandomText(std::mt19937& random, int longest, int lineEndOneIn) {
 
 FormatStore StoreOf(const std::string& text) {
     FormatStore store;
-    store.Reset(LengthsOf(text));
+    store.Reset(LengthsOf(text), LineEnd::CrLf, {});
     return store;
 }
 
@@ -127,14 +145,33 @@ TEST(FormatStore, MergesEqualNeighbours) {
 TEST(FormatStore, SplitsAndJoinsLinesWithTheirFormats) {
     FormatStore store = StoreOf("xxxxxx");
     store.SetFormat({0, 1}, {0, 5}, {.color = red.color, .bold = false});
-    store.Replace({0, 3}, {0, 3}, std::vector{0, 0}, plain);  // a line end in the middle
+    store.Replace({0, 3}, {0, 3}, std::vector{0, 0}, plain, LineEnd::Lf);  // a line end in the middle
     ASSERT_EQ(store.LineCount(), 2);
     EXPECT_EQ(store.Runs(0)[0], (FormatRun{{1, 2}, red}));
     EXPECT_EQ(store.Runs(1)[0], (FormatRun{{0, 2}, red}));
-    store.Replace({0, 3}, {1, 0}, std::vector{0}, plain);
+    store.Replace({0, 3}, {1, 0}, std::vector{0}, plain, LineEnd::Lf);
     ASSERT_EQ(store.LineCount(), 1);
     ASSERT_EQ(store.Runs(0).size(), 1U);
     EXPECT_EQ(store.Runs(0)[0], (FormatRun{{1, 4}, red}));
+}
+
+// A line end is a character: what comes before or after it leaves it as it is.
+TEST(FormatStore, LineEndsStayAsTheyWere) {
+    using Others = std::vector<OtherLineEnd>;
+    FormatStore store;
+    store.Reset(std::vector{1, 1, 1}, LineEnd::Lf, Others{{1, LineEnd::Cr}});
+    EXPECT_EQ(store.OtherLineEnds(LineEnd::Lf), (Others{{1, LineEnd::Cr}}));
+    store.Replace({1, 1}, {1, 1}, std::vector{0, 0}, plain, LineEnd::Lf);  // before the CR
+    EXPECT_EQ(store.OtherLineEnds(LineEnd::Lf), (Others{{2, LineEnd::Cr}}));
+    store.Replace({3, 0}, {3, 0}, std::vector{0, 0}, plain, LineEnd::Lf);  // after it
+    EXPECT_EQ(store.OtherLineEnds(LineEnd::Lf), (Others{{2, LineEnd::Cr}}));
+    store.Replace({0, 1}, {2, 0}, std::vector{0}, plain, LineEnd::Lf);
+    EXPECT_EQ(store.OtherLineEnds(LineEnd::Lf), (Others{{0, LineEnd::Cr}}));
+    store.Replace({0, 1}, {1, 0}, std::vector{0}, plain, LineEnd::Lf);
+    EXPECT_EQ(store.OtherLineEnds(LineEnd::Lf), Others{});
+    store.SetLineEnd(0, LineEnd::CrLf);
+    EXPECT_EQ(store.LineEndOf(0), LineEnd::CrLf);
+    EXPECT_EQ(store.LineEndOf(store.LineCount() - 1), std::nullopt);
 }
 
 TEST(FormatStore, ChangesOnePartOfTheFormat) {
@@ -176,7 +213,7 @@ TEST(FormatStore, ACopyStaysAsItWas) {
     FormatStore store = StoreOf("xxxx\nxxxx");
     store.SetFormat({0, 0}, {0, 2}, {.color = red.color, .bold = {}});
     const FormatStore copy = store;
-    store.Replace({0, 0}, {1, 2}, std::vector{7}, blueBold);
+    store.Replace({0, 0}, {1, 2}, std::vector{7}, blueBold, LineEnd::Lf);
     store.SetAll(blueBold, {});
     EXPECT_EQ(copy.LineCount(), 2);
     EXPECT_EQ(copy.LineLength(0), 4);
@@ -221,8 +258,11 @@ TEST_P(FormatStoreRandom, AgreesWithOneFormatACharacter) {
     const std::vector<CharFormat> palette{plain, red, blueBold, {std::nullopt, true}, {0x00FF00, false}};
     NaiveStore naive;
     FormatStore store;
-    naive.Replace(0, 0, RandomText(random, 3000, 3), plain);  // enough lines for several chunks
-    store.Reset(LengthsOf(naive.text));
+    naive.Replace(0, 0, RandomText(random, 3000, 3), plain, LineEnd::Lf);  // enough lines for several chunks
+    for (LineEnd& end : naive.ends) {
+        if (random() % 4 == 0) end = LineEnd::Cr;
+    }
+    store.Reset(LengthsOf(naive.text), LineEnd::Lf, naive.OtherLineEnds(LineEnd::Lf));
     FormatStore snapshot = store;
     NaiveStore naiveSnapshot = naive;
     for (int round = 0; round < 400; ++round) {
@@ -236,8 +276,9 @@ TEST_P(FormatStoreRandom, AgreesWithOneFormatACharacter) {
         switch (random() % 4) {
             case 0: {
                 const std::string inserted = RandomText(random, round % 20 == 0 ? 2000 : 6, 3);
-                naive.Replace(from, to, inserted, format);
-                store.Replace(begin, end, LengthsOf(inserted), format);
+                const LineEnd spelling = std::array{LineEnd::CrLf, LineEnd::Lf, LineEnd::Cr}.at(random() % 3);
+                naive.Replace(from, to, inserted, format, spelling);
+                store.Replace(begin, end, LengthsOf(inserted), format, spelling);
                 break;
             }
             case 1: {

@@ -19,6 +19,7 @@ struct FullCopy {
     CharFormat base;
     std::vector<int> lengths;
     std::vector<std::vector<FormatRun>> runs;
+    std::vector<OtherLineEnd> otherLineEnds;
 
     bool operator==(const FullCopy&) const = default;
 };
@@ -32,17 +33,19 @@ std::vector<int> LengthsOf(const QString& text) {
 // A text with formats and a history, without a surface.
 class FormattedText {
 public:
-    explicit FormattedText(const QString& text = {}) : text_(text) { formats.Reset(LengthsOf(text)); }
+    explicit FormattedText(const QString& text = {}) : text_(text) { Reset(text); }
 
     void Replace(int position, int length, const QString& with, const CharFormat& format) {
         if (history.Records()) history.Record(position, text_.mid(position, length), static_cast<int>(with.size()));
-        formats.Replace(PlaceOf(position), PlaceOf(position + length), LengthsOf(with), format);
+        // Line ends of all kinds, one after the other.
+        const auto end = static_cast<LineEnd>(static_cast<int>(LineEnd::CrLf) + replaced_++ % 3);
+        formats.Replace(PlaceOf(position), PlaceOf(position + length), LengthsOf(with), format, end);
         text_.replace(position, length, with);
     }
     void Fill(const QString& text) {
         if (history.Records()) history.RecordAll(text_, text);
         text_ = text;
-        formats.Reset(LengthsOf(text));
+        Reset(text);
     }
     SurfaceHistory::Snapshot Take() { return history.Take(formats); }
     bool Restore(const SurfaceHistory::Snapshot& snapshot) {
@@ -60,7 +63,7 @@ public:
         return {static_cast<int>(before.count('\n')), static_cast<int>(before.size() - lineStart)};
     }
     [[nodiscard]] FullCopy Copy() const {
-        FullCopy copy{text_, formats.Base(), {}, {}};
+        FullCopy copy{text_, formats.Base(), {}, {}, formats.OtherLineEnds(LineEnd::CrLf)};
         for (int line = 0; line < formats.LineCount(); ++line) {
             const auto list = formats.Runs(line);
             copy.lengths.push_back(formats.LineLength(line));
@@ -75,7 +78,10 @@ public:
     int replacements = 0;
 
 private:
+    void Reset(const QString& text) { formats.Reset(LengthsOf(text), LineEnd::CrLf, {}); }
+
     QString text_;
+    int replaced_ = 0;
 };
 
 QString ManyLines(int count) {

@@ -21,8 +21,10 @@ struct FullCopy {
     QString text;
     CharFormat base;
     std::vector<std::vector<FormatRun>> runs;
+    std::vector<OtherLineEnd> otherLineEnds;
 
-    explicit FullCopy(const EditSurface& surface) : text(surface.Text()), base(surface.Formats().Base()) {
+    explicit FullCopy(const EditSurface& surface)
+        : text(surface.Text()), base(surface.Formats().Base()), otherLineEnds(surface.OtherLineEnds(LineEnd::CrLf)) {
         for (int line = 0; line < surface.Formats().LineCount(); ++line) {
             const auto list = surface.Formats().Runs(line);
             runs.emplace_back(list.begin(), list.end());
@@ -336,6 +338,7 @@ TEST_P(RandomSnapshots, EveryOneComesBack) {
             surface.SetAllFormats(anyLook(), run);
         } else if (kind == 16) {
             surface.SetText(below(2) == 0 ? anyText(2000) : surface.Text().toUpper());
+            surface.SetUsualLineEnd(std::array{LineEnd::CrLf, LineEnd::Lf, LineEnd::Cr}.at(random() % 3));
         } else if (kind < 20) {
             kept.emplace_back(surface.TakeSnapshot(), FullCopy(surface));
             if (kept.size() > 35) kept.erase(kept.begin() + below(35));

@@ -51,7 +51,7 @@ TEST(TextOffsets, AgreesWithCountingWhereverItIsAsked) {
         FormatStore formats;
         std::vector<int> lengths;
         for (const QString& line : text.split("\r\n")) lengths.push_back(static_cast<int>(line.size()));
-        formats.Reset(lengths);
+        formats.Reset(lengths, LineEnd::CrLf, {});
         PlaceFinder places(formats, 0, 0);
         ASSERT_EQ(offsets.Length(), text.size());
         for (int asked = 0; asked < 200; ++asked) {
