@@ -20,7 +20,7 @@
 namespace vellum {
 
 DocumentWindow::DocumentWindow(Workbench& workbench, QWidget* parent)
-    : Document(workbench, parent), lblFormat_(new QLabel(this)) {
+    : Document(workbench, parent), lblFormat_(new QLabel(this)), encodingQuestion_(workbench, *this) {
     setAttribute(Qt::WA_DeleteOnClose);
     setMouseTracking(true);
     Text1->setMouseTracking(true);
@@ -45,7 +45,9 @@ bool DocumentWindow::LoadFile(const QString& path) {
 bool DocumentWindow::MaySave(const QString& path) {
     if (const auto look = path == Caption() ? LookAt(file_.Known()) : std::nullopt) HearOf(*look);
     if (path == Caption() && outside_.change != FileChange::None && !SettleFile()) return false;
-    return SettleOtherWindows(path);
+    if (!SettleOtherWindows(path)) return false;
+    settled_ = encodingQuestion_.Settle(path);
+    return settled_.has_value();
 }
 
 void DocumentWindow::HearOf(const FileLook& look) {
@@ -147,7 +149,7 @@ void DocumentWindow::TakeFilesText(const FileLook& look) {
 bool DocumentWindow::SaveFile(const QString& path) {
     const bool saved = [&] {
         const WaitPointer wait;
-        return file_.Save(path, file_.Encoded());
+        return file_.Save(path, settled_ ? *std::exchange(settled_, std::nullopt) : file_.Encoded());
     }();
     if (!saved) {
         workbench_.Ask().Message(workbench_.Window(), "Cannot save file.  It may be locked or read-only.");

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "editor/document.h"
+#include "shell/encoding_question.h"
+
+#include <optional>
 
 class QLabel;
 
@@ -21,7 +24,8 @@ public:
     // been told, and nothing of the window has changed. Ask MaySave first.
     bool SaveFile(const QString& path);
     // Looks whether anything would be lost by a save there: what something else has written into the document's file,
-    // or what another window has yet to save in it. False when the author, asked, wants no save now.
+    // or what another window has yet to save in it. Settles what becomes of a text that its encoding can't hold. False
+    // when the author, asked, wants no save now.
     [[nodiscard]] bool MaySave(const QString& path);
 
     // What a look at the document's file found. A text without edits follows its file; anything else is kept for a
@@ -71,6 +75,8 @@ private:
 
     FileLook outside_;    // what something else did to the file, until the author has decided
     bool asked_ = false;  // about that
+    EncodingQuestion encodingQuestion_;
+    std::optional<EncodedText> settled_;  // what MaySave has settled to write
 };
 
 }  // namespace vellum
