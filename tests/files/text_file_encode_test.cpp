@@ -124,6 +124,13 @@ TEST(EncodeAsUtf8, TakesEveryText) {
     EXPECT_EQ(encoded.format.Description(), "UTF-8, LF");
 }
 
+TEST(EncodeAsUtf8, LeavesOutHalfAUnitOfUtf16) {
+    TextFormat format;
+    format.encoding = "UTF-16LE";
+    format.oddByte = "x";
+    EXPECT_EQ(EncodeAsUtf8(u"a\u00E9", {}, format).bytes, "a\xC3\xA9");
+}
+
 // Whatever a person writes into a document, what was saved is what is read again.
 TEST(EncodeText, WritesWhatIsReadBackAsTheSameText) {
     const QString texts[] = {u"<meta charset=iso-8859-1>\u00E9\u65E5"_qs,

@@ -118,6 +118,28 @@ TEST_F(EncodingQuestionTest, KeepWritesReferencesInTheTextToo) {
     EXPECT_TRUE(Surface().Text().contains(u"x&#128512;\u00E9</p>"));
 }
 
+TEST_F(EncodingQuestionTest, ReferencesAreAStepBetweenTheOthers) {
+    OpenPage(russian);
+    TypeAt("</p>", u"\u65E5"_qs);
+    QTest::keyClick(&Surface(), Qt::Key_Home);
+    TypeText(Surface(), "gone");
+    Trigger("mnuUndoItem");
+    prompts.choices = {"Keep KOI8-R"};
+    Trigger("mnuSaveregItem");
+    const QString first = Surface().Text();
+    ASSERT_TRUE(first.contains("&#26085;"));
+    Trigger("mnuRedoItem");
+    EXPECT_EQ(Surface().Text(), first) << "what was undone belongs to another text";
+
+    TypeText(Surface(), u"\u672C"_qs);
+    Trigger("mnuSaveregItem");
+    const QString second = Surface().Text();
+    ASSERT_TRUE(second.contains("&#26412;"));
+    TypeText(Surface(), "x");
+    Trigger("mnuUndoItem");
+    EXPECT_EQ(Surface().Text(), second) << "a letter after them is a step of its own";
+}
+
 TEST_F(EncodingQuestionTest, ReferencesAreNotOfferedWhereNoneIsRead) {
     OpenPage("<meta charset=koi8-r>\n<p>a</p>\n<script>b</script>\n");
     TypeAt("b</script>", u"\u65E5"_qs);
@@ -153,6 +175,17 @@ TEST_F(EncodingQuestionTest, ComesAgainWhenTheAnswerWillNotDo) {
     EXPECT_EQ(prompts.questions.size(), 2);
     EXPECT_EQ(prompts.captions, (QStringList{utf8, "Cancel"}));
     EXPECT_EQ(Bytes(path), "<meta charset=koi8-r>\n<p>&#26085;a</p>\n<!-- b -->\n");
+}
+
+TEST_F(EncodingQuestionTest, ComesAgainWhenReferencesWereChosenAndTheDeclarationIsGone) {
+    OpenPage(russian);
+    TypeAt("</p>", u"\u65E5"_qs);
+    prompts.choices = {"Keep KOI8-R"};
+    Trigger("mnuSaveregItem");
+    Surface().ReplaceRange({0, static_cast<int>(Surface().RawText().indexOf("<p>"))}, QString());
+    Trigger("mnuSaveregItem");
+    EXPECT_EQ(prompts.questions.size(), 2);
+    EXPECT_EQ(prompts.captions, (QStringList{utf8, "Cancel"}));
 }
 
 TEST_F(EncodingQuestionTest, APageThatDeclaresNothingGetsAMarkThatBrowsersBelieve) {
