@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editor/text_commands.h"
+#include "import/import_commands.h"
 #include "preview/external_browser.h"
 #include "shell/mdi_arrange.h"
 #include "shell/mdiform1.h"
@@ -61,6 +62,8 @@ template <int slot>
 inline constexpr Command openRecent{[](MDIform1& window) { window.Files().OpenRecent(slot); }};
 inline constexpr Command closePage{[](MDIform1& window) { window.documents.CloseActive(); }, Needs::Document};
 inline constexpr Command closeAllPages{[](MDIform1& window) { window.documents.CloseAll(); }, Needs::Document};
+inline constexpr Command importToNewFile{[](MDIform1& window) { ImportToNewFile(window); }};
+inline constexpr Command importToDocument{[](MDIform1& window) { ImportToDocument(window); }, Needs::Document};
 inline constexpr Command savePage{[](MDIform1& window) { window.Files().Save(); }, Needs::Document};
 inline constexpr Command savePageAs{[](MDIform1& window) { window.Files().SaveAs(); }, Needs::Document};
 inline constexpr Command printPage{[](MDIform1& window) { window.Files().Print(); }, Needs::Document};
