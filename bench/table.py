@@ -20,6 +20,8 @@ RATIOS = [
     ("A key typed in 10 MB, against one that isn't kept", "TypeInText/10", "TypeInTextUnkept/10", "median_ms", 1.1),
     ("A key typed in 10 MB, against QScintilla", "TypeInText/10", "TypeInTextInScintilla/10", "median_ms", 1),
     ("A key typed in a tag, against QScintilla", "TypeInTag/10", "TypeInTagInScintilla/10", "median_ms", 1),
+    ("RTF of 5 MB to markup, against unrtf", "ImportRtf/5", "ImportRtfByUnrtf/5", "real_time", 0.2),
+    ("Text of an RTF of 10 MB to markup, against 1 MB", "ConvertRich/10", "ConvertRich/1", "real_time", 12),
     ("Read the XHTML type, against an XML parser", "ReadXhtmlDtd", "ParseXhtmlDtdByLibxml2", "real_time", 1),
 ]
 
@@ -33,6 +35,7 @@ LIMITS = [
     ("A snapshot after typing in 10 MB", "SnapshotAfterTyping/10", "real_time", "ms", 1),
     ("One step back in 10 MB", "UndoOneLine/10", "real_time", "ms", 20),
     ("Full stacks of undo and redo in 10 MB", "FullHistory/10", "percent_of_heap", "% of the text", 5),
+    ("Memory for the markup of an RTF of 5 MB", "ImportRtf/5", "times_of_file", "times the file", 12),
     ("The reference tree with every type", "FillReferenceTree", "real_time", "ms", 150),
 ]
 
