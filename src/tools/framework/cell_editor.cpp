@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
@@ -9,6 +10,7 @@
 #include <QTableWidget>
 
 #include <limits>
+#include <utility>
 
 namespace vellum {
 
@@ -47,10 +49,21 @@ void CellEditor::Load() {
         setText(cell.data().toString());
     }
     Place();
+    ShowColors();
     if (!cell.isValid()) return;
     const QString column = grid_->model()->headerData(cell.column(), Qt::Horizontal).toString();
     setAccessibleName(tr("%1, row %2").arg(column).arg(cell.row() + 1));
     if (hasFocus() || grid_->hasFocus()) TakeKeyboard();
+}
+
+void CellEditor::ShowColors() {
+    const QModelIndex cell = grid_->currentIndex();
+    QPalette colors;  // what it doesn't set is the grid's
+    for (const auto& [from, to] :
+         {std::pair{Qt::ForegroundRole, QPalette::Text}, {Qt::BackgroundRole, QPalette::Base}}) {
+        if (const QVariant color = cell.data(from); color.isValid()) colors.setBrush(to, color.value<QBrush>());
+    }
+    setPalette(colors);
 }
 
 void CellEditor::TakeKeyboard() {
@@ -89,6 +102,14 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
     const bool leaves = (event->modifiers() & Qt::ControlModifier) != 0 || below == grid_->rowCount();
     if (leaves) return PressDefaultButton();
     Enter(below, grid_->currentColumn());
+}
+
+void CellEditor::mousePressEvent(QMouseEvent* event) {
+    const bool extends = (event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != 0;
+    if (!extends) {
+        grid_->selectionModel()->setCurrentIndex(grid_->currentIndex(), QItemSelectionModel::ClearAndSelect);
+    }
+    QLineEdit::mousePressEvent(event);
 }
 
 // A field without a frame would leave an empty cell looking like any other.

@@ -17,7 +17,10 @@ namespace vellum {
 //
 // On entering, the field takes the cell's text, all of it selected, and the keyboard, which it leaves alone when code
 // has changed the current cell while the keyboard was elsewhere. Each change goes back into the cell at once, and into
-// the other selected cells when the current one is among them. Without a current cell the field is hidden.
+// the other selected cells when the current one is among them. A press on the field selects its cell alone, as one on
+// any other cell does; with Shift or Ctrl it leaves the selection. Without a current cell the field is hidden.
+//
+// The field has the colours of its cell.
 class CellEditor : public QLineEdit {
     Q_OBJECT
 public:
@@ -26,11 +29,14 @@ public:
 
     // Makes a cell current and gives the field the keyboard.
     void Enter(int row, int column);
+    // After code has changed the colours of the current cell.
+    void ShowColors();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 

@@ -5,12 +5,58 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 #include <algorithm>
+#include <numeric>
 
 namespace vellum {
+namespace {
+
+constexpr int gridWidth = 52;  // in characters
+
+// Shades selected cells, so that their colours show through.
+class ShadedSelection : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        painter->fillRect(option.rect, option.palette.base());  // the grid has filled it as selected
+        QStyleOptionViewItem unselected = option;
+        unselected.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+        QStyledItemDelegate::paint(painter, unselected, index);
+        if ((option.state & QStyle::State_Selected) == 0) return;
+        constexpr int opacity = 90;
+        QColor shade = option.palette.color(QPalette::Highlight);
+        shade.setAlpha(opacity);
+        painter->fillRect(option.rect, shade);
+    }
+};
+
+ColorNumber ColorOf(const QModelIndex& cell) {
+    const QVariant color = cell.data(Qt::ForegroundRole);
+    return color.isValid() ? NumberFromColor(color.value<QBrush>().color()) : 0;
+}
+
+// Dark below a light text, else none of its own.
+QVariant BackgroundFor(const QColor& text) {
+    constexpr int light = 120;
+    constexpr QRgb dark = 0x202020;
+    return qGray(text.rgb()) > light ? QBrush(QColor(dark)) : QVariant();
+}
+
+// In any theme, as the page has no other colours than those that the author picks.
+void TakePageColors(QWidget& grid) {
+    QPalette page = grid.palette();
+    page.setColor(QPalette::Base, Qt::white);
+    page.setColor(QPalette::Text, Qt::black);
+    grid.setPalette(page);
+}
+
+}  // namespace
 
 TextGrid::TextGrid(const GridParts& parts, QWidget* parent)
     : QWidget(parent), grid_(new QTableWidget(0, static_cast<int>(parts.titles.size()))) {
@@ -27,20 +73,20 @@ TextGrid::TextGrid(const GridParts& parts, QWidget* parent)
 }
 
 void TextGrid::SetUpGrid(const GridParts& parts) {
-    constexpr int gridWidth = 52;  // in characters
-    constexpr int shownRows = 7;   // with the header
+    constexpr int shownRows = 7;  // with the header
     grid_->setObjectName(parts.grid);
     grid_->setAccessibleName(parts.titles.join(QStringLiteral(", ")));
     grid_->setHorizontalHeaderLabels(parts.titles);
-    grid_->setSelectionMode(QAbstractItemView::SingleSelection);
+    grid_->setSelectionMode(parts.several ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
+    if (parts.several) grid_->setItemDelegate(new ShadedSelection(grid_));
     grid_->verticalHeader()->hide();
-    const auto* const editor = new CellEditor(grid_, parts.editor);
+    editor_ = new CellEditor(grid_, parts.editor);
     QHeaderView* const header = grid_->horizontalHeader();
     header->setDefaultSectionSize(gridWidth * fontMetrics().averageCharWidth() / grid_->columnCount());
     header->setStretchLastSection(true);
     header->setSectionsClickable(false);
     header->setHighlightSections(false);
-    const int lineHeight = editor->sizeHint().height();
+    const int lineHeight = editor_->sizeHint().height();
     grid_->setMinimumSize(grid_->columnCount() * header->defaultSectionSize() + lineHeight, shownRows * lineHeight);
     setFocusProxy(grid_);
 }
@@ -86,6 +132,44 @@ void TextGrid::SetRows(const GridRows& rows) {
         for (int column = 0; const QString& text : texts) grid_->setItem(row, column++, new QTableWidgetItem(text));
         ++row;
     }
+}
+
+void TextGrid::SetColumns(const QStringList& titles, const QList<int>& shares) {
+    grid_->setColumnCount(static_cast<int>(titles.size()));
+    grid_->setHorizontalHeaderLabels(titles);
+    grid_->setAccessibleName(titles.join(QStringLiteral(", ")));
+    const int whole = std::max(std::accumulate(shares.begin(), shares.end(), 0), 1);
+    for (int column = 0; const int share : shares) {
+        grid_->setColumnWidth(column++, gridWidth * fontMetrics().averageCharWidth() * share / whole);
+    }
+    emit Changed(Rows());
+}
+
+GridColors TextGrid::Colors() const {
+    GridColors colors(static_cast<std::size_t>(grid_->rowCount()));
+    const QAbstractItemModel* const cells = grid_->model();
+    for (int row = 0; std::vector<ColorNumber> & line : colors) {
+        for (int column = 0; column < cells->columnCount(); ++column)
+            line.push_back(ColorOf(cells->index(row, column)));
+        ++row;
+    }
+    return colors;
+}
+
+ColorNumber TextGrid::CurrentColor() const {
+    return ColorOf(grid_->currentIndex());
+}
+
+void TextGrid::ColorSelection(ColorNumber color) {
+    TakePageColors(*grid_);
+    const QColor shown = ColorFromNumber(color);
+    QModelIndexList cells = grid_->selectionModel()->selectedIndexes();
+    if (cells.isEmpty()) cells << grid_->currentIndex();
+    for (const QModelIndex& cell : cells) {
+        grid_->model()->setData(cell, QBrush(shown), Qt::ForegroundRole);
+        grid_->model()->setData(cell, BackgroundFor(shown), Qt::BackgroundRole);
+    }
+    editor_->ShowColors();
 }
 
 }  // namespace vellum

@@ -219,6 +219,33 @@ TEST_F(CellEditors, WriteIntoTheWholeSelectionButLoadFromOneCell) {
     EXPECT_EQ(Cell(0, 1), "01");
 }
 
+TEST_F(CellEditors, SelectTheirCellAloneByAPress) {
+    ClickCell(0, 0);
+    const QPoint other = grid.visualRect(grid.model()->index(1, 0)).center();
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::ControlModifier, other);
+    QTest::mouseClick(editor, Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 2);
+    QTest::mouseClick(editor, Qt::LeftButton);
+    editor->clear();
+    EXPECT_EQ(Cell(0, 0), "00");
+    EXPECT_EQ(Cell(1, 0), "");
+}
+
+TEST_F(CellEditors, HaveTheColorsOfTheirCell) {
+    grid.item(1, 0)->setForeground(Qt::red);
+    grid.item(1, 0)->setBackground(Qt::yellow);
+    const QPalette plain = editor->palette();
+    ClickCell(1, 0);
+    EXPECT_EQ(editor->palette().color(QPalette::Text), QColor(Qt::red));
+    EXPECT_EQ(editor->palette().color(QPalette::Base), QColor(Qt::yellow));
+    grid.item(1, 0)->setForeground(Qt::blue);
+    editor->ShowColors();
+    EXPECT_EQ(editor->palette().color(QPalette::Text), QColor(Qt::blue));
+    ClickCell(0, 0);
+    EXPECT_EQ(editor->palette().color(QPalette::Text), plain.color(QPalette::Text));
+    EXPECT_EQ(editor->palette().color(QPalette::Base), plain.color(QPalette::Base));
+}
+
 TEST_F(CellEditors, TellTheirCellToAScreenReader) {
     ClickCell(1, 1);
     EXPECT_EQ(editor->accessibleName(), "Value, row 2");

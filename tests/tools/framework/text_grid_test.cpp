@@ -81,6 +81,38 @@ TEST_F(TextGrids, AddEmptyRowsAndTakeTheLastAwayDownToOne) {
     EXPECT_EQ(told.back(), (GridRows{{"a", "b", "c"}, {"", "", ""}})) << "a row that went has left nothing";
 }
 
+TEST_F(TextGrids, ForgetTheCellsOfColumnsThatGo) {
+    grid->SetColumns({"Left", "Right"}, {1, 3});
+    EXPECT_EQ(grid->Rows(), (GridRows{{"a", "b"}, {"d", "e"}}));
+    EXPECT_EQ(told.back(), grid->Rows());
+    EXPECT_EQ(Table().horizontalHeaderItem(1)->text(), "Right");
+    EXPECT_EQ(Table().accessibleName(), "Left, Right");
+    EXPECT_LT(Table().columnWidth(0) * 2, Table().columnWidth(1));
+    grid->SetColumns({"One", "Two", "Three"}, {1, 1, 1});
+    EXPECT_EQ(grid->Rows(), (GridRows{{"a", "b", ""}, {"d", "e", ""}}));
+}
+
+TEST_F(TextGrids, SelectOneCellAtATimeUnlessToldOtherwise) {
+    ClickCell(0, 0);
+    QTest::mouseClick(Table().viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                      Table().visualRect(Table().model()->index(1, 0)).center());
+    EXPECT_EQ(Table().selectionModel()->selectedIndexes().size(), 1);
+}
+
+TEST_F(TextGrids, ColorTheSelectionOrTheCurrentCell) {
+    EXPECT_EQ(grid->Colors(), (GridColors{{0, 0, 0}, {0, 0, 0}}));
+    ClickCell(1, 1);
+    grid->ColorSelection(0x0080FF);
+    EXPECT_EQ(grid->CurrentColor(), 0x0080FFU);
+    Table().clearSelection();
+    grid->ColorSelection(0x000001);
+    EXPECT_EQ(grid->Colors(), (GridColors{{0, 0, 0}, {0, 0x000001, 0}}));
+    ClickCell(0, 0);
+    EXPECT_EQ(grid->CurrentColor(), 0U);
+    grid->SetColumns({"One"}, {1});
+    EXPECT_EQ(grid->Colors(), (GridColors{{0}, {0}}));
+}
+
 TEST_F(TextGrids, AreWalkedThroughByTheKeyboard) {
     grid->setFocus();
     QTest::keyClicks(form.focusWidget(), "1");
