@@ -11,6 +11,7 @@
 #include "tools/frames/form_wizard.h"
 #include "tools/frames/frm_iframe.h"
 #include "tools/links/frm_anchors.h"
+#include "tools/lists/frm_lists.h"
 #include "tools/media/frm_graphics.h"
 #include "tools/media/frm_sound.h"
 #include "tools/pages/new_wizards.h"
@@ -117,7 +118,7 @@ inline constexpr Command inlineStyle = later;
 inline constexpr Command inTagScript = later;
 inline constexpr Command inTagStyle = later;
 inline constexpr Command applet = Open<frmApplet>();
-inline constexpr Command listBuilder = later;
+inline constexpr Command listBuilder = Open<frmLists>();
 inline constexpr Command marquee = later;
 inline constexpr Command object = later;
 inline constexpr Command paragraphBuilder = later;

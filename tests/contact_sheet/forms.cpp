@@ -10,6 +10,7 @@
 #include "tools/frames/frame_page.h"
 #include "tools/frames/frm_iframe.h"
 #include "tools/links/frm_anchors.h"
+#include "tools/lists/frm_lists.h"
 #include "tools/media/frm_graphics.h"
 #include "tools/media/frm_sound.h"
 #include "tools/pages/new_wizards.h"
@@ -26,6 +27,8 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
 #include <QTest>
 
 namespace vellum::contact_sheet {
@@ -57,6 +60,25 @@ std::unique_ptr<QWidget> MakeFrames(Stage& stage) {
     grid->parentWidget()->template findChild<QPushButton*>()->click();  // the "+" of that line
     emit grid->Chosen(1);
     return page;
+}
+
+// Of terms with their definitions, some of them in colours.
+std::unique_ptr<QWidget> MakeDefinitions(Stage& stage) {
+    stage.bench.prompts.colors = {0x0000A0, 0x008000, 0x00E0FF};
+    auto form = std::make_unique<frmLists>(stage.bench);
+    form->findChild<QRadioButton*>("Option1")->click();
+    auto* const grid = form->findChild<QTableWidget*>("Grid1");
+    const std::pair<const char*, const char*> rows[] = {
+        {"vellum", "made of calfskin"}, {"parchment", "made of sheepskin"}, {"papyrus", "made of reed"}};
+    for (int row = 0; const auto& [term, definition] : rows) {
+        if (row > 0) form->findChild<QPushButton*>("cmdPlus")->click();
+        grid->model()->setData(grid->model()->index(row, 0), term);
+        grid->model()->setData(grid->model()->index(row, 1), definition);
+        grid->setCurrentCell(row++, 0);
+        form->findChild<QPushButton*>("Command3")->click();
+    }
+    grid->setRangeSelected({0, 1, 1, 1}, true);
+    return form;
 }
 
 // Without the tips, which would wait for an answer.
@@ -117,6 +139,8 @@ const std::vector<Form>& Forms() {
         {"HRule", Make<HRule>},
         {"frmFonts", Make<frmFonts>},
         {"frmParam", Make<frmParam>},
+        {"frmLists", Make<frmLists>},
+        {"frmLists, definitions", MakeDefinitions},
         {"ASP", Make<ASP>},
         {"frmGraphics", Make<frmGraphics>},
         {"KitSample", Make<KitSample>},

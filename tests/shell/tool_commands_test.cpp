@@ -29,6 +29,8 @@ const Opened tools[] = {
     {"mnuImageItem", "frmGraphics", "vrml", "<img vrml=\"\" />"},
     {"mnuAppletItem", "frmApplet", "C",
      "<applet name=\"\" codebase=\"\" code=\"C\" width=\"100\" height=\"100\" hspace=\"100\" vspace=\"100\"></applet>"},
+    {"mnuListBuilderItem", "frmLists", "i",
+     "<!-- Begin List -->\r\n<ol start=\"1\" type=\"1\">\r\n<li>i</li>\r\n</ol>\r\n<!-- End List -->"},
     {"mnuParameterItem", "frmParam", "n", "<param name=\"n\" value=\"\" />\r\n"},
 };
 
@@ -74,11 +76,16 @@ TEST_F(ToolCommands, EscLeavesTheTextAndItsSelection) {
 
 TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
     Open();
-    const QMap<QString, QString> forms{{"Anchor", "frmAnchors"},       {"Image", "frmGraphics"},
-                                       {"Font", "frmFonts"},           {"Sound", "frmSound"},
-                                       {"Java Applet", "frmApplet"},   {"Floating Frame", "frmIFrame"},
-                                       {"Parameter Tags", "frmParam"}, {"ASP", "ASP"},
-                                       {"Frame Builder", "FormWizard"}};
+    const QMap<QString, QString> forms{{"Anchor", "frmAnchors"},
+                                       {"Image", "frmGraphics"},
+                                       {"Font", "frmFonts"},
+                                       {"Sound", "frmSound"},
+                                       {"Java Applet", "frmApplet"},
+                                       {"Floating Frame", "frmIFrame"},
+                                       {"Parameter Tags", "frmParam"},
+                                       {"ASP", "ASP"},
+                                       {"Frame Builder", "FormWizard"},
+                                       {"List Builder", "frmLists"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -89,7 +96,7 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 11) << "two of them stand on two popups";
+    EXPECT_EQ(opened.size(), 13) << "three of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
 }
 

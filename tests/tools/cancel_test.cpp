@@ -4,6 +4,7 @@
 #include "tools/frames/frame_page.h"
 #include "tools/frames/frm_iframe.h"
 #include "tools/links/frm_anchors.h"
+#include "tools/lists/frm_lists.h"
 #include "tools/media/frm_graphics.h"
 #include "tools/media/frm_sound.h"
 #include "tools/scripts/asp.h"
@@ -27,7 +28,8 @@ constexpr Leaving tools[] = {
     {"frmIFrame", ShowTool<frmIFrame>, false},     {"HRule", ShowTool<HRule>, false},
     {"frmParam", ShowTool<frmParam>, false},       {"ASP", ShowTool<ASP>, false},
     {"frmGraphics", ShowTool<frmGraphics>, false}, {"FormWizard", ShowTool<FormWizard>, false},
-    {"FormWizard2", ShowTool<FormWizard2>, true},  {"FormWizard3", ShowTool<FormWizard3>, true},
+    {"frmLists", ShowTool<frmLists>, false},       {"FormWizard2", ShowTool<FormWizard2>, true},
+    {"FormWizard3", ShowTool<FormWizard3>, true},
 };
 
 class CancelledTools : public ToolFixture {};
