@@ -14,6 +14,7 @@
 #include "tools/lists/frm_lists.h"
 #include "tools/media/frm_graphics.h"
 #include "tools/media/frm_sound.h"
+#include "tools/pages/frm_quick_start.h"
 #include "tools/pages/new_wizards.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
@@ -123,7 +124,7 @@ inline constexpr Command marquee = later;
 inline constexpr Command object = later;
 inline constexpr Command paragraphBuilder = later;
 inline constexpr Command parameters = Open<frmParam>();
-inline constexpr Command quickstart = later;
+inline constexpr Command quickstart = Open<frmQuickStart>();
 inline constexpr Command scriptTags = later;
 inline constexpr Command scriptingTools = later;
 inline constexpr Command searchEngines = later;

@@ -13,6 +13,7 @@
 #include "tools/lists/frm_lists.h"
 #include "tools/media/frm_graphics.h"
 #include "tools/media/frm_sound.h"
+#include "tools/pages/frm_quick_start.h"
 #include "tools/pages/new_wizards.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
@@ -21,6 +22,7 @@
 #include "tools/text/hrule.h"
 #include "website/propform.h"
 
+#include <QComboBox>
 #include <QFile>
 #include <QImage>
 #include <QLineEdit>
@@ -78,6 +80,15 @@ std::unique_ptr<QWidget> MakeDefinitions(Stage& stage) {
         form->findChild<QPushButton*>("Command3")->click();
     }
     grid->setRangeSelected({0, 1, 1, 1}, true);
+    return form;
+}
+
+// With colours of every lightness.
+std::unique_ptr<QWidget> MakeQuickStart(Stage& stage) {
+    auto form = std::make_unique<frmQuickStart>(stage.bench);
+    const std::pair<const char*, const char*> colors[] = {
+        {"Combo1", "WHITE"}, {"Combo2", "YELLOW"}, {"Combo3", "SILVER"}, {"Combo5", "LIME"}, {"Combo4", "NAVY"}};
+    for (const auto& [box, color] : colors) form->findChild<QComboBox*>(box)->setEditText(color);
     return form;
 }
 
@@ -143,6 +154,7 @@ const std::vector<Form>& Forms() {
         {"frmLists, definitions", MakeDefinitions},
         {"ASP", Make<ASP>},
         {"frmGraphics", Make<frmGraphics>},
+        {"frmQuickStart", MakeQuickStart},
         {"KitSample", Make<KitSample>},
         {"propform", MakeProperties},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},

@@ -31,6 +31,10 @@ const Opened tools[] = {
      "<applet name=\"\" codebase=\"\" code=\"C\" width=\"100\" height=\"100\" hspace=\"100\" vspace=\"100\"></applet>"},
     {"mnuListBuilderItem", "frmLists", "i",
      "<!-- Begin List -->\r\n<ol start=\"1\" type=\"1\">\r\n<li>i</li>\r\n</ol>\r\n<!-- End List -->"},
+    {"mnuQuickstartItem", "frmQuickStart", "T",
+     "<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Transitional//EN\" \"DTD/xhtml1-transitional.dtd\">\r\n"
+     "<html xmlns=\"http://www.w3.org/1999/xhtml\">\r\n<head>\r\n<title>T</title>\r\n</head>\r\n<body>\r\n"
+     "\r\n\r\n</body>\r\n</html>"},
     {"mnuParameterItem", "frmParam", "n", "<param name=\"n\" value=\"\" />\r\n"},
 };
 
@@ -85,7 +89,8 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
                                        {"Parameter Tags", "frmParam"},
                                        {"ASP", "ASP"},
                                        {"Frame Builder", "FormWizard"},
-                                       {"List Builder", "frmLists"}};
+                                       {"List Builder", "frmLists"},
+                                       {"Quickstart", "frmQuickStart"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -96,7 +101,7 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 13) << "three of them stand on two popups";
+    EXPECT_EQ(opened.size(), 14) << "three of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
 }
 

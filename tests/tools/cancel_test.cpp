@@ -7,6 +7,7 @@
 #include "tools/lists/frm_lists.h"
 #include "tools/media/frm_graphics.h"
 #include "tools/media/frm_sound.h"
+#include "tools/pages/frm_quick_start.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
 #include "tools/scripts/frm_param.h"
@@ -28,8 +29,8 @@ constexpr Leaving tools[] = {
     {"frmIFrame", ShowTool<frmIFrame>, false},     {"HRule", ShowTool<HRule>, false},
     {"frmParam", ShowTool<frmParam>, false},       {"ASP", ShowTool<ASP>, false},
     {"frmGraphics", ShowTool<frmGraphics>, false}, {"FormWizard", ShowTool<FormWizard>, false},
-    {"frmLists", ShowTool<frmLists>, false},       {"FormWizard2", ShowTool<FormWizard2>, true},
-    {"FormWizard3", ShowTool<FormWizard3>, true},
+    {"frmLists", ShowTool<frmLists>, false},       {"frmQuickStart", ShowTool<frmQuickStart>, false},
+    {"FormWizard2", ShowTool<FormWizard2>, true},  {"FormWizard3", ShowTool<FormWizard3>, true},
 };
 
 class CancelledTools : public ToolFixture {};

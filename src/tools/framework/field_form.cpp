@@ -34,9 +34,10 @@ Widget* Named(const QString& name, Arguments&&... arguments) {
     return widget;
 }
 
-// The button beside a field has the field's name, with the first three letters of its own kind.
+// The button beside a field has the field's name, with the letters of its own kind in place of the field's.
 QString ButtonName(const QString& fieldName) {
-    return QStringLiteral("cmd") + fieldName.mid(3);
+    const bool lettered = fieldName.startsWith(QLatin1String("cbo")) || fieldName.startsWith(QLatin1String("txt"));
+    return QStringLiteral("cmd") + (lettered ? fieldName.mid(3) : fieldName);
 }
 
 }  // namespace
@@ -111,12 +112,15 @@ QComboBox* FieldForm::AddCombo(QString& field, const QString& name, const QStrin
 }
 
 QComboBox* FieldForm::AddColor(QString& field, const QString& name, const QString& caption, const QString& button,
-                               ColorStart start) {
+                               ColorStart start, const std::function<void(ColorNumber color)>& chosen) {
     QComboBox* const box = AddCombo(field, name, caption, ColorNames());
     Beside();
-    const auto choose = [this, &field, box, start] {
+    const auto choose = [this, &field, box, start, chosen] {
         const ColorNumber first = start == ColorStart::Field ? ColorFromText(field).value_or(0) : 0;
-        if (const auto color = bench_.Ask().PickColor(this, first)) box->setEditText(ColorToHex(*color));
+        const auto color = bench_.Ask().PickColor(this, first);
+        if (!color) return;
+        box->setEditText(ColorToHex(*color));
+        if (chosen) chosen(*color);
     };
     AddButton(ButtonName(name), button, choose)->setToolTip(tr("Opens the color dialog"));
     return box;

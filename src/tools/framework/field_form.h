@@ -43,11 +43,13 @@ protected:
     QLineEdit* AddText(QString& field, const QString& name, const QString& caption = {});
     // An editable box: takes any text beside its values.
     QComboBox* AddCombo(QString& field, const QString& name, const QString& caption, const QStringList& values);
-    // A box of the colour names with a button, named `cmd` instead of `cbo`, that fills it by the colour dialog.
+    // A box of the colour names with a button, named `cmd` instead of `cbo` or before it, that fills it by the colour
+    // dialog. `chosen` gets the dialog's colour afterwards.
     QComboBox* AddColor(QString& field, const QString& name, const QString& caption, const QString& button,
-                        ColorStart start = ColorStart::Black);
-    // A text with a button, named `cmd` instead of `txt`, that puts the bare name of a picked file into it. `chosen`
-    // gets the full path afterwards.
+                        ColorStart start = ColorStart::Black,
+                        const std::function<void(ColorNumber color)>& chosen = {});
+    // A text with a button, named `cmd` instead of `txt` or before it, that puts the bare name of a picked file into
+    // it. `chosen` gets the full path afterwards.
     QLineEdit* AddFile(QString& field, const QString& name, const QString& caption, const QString& button,
                        const QString& filter, const std::function<void(const QString& path)>& chosen = {});
     QCheckBox* AddCheck(bool& field, const QString& name, const QString& caption);

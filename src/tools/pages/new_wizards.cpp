@@ -4,6 +4,7 @@
 #include "editor/workbench.h"
 #include "tools/frames/form_wizard.h"
 #include "tools/framework/access_keys.h"
+#include "tools/pages/frm_quick_start.h"
 #include "tools/pages/page_skeletons.h"
 #include "widgets/icons.h"
 
@@ -44,7 +45,7 @@ struct Choice {
 
 constexpr std::array<Choice, 9> choices{{
     {"Blank Document", "blank-document", nullptr},
-    {"Quickstart Wizard", "quickstart", nullptr},
+    {"Quickstart Wizard", "quickstart", ShowTool<frmQuickStart>},
     {"Resume Wizard", "resume", nullptr},
     {"Frame Builder", "frames", StartFrameset},
     {"Slide Show Wizard", "slide-show", nullptr},

@@ -9,17 +9,17 @@ namespace {
 
 constexpr QLatin1String lineEnd("\r\n");
 
-QString NameSpace() {
+}  // namespace
+
+QString NameSpaceAttribute() {
     return Attribute("xmlns", "http://www.w3.org/1999/xhtml");
 }
-
-}  // namespace
 
 QString FramesetSkeleton() {
     return QStringList{
         R"(<!DOCTYPE html PUBLIC "-//W3C//DTD XHTML 1.0 Frameset//EN" "DTD/xhtml1-frameset.dtd">)",
-        "<html" + NameSpace() + ">",
-        "<head" + NameSpace() + ">",
+        "<html" + NameSpaceAttribute() + ">",
+        "<head" + NameSpaceAttribute() + ">",
         "<title>Title Goes Here</title>",
         "</head>",
         "",
@@ -36,7 +36,7 @@ QString FramesetSkeleton() {
 QString StructuralSkeleton() {
     return QStringList{
         R"(<!DOCTYPE html PUBLIC "-//W3C//DTD XHTML 1.0 Transitional//EN" "DTD/xhtml1-transitional.dtd">)",
-        "<html" + NameSpace() + ">",
+        "<html" + NameSpaceAttribute() + ">",
         "<head>",
         "<title></title>",
         "</head>",

@@ -1,4 +1,4 @@
-// The pages that two choices of the New dialog start with.
+// The pages that two choices of the New dialog start with, and what all generated pages share.
 #pragma once
 
 #include <QString>
@@ -13,5 +13,8 @@ inline constexpr int framesetFromEnd = 34;
 
 // The tags that every page has.
 [[nodiscard]] QString StructuralSkeleton();
+
+// What the html element of a page has: the namespace of XHTML 1.0, as an attribute with a blank before it.
+[[nodiscard]] QString NameSpaceAttribute();
 
 }  // namespace vellum

@@ -3,6 +3,7 @@
 #include "tests/tools/tool_fixture.h"
 #include "tools/frames/form_wizard.h"
 #include "tools/frames/frame_page.h"
+#include "tools/pages/frm_quick_start.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -200,12 +201,29 @@ TEST_F(NewDialog, CancelOpensNothing) {
 // The wizards of some choices are still to come, and those open a blank document too.
 TEST_F(NewDialog, OpensABlankDocument) {
     int opened = 0;
-    for (const int index : {0, 1, 2, 4, 6, 7, 8}) {
+    for (const int index : {0, 2, 4, 6, 7, 8}) {
         Pick(index);
         ASSERT_EQ(opening.made.size(), ++opened) << index;
         EXPECT_EQ(opening.made.last()->Text1->Text(), "") << index;
     }
     EXPECT_TRUE(opening.prompts.messages.isEmpty());
+}
+
+TEST_F(NewDialog, StartsThePageWithQuickStart) {
+    InModal<frmQuickStart>([this] { Pick(1); },
+                           [](frmQuickStart& tool) {
+                               QTest::keyClicks(tool.focusWidget(), "Vellum");
+                               QTest::keyClick(tool.focusWidget(), Qt::Key_Return);
+                           });
+    ASSERT_EQ(opening.made.size(), 1);
+    EXPECT_EQ(opening.made.last()->Text1->Text(), QuickStartMarkup({.title = "Vellum"}));
+    EXPECT_EQ(Text(), "") << "the document that was open before";
+}
+
+TEST_F(NewDialog, LeavesABlankDocumentWhenQuickStartIsCancelled) {
+    InModal<frmQuickStart>([this] { Pick(1); }, [](frmQuickStart& tool) { Click(tool, "cmdCancel"); });
+    ASSERT_EQ(opening.made.size(), 1);
+    EXPECT_EQ(opening.made.last()->Text1->Text(), "");
 }
 
 TEST_F(NewDialog, WritesTheStructuralTags) {
