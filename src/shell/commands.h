@@ -62,6 +62,7 @@ inline constexpr Command newPage{[](MDIform1& window) { ShowNewWizards(window); 
 inline constexpr Command openPages{[](MDIform1& window) { window.Files().Open(); }};
 template <int slot>
 inline constexpr Command openRecent{[](MDIform1& window) { window.Files().OpenRecent(slot); }};
+inline constexpr Command openFromInternet{[](MDIform1& window) { window.Internet().Open(); }};
 inline constexpr Command closePage{[](MDIform1& window) { window.documents.CloseActive(); }, Needs::Document};
 inline constexpr Command closeAllPages{[](MDIform1& window) { window.documents.CloseAll(); }, Needs::Document};
 inline constexpr Command importToNewFile{[](MDIform1& window) { ImportToNewFile(window); }};

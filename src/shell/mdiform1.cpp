@@ -71,6 +71,7 @@ MDIform1::MDIform1(SettingsStore& settings, Prompts& prompts, RecoveryStore& rec
       settings_(settings),
       prompts_(prompts),
       files_(*this, documents),
+      internet_(*this, documents),
       recovery_(recovery, *this),
       outside_(documents, *this),
       website_(new WebsiteCommands(*this, *Picture11, MakeFileTools(*this))),

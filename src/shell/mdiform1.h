@@ -4,6 +4,7 @@
 #include "editor/reference_tree.h"
 #include "editor/workbench.h"
 #include "shell/file_commands.h"
+#include "shell/internet_pages.h"
 #include "shell/main_regions.h"
 #include "shell/open_documents.h"
 #include "shell/outside_changes.h"
@@ -58,6 +59,7 @@ public:
     // What the commands work on.
     OpenDocuments documents;
     [[nodiscard]] FileCommands& Files() { return files_; }
+    [[nodiscard]] InternetPages& Internet() { return internet_; }
     [[nodiscard]] WebsiteCommands& Website() { return *website_; }
 
     virtual void startup();  // the tips, when the author wants them
@@ -84,6 +86,7 @@ private:
     SettingsStore& settings_;
     Prompts& prompts_;
     FileCommands files_;
+    InternetPages internet_;
     RecoveryKeeper recovery_;
     OutsideChanges outside_;
     WebsiteCommands* website_ = nullptr;  // the panel owns it

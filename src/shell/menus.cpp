@@ -33,7 +33,7 @@ constexpr MenuEntry table[] = {
     {0, "mnuFile", "&File"},
     {1, "mnuNewItem", "&New...", newPage, "Ctrl+N"},
     {1, "mnuOpenItem", "&Open...", openPages, "Ctrl+O"},
-    {1, "mnuInternetItem", "Open From Internet...", later},
+    {1, "mnuInternetItem", "Open From Internet...", openFromInternet},
     {1, "mnuRecentFile", "Open &Recent File"},
     {2, "mnuRecents(0)", "", openRecent<0>},
     {2, "mnuRecents(1)", "", openRecent<1>},

@@ -34,6 +34,10 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
         } else {
             panel->setMinimumWidth(panel->fontMetrics().horizontalAdvance(designs.at(i).sample) + 8);
         }
+        // What they tell counts above all while the window takes no input.
+        QPalette colors = panel->palette();
+        colors.setColor(QPalette::Disabled, QPalette::WindowText, colors.color(QPalette::Active, QPalette::WindowText));
+        panel->setPalette(colors);
         panels_.at(i) = panel;
         addWidget(panel, stretches ? 1 : 0);
     }
