@@ -20,6 +20,7 @@
 #include "tools/scripts/frm_applet.h"
 #include "tools/scripts/frm_param.h"
 #include "tools/text/frm_fonts.h"
+#include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
 #include "website/website_commands.h"
 
@@ -123,7 +124,7 @@ inline constexpr Command applet = Open<frmApplet>();
 inline constexpr Command listBuilder = Open<frmLists>();
 inline constexpr Command marquee = later;
 inline constexpr Command object = later;
-inline constexpr Command paragraphBuilder = later;
+inline constexpr Command paragraphBuilder = Open<frmParagraphs>();
 inline constexpr Command parameters = Open<frmParam>();
 inline constexpr Command quickstart = Open<frmQuickStart>();
 inline constexpr Command scriptTags = later;

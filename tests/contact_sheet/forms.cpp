@@ -19,6 +19,7 @@
 #include "tools/scripts/frm_applet.h"
 #include "tools/scripts/frm_param.h"
 #include "tools/text/frm_fonts.h"
+#include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
 #include "website/propform.h"
 
@@ -80,6 +81,23 @@ std::unique_ptr<QWidget> MakeDefinitions(Stage& stage) {
         form->findChild<QPushButton*>("Command3")->click();
     }
     grid->setRangeSelected({0, 1, 1, 1}, true);
+    return form;
+}
+
+// With something of everything.
+std::unique_ptr<QWidget> MakeParagraphs(Stage& stage) {
+    RichText rich;
+    rich.text = "Vellum\r\nVellum is prepared from animal skin.\r\ncalf\r\nlamb\r\nstruck and underlined";
+    rich.fonts = {"DejaVu Serif", "DejaVu Sans"};
+    rich.runs = {{.offset = 0, .format = {.halfPoints = 48, .color = 0x2060C0, .bold = true}},
+                 {.offset = 8, .format = {.font = 1}},
+                 {.offset = 27, .format = {.font = 1, .italic = true}},
+                 {.offset = 45, .format = {.font = 1}},
+                 {.offset = 57, .format = {.font = 1, .strike = true}},
+                 {.offset = 64, .format = {.font = 1, .underline = true}}};
+    rich.paragraphs = {{.alignment = RichAlignment::Center}, {}, {.bullet = true}, {.bullet = true}, {}};
+    auto form = std::make_unique<frmParagraphs>(stage.bench);
+    form->findChild<RichSurface*>("Text1")->SetContent(rich);
     return form;
 }
 
@@ -155,6 +173,7 @@ const std::vector<Form>& Forms() {
         {"ASP", Make<ASP>},
         {"frmGraphics", Make<frmGraphics>},
         {"frmQuickStart", MakeQuickStart},
+        {"frmParagraphs", MakeParagraphs},
         {"KitSample", Make<KitSample>},
         {"propform", MakeProperties},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},

@@ -17,6 +17,7 @@ struct Opened {
     const char* form;
     const char* typed;
     const char* markup;
+    Qt::KeyboardModifier with = Qt::NoModifier;  // of the Enter key that is its OK
 };
 
 const Opened tools[] = {
@@ -35,6 +36,12 @@ const Opened tools[] = {
      "<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Transitional//EN\" \"DTD/xhtml1-transitional.dtd\">\r\n"
      "<html xmlns=\"http://www.w3.org/1999/xhtml\">\r\n<head>\r\n<title>T</title>\r\n</head>\r\n<body>\r\n"
      "\r\n\r\n</body>\r\n</html>"},
+    {"mnuParagraphItem", "frmParagraphs", "p",
+     "<!-- Begin Paragraph -->\r\n<p>\r\n"
+     "<span style=\"font-weight: normal; font-style: normal; text-decoration: normal;\">\r\n"
+     "<div style=\"text-align: left; font-size: 12pt; font-family: Times New Roman; color: #000000;\">\r\n"
+     "<span>p</span>\r\n</div>\r\n</span>\r\n</p>\r\n<!-- End Paragraph -->",
+     Qt::ControlModifier},
     {"mnuParameterItem", "frmParam", "n", "<param name=\"n\" value=\"\" />\r\n"},
 };
 
@@ -55,7 +62,7 @@ TEST_F(ToolCommands, AnItemOpensItsToolAndTheKeyboardDoesTheRest) {
                             [&](ToolDialog& form) {
                                 EXPECT_EQ(form.objectName(), tool.form);
                                 QTest::keyClicks(form.focusWidget(), tool.typed);
-                                QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+                                QTest::keyClick(form.focusWidget(), Qt::Key_Return, tool.with);
                             });
         EXPECT_EQ(Active().Text1->Text(), QString("a%1b").arg(tool.markup)) << tool.item;
         Active().HandleUndo();
@@ -90,7 +97,8 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
                                        {"ASP", "ASP"},
                                        {"Frame Builder", "FormWizard"},
                                        {"List Builder", "frmLists"},
-                                       {"Quickstart", "frmQuickStart"}};
+                                       {"Quickstart", "frmQuickStart"},
+                                       {"Paragraph Builder", "frmParagraphs"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -101,7 +109,7 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 14) << "three of them stand on two popups";
+    EXPECT_EQ(opened.size(), 16) << "four of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
 }
 
@@ -117,7 +125,7 @@ TEST_F(ToolCommands, AFormOutlivesItsDocument) {
                                 Trigger("mnuCloseAll");
                                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                                 ASSERT_EQ(window->ActiveDocument(), nullptr);
-                                QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+                                QTest::keyClick(form.focusWidget(), Qt::Key_Return, tool.with);
                                 EXPECT_FALSE(form.isVisible()) << tool.item;
                             });
         EXPECT_EQ(window->OpenDocCount(), 0);

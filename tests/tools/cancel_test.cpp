@@ -12,6 +12,7 @@
 #include "tools/scripts/frm_applet.h"
 #include "tools/scripts/frm_param.h"
 #include "tools/text/frm_fonts.h"
+#include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
 
 namespace vellum::test {
@@ -24,13 +25,14 @@ struct Leaving {
 };
 
 constexpr Leaving tools[] = {
-    {"frmAnchors", ShowTool<frmAnchors>, true},    {"frmApplet", ShowTool<frmApplet>, false},
-    {"frmSound", ShowTool<frmSound>, false},       {"frmFonts", ShowTool<frmFonts>, true},
-    {"frmIFrame", ShowTool<frmIFrame>, false},     {"HRule", ShowTool<HRule>, false},
-    {"frmParam", ShowTool<frmParam>, false},       {"ASP", ShowTool<ASP>, false},
-    {"frmGraphics", ShowTool<frmGraphics>, false}, {"FormWizard", ShowTool<FormWizard>, false},
-    {"frmLists", ShowTool<frmLists>, false},       {"frmQuickStart", ShowTool<frmQuickStart>, false},
-    {"FormWizard2", ShowTool<FormWizard2>, true},  {"FormWizard3", ShowTool<FormWizard3>, true},
+    {"frmAnchors", ShowTool<frmAnchors>, true},        {"frmApplet", ShowTool<frmApplet>, false},
+    {"frmSound", ShowTool<frmSound>, false},           {"frmFonts", ShowTool<frmFonts>, true},
+    {"frmIFrame", ShowTool<frmIFrame>, false},         {"HRule", ShowTool<HRule>, false},
+    {"frmParam", ShowTool<frmParam>, false},           {"ASP", ShowTool<ASP>, false},
+    {"frmGraphics", ShowTool<frmGraphics>, false},     {"FormWizard", ShowTool<FormWizard>, false},
+    {"frmLists", ShowTool<frmLists>, false},           {"frmParagraphs", ShowTool<frmParagraphs>, true},
+    {"frmQuickStart", ShowTool<frmQuickStart>, false}, {"FormWizard2", ShowTool<FormWizard2>, true},
+    {"FormWizard3", ShowTool<FormWizard3>, true},
 };
 
 class CancelledTools : public ToolFixture {};
