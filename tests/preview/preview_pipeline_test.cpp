@@ -1,7 +1,7 @@
 #include "preview/preview_pipeline.h"
 
-#include "tests/preview/dead_folder.h"
 #include "tests/preview/preview_fixture.h"
+#include "tests/support/dead_folder.h"
 #include "tests/support/page_of.h"
 
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "tests/preview/dead_folder.h"
+#include "tests/support/dead_folder.h"
 
 #include <QCoreApplication>
 #include <QFile>
