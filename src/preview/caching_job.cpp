@@ -20,7 +20,8 @@ CachingJob DocumentJob(Workbench& workbench, const Document& document) {
     return {.path = CachingPath(document.Caption(), workbench.WebsiteDirectory()),
             .text = document.Text1->RawText(),
             .format = document.File().Format(),
-            .documents = OpenCaptions(workbench)};
+            .documents = OpenCaptions(workbench),
+            .page = document.File().Path()};
 }
 
 CachingJob WebsiteJob(Workbench& workbench, const QString& text, const TextFormat& format) {

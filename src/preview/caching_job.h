@@ -20,6 +20,7 @@ struct CachingJob {
     TextFormat format = {};             // of the document; the file gets its encoding
     QStringList documents = {};         // the captions of all open documents
     std::optional<int> scrollTop = {};  // in CSS pixels; adds the script that scrolls there
+    QString page = {};                  // the document's own file; empty when the text is that of no file
 };
 
 // The text of `document`, for the caching file that goes with it.

@@ -1,21 +1,23 @@
 #include "preview/caching_writer.h"
 
 #include "files/declared_encoding.h"
+#include "files/file_descriptor.h"
 #include "files/file_names.h"
-#include "files/safe_write.h"
 #include "files/save_record.h"
 #include "preview/caching_file.h"
+#include "preview/file_readers.h"
 
-#include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QMutex>
 #include <QThreadPool>
 #include <QtConcurrentRun>
 
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vellum {
 namespace {
@@ -26,24 +28,32 @@ public:
     [[nodiscard]] quint64 Next() { return ++last_; }
 
     // Gives a finished file its name, unless a later one has it already.
-    bool Put(const QString& path, quint64 number, const QString& finished) {
+    bool Put(const QByteArray& name, quint64 number, const QByteArray& finished) {
         const QMutexLocker lock(&mutex_);
-        quint64& standing = standing_[path];
-        if (standing > number) return QFile::remove(finished);
-        if (std::rename(QFile::encodeName(finished).constData(), QFile::encodeName(path).constData()) != 0) {
-            QFile::remove(finished);
+        quint64& standing = standing_[name];
+        if (standing > number) return RemoveFile(finished);
+        if (std::rename(finished.constData(), name.constData()) != 0) {
+            RemoveFile(finished);
             return false;
         }
         standing = number;
         return true;
     }
 
-    // The same for a path that only the careful writer can deal with.
-    bool PutSafely(const QString& path, quint64 number, const QByteArray& bytes) {
+    // Writes into the file that has the name, for a folder that takes no new ones. A kill meanwhile leaves a part of
+    // it.
+    bool PutInPlace(const CachingJob& job, quint64 number, const QByteArray& bytes) {
         const QMutexLocker lock(&mutex_);
-        quint64& standing = standing_[path];
+        const QByteArray name = EncodeFileName(job.path);
+        quint64& standing = standing_[name];
         if (standing > number) return true;
-        if (!WriteFileSafely(path, bytes)) return false;
+        const FileDescriptor file = OpenFile(name, O_WRONLY | O_NOFOLLOW);
+        struct stat status = {};
+        if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) return false;
+        if (!S_ISREG(status.st_mode) || status.st_nlink != 1) return false;
+        if (!TakeReadersOf(EncodeFileName(job.page), file.Get(), name) || !WriteAll(file.Get(), bytes) ||
+            ::ftruncate(file.Get(), bytes.size()) != 0)
+            return false;
         standing = number;
         return true;
     }
@@ -51,7 +61,7 @@ public:
 private:
     std::atomic<quint64> last_ = 0;
     QMutex mutex_;
-    QHash<QString, quint64> standing_;
+    QHash<QByteArray, quint64> standing_;
 };
 
 WriteOrder& Order() {
@@ -66,31 +76,37 @@ QThreadPool& Pool() {
     return pool;
 }
 
-// Completes a file beside the old one before it gets the name. Where the old one is a link, is locked or is no file,
-// and where the folder takes no new file, the careful writer does it instead.
-bool WriteQuickly(const QString& path, const QByteArray& bytes, quint64 number) {
-    const QFileInfo old(path);
-    const bool plain = !old.isSymLink() && (!old.exists() || (old.isFile() && old.isWritable()));
-    QFile file(
-        QStringLiteral("%1/.vellumcraft-preview-%2-%3")
-            .arg(old.absolutePath(), QString::number(QCoreApplication::applicationPid()), QString::number(number)));
-    const SaveRecord record(EncodeFileName(path), {EncodeFileName(file.fileName())});
-    if (!plain || !file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return Order().PutSafely(path, number, bytes);
-    if (old.exists()) file.setPermissions(old.permissions());
-    const bool complete = file.write(bytes) == bytes.size() && file.flush();
-    file.close();
-    if (complete && file.error() == QFileDevice::NoError) return Order().Put(path, number, file.fileName());
-    file.remove();
+bool TakesNoNewFile(int number) {
+    return number == EACCES || number == EPERM || number == EROFS;
+}
+
+// Completes a file beside the old one before it gets the name. So a link with the name, symbolic or not, is replaced,
+// and what it leads to stays as it is: anyone who can write in the folder could have put it there. A file that is
+// locked stays, and so does what is no file.
+bool Replace(const CachingJob& job, const QByteArray& bytes, quint64 number) {
+    const QByteArray name = EncodeFileName(job.path);
+    struct stat old = {};
+    const bool exists = ::lstat(name.constData(), &old) == 0;
+    const bool isFile = exists && S_ISREG(old.st_mode);
+    if (exists && !isFile && !S_ISLNK(old.st_mode)) return false;
+    if (isFile && ::access(name.constData(), W_OK) != 0) return false;
+    const QByteArray unfinished = FolderOf(name) + '/' + HiddenName();
+    const SaveRecord record(name, {unfinished});
+    FileDescriptor file = OpenFile(unfinished, O_WRONLY | O_CREAT | O_EXCL);
+    if (!file.IsOpen()) return isFile && TakesNoNewFile(errno) && Order().PutInPlace(job, number, bytes);
+    if (WriteAll(file.Get(), bytes) && TakeReadersOf(EncodeFileName(job.page), file.Get(), name) && file.Close())
+        return Order().Put(name, number, unfinished);
+    RemoveFile(unfinished);
     return false;
 }
 
 // The path of the file, empty when it can't be written.
-QString Write(const CachingJob& job, quint64 number) {
+QString Write(CachingJob job, quint64 number) {
     const QByteArray bytes = CachingBytes(job);
     for (const QString& wanted : {job.path, job.substitute}) {
         if (wanted.isEmpty()) continue;
-        QString path = PathBesideDocuments(wanted, job.documents);
-        if (WriteQuickly(path, bytes, number)) return path;
+        job.path = PathBesideDocuments(wanted, job.documents);
+        if (Replace(job, bytes, number)) return job.path;
     }
     return {};
 }

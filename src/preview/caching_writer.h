@@ -1,5 +1,7 @@
 // Writes caching files. A file is replaced as a whole, and of two writes of the same file the one ordered last stays.
-// A plain file isn't forced to the disk, because a caching file that is lost in a power cut is made anew.
+// Nothing is forced to the disk, because a caching file that is lost in a power cut is made anew. Nothing is written
+// through a link, and nobody reads the file who can't read the document's own file; only the person reads it when there
+// is none beside it.
 #pragma once
 
 #include "preview/caching_job.h"
