@@ -1,5 +1,8 @@
 #include "browser/browser_engine.h"
 
+#include "browser/net_door.h"
+#include "browser/script_files.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -65,14 +68,27 @@ EngineSurroundings LookAround() {
     return {.root = ::geteuid() == 0,
             .sandboxOff = qEnvironmentVariableIntValue(sandboxVariable) != 0,
             .graphics = HasGraphics(),
-            .switches = qgetenv(switchesVariable)};
+            .switches = qgetenv(switchesVariable),
+            .door = DoorAddress()};
+}
+
+// With this, the engine takes every local page for an origin of its own, so that its scripts can look into no other
+// file, not even one that they show in a frame. The engine's own attribute for that refuses the page its pictures too.
+QByteArray WithPagesApart(const QByteArray& switches) {
+    const QByteArray name = "--blink-settings=";
+    const QByteArray apart = "allowFileAccessFromFileURLs=false";
+    QByteArray setting = name;
+    for (const QByteArray& one : switches.split(' '))
+        if (one.startsWith(name)) setting = one + ',';  // the last one counts
+    if (setting.endsWith(apart + ',')) return switches;
+    return switches + (switches.isEmpty() ? "" : " ") + setting + apart;
 }
 
 QString LookForObstacle() {
     if (!HasEngineProgram()) return QStringLiteral("The preview needs the browser engine, which is not installed.");
     const EngineSurroundings around = LookAround();
-    const bool sandbox = !around.sandboxOff && !Speaks(around.switches, "--no-sandbox");
-    if (sandbox && (around.root || !CanMakeUserNamespace()))
+    const bool sandbox = !around.sandboxOff && !Speaks(EngineSwitches(around), "--no-sandbox");
+    if (sandbox && !CanMakeUserNamespace())
         return QStringLiteral(
             "The preview can't be shown: this system doesn't let the browser engine start its sandbox.");
     return {};
@@ -92,7 +108,16 @@ QByteArray EngineSwitches(const EngineSurroundings& surroundings) {
     for (const char* quiet : {"--disable-background-networking", "--disable-component-update",
                               "--disable-domain-reliability", "--disable-breakpad", "--no-pings", "--no-first-run"})
         add(quiet);
-    return switches;
+    // Not all ways to the network pass by the program: calls between browsers, sockets of workers and guesses at what
+    // will be needed don't. So the engine itself finds no host but the door, sends nothing but what goes through it,
+    // and takes the addresses of this machine for no exception. Of a switch that is given twice, the last one counts.
+    for (const QByteArray& wall :
+         {"--proxy-server=socks5://" + surroundings.door, QByteArray("--proxy-bypass-list=<-loopback>"),
+          "--host-resolver-rules=\"MAP * ~NOTFOUND, EXCLUDE " + surroundings.door.left(surroundings.door.indexOf(':')) +
+              '"',
+          QByteArray("--force-webrtc-ip-handling-policy=disable_non_proxied_udp")})
+        if (!switches.contains(wall)) switches += ' ' + wall;
+    return WithPagesApart(switches);
 }
 
 QString EngineObstacle() {
@@ -104,14 +129,24 @@ QString EngineObstacle() {
 
 void PrepareBrowserEngine() {
     const EngineSurroundings around = LookAround();
-    const QByteArray switches = EngineSwitches(around);
-    if (Speaks(switches, "--no-sandbox") && !Speaks(around.switches, "--no-sandbox"))
+    if (Speaks(EngineSwitches(around), "--no-sandbox") && !Speaks(around.switches, "--no-sandbox"))
         std::fputs("vellumcraft: running as root, so the preview's browser engine runs without its sandbox.\n", stderr);
-    qputenv(switchesVariable, switches);
+    RegisterScriptScheme();
     // Without a graphics device pages are painted in memory. The window then stays the same when its first page
     // appears; see MakeWindowReady in browser_surface.cpp.
     if (!around.graphics && qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) qputenv("QT_QUICK_BACKEND", "software");
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.info=false\nqt.webenginecontext.debug=false"));
+}
+
+void StartBrowserEngine(const std::function<void()>& start) {
+    const EngineSurroundings around = LookAround();
+    qputenv(switchesVariable, EngineSwitches(around));
+    start();
+    if (around.switches.isEmpty()) {
+        qunsetenv(switchesVariable);
+    } else {
+        qputenv(switchesVariable, around.switches);
+    }
 }
 
 }  // namespace vellum

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 namespace vellum {
 
 // What the switches depend on.
@@ -12,16 +14,22 @@ struct EngineSurroundings {
     bool sandboxOff = false;   // a person has switched the sandbox off by QTWEBENGINE_DISABLE_SANDBOX
     bool graphics = true;      // there is a graphics device and a screen to use it for
     QByteArray switches = {};  // those that a person has set in QTWEBENGINE_CHROMIUM_FLAGS
+    QByteArray door = {};      // the engine's way to the network, an address with a port
 };
 
-// The person's switches, and after them those of the program that the person hasn't set.
+// The person's switches, and after them those of the program that the person hasn't set. Those that keep pages from the
+// network and from other files are set in any case, and count.
 [[nodiscard]] QByteArray EngineSwitches(const EngineSurroundings& surroundings);
 
 // Empty when the engine can start, else a sentence for a person. The system is asked only once.
 [[nodiscard]] QString EngineObstacle();
 
-// Sets the engine's switches; main() calls it once, before it makes the application object. For root the engine runs
-// without its sandbox, which can't start there, and the error stream says so.
+// Gets the process ready for the engine; main() calls it once, before it makes the application object. For root the
+// engine runs without its sandbox, which can't start there, and the error stream says so.
 void PrepareBrowserEngine();
+
+// Runs `start`, which makes the first profile and so starts the engine, with the switches in the environment. They are
+// gone from there afterwards: a browser that the program starts may have the same engine.
+void StartBrowserEngine(const std::function<void()>& start);
 
 }  // namespace vellum

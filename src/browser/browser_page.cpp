@@ -1,13 +1,16 @@
 #include "browser/browser_page.h"
 
+#include "browser/browser_profiles.h"
+#include "browser/net_door.h"
+#include "browser/page_files.h"
+#include "browser/page_reports.h"
+#include "files/file_descriptor.h"
+
 #include <QColor>
 #include <QCoreApplication>
 #include <QWebEngineCertificateError>
-#include <QWebEngineDownloadRequest>
+#include <QWebEngineFileSystemAccessRequest>
 #include <QWebEngineNewWindowRequest>
-#include <QWebEngineProfile>
-#include <QWebEngineSettings>
-#include <QWebEngineUrlRequestInterceptor>
 
 #include <csignal>
 
@@ -21,73 +24,44 @@ constexpr int noiseLimit = 2000;
 constexpr int dialogNoise = 10;
 constexpr auto personWindow = 2000ms;
 
-// Without access to local files the engine would not even load a page's own pictures and style sheets. So it has
-// access, and requests by which scripts could read files are refused here, as other browsers do.
-class ScriptRequests : public QWebEngineUrlRequestInterceptor {
-public:
-    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
-    void interceptRequest(QWebEngineUrlRequestInfo& info) override {
-        if (!info.firstPartyUrl().isLocalFile() && !info.requestUrl().isLocalFile()) return;
-        const auto type = info.resourceType();
-        if (type == QWebEngineUrlRequestInfo::ResourceTypeXhr ||
-            type == QWebEngineUrlRequestInfo::ResourceTypeWebSocket)
-            info.block(true);
-    }
-};
-
-// One profile for all pages. It must outlive them, and go before the engine does.
-QWebEngineProfile* SharedProfile() {
-    static QWebEngineProfile* profile = nullptr;
-    if (profile != nullptr) return profile;
-    profile = new QWebEngineProfile();
-    qAddPostRoutine([] {
-        delete profile;
-        profile = nullptr;
-    });
-    profile->setHttpCacheType(QWebEngineProfile::NoCache);
-    profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
-    profile->setSpellCheckEnabled(false);
-    profile->setUrlRequestInterceptor(new ScriptRequests(profile));
-    QWebEngineSettings* settings = profile->settings();
-    settings->setDefaultTextEncoding(QStringLiteral("utf-8"));
-    for (const auto attribute :
-         {QWebEngineSettings::FocusOnNavigationEnabled, QWebEngineSettings::LocalContentCanAccessRemoteUrls,
-          QWebEngineSettings::JavascriptCanOpenWindows, QWebEngineSettings::JavascriptCanAccessClipboard,
-          QWebEngineSettings::ErrorPageEnabled, QWebEngineSettings::PluginsEnabled,
-          QWebEngineSettings::FullScreenSupportEnabled, QWebEngineSettings::ScreenCaptureEnabled})
-        settings->setAttribute(attribute, false);
-    QObject::connect(profile, &QWebEngineProfile::downloadRequested, profile,
-                     [](QWebEngineDownloadRequest* request) { request->cancel(); });
-    return profile;
-}
-
-bool IsOutside(const QUrl& url) {
-    const QString scheme = url.scheme();
-    return scheme == QLatin1String("http") || scheme == QLatin1String("https") || scheme == QLatin1String("mailto") ||
-           scheme == QLatin1String("ftp");
-}
-
 bool IsWeb(const QUrl& url) {
-    return url.scheme().startsWith(QLatin1String("http"));
+    return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
 
 }  // namespace
 
-BrowserPage::BrowserPage(QObject* parent) : QWebEnginePage(SharedProfile(), parent) {
+BrowserPage::BrowserPage(PageKind kind, QObject* parent)
+    : QWebEnginePage(kind == PageKind::Web ? WebProfile() : LocalProfile(), parent), kind_(kind) {
+    if (kind == PageKind::Web) pass_ = std::make_unique<DoorPass>();
     setBackgroundColor(QColor(Qt::white));
     connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] {
         dead_ = true;
         emit Died();
     });
     connect(this, &QWebEnginePage::newWindowRequested, this, [this](QWebEngineNewWindowRequest& request) {
-        GoOutside(request.requestedUrl(), request.isUserInitiated());
+        if (request.isUserInitiated()) OpenNewWindow(request.requestedUrl());
     });
     connect(this, &QWebEnginePage::featurePermissionRequested, this, [this](const QUrl& origin, Feature feature) {
         setFeaturePermission(origin, feature, PermissionDeniedByUser);
     });
+    connect(this, &QWebEnginePage::fileSystemAccessRequested, this,
+            [](QWebEngineFileSystemAccessRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::certificateError, this,
             [](QWebEngineCertificateError error) { error.rejectCertificate(); });
     connect(this, &QWebEnginePage::titleChanged, this, [this] { CountNoise(1); });
+}
+
+BrowserPage::~BrowserPage() = default;
+
+void BrowserPage::Permit(const QUrl& address) {
+    permitted_ = address;
+    folder_.reset();
+    if (kind_ == PageKind::Local) folder_ = std::make_unique<ShownFolder>(FolderOf(LocalPath(address)));
+}
+
+void BrowserPage::NotePerson() {
+    sincePerson_.start();
+    clicked_.clear();
 }
 
 void BrowserPage::Kill() {
@@ -97,16 +71,13 @@ void BrowserPage::Kill() {
 }
 
 bool BrowserPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
-    const QString scheme = url.scheme();
-    const bool inside = scheme == QLatin1String("file") || scheme == QLatin1String("about") ||
-                        scheme == QLatin1String("data") || scheme == QLatin1String("blob") ||
-                        scheme == QLatin1String("javascript");
-    if (!isMainFrame) return inside || IsWeb(url);
-    if (url == permitted_) return true;
-    if (inside) return true;
-    if (IsWeb(url) && IsWeb(permitted_) && (url.host() == permitted_.host() || type == NavigationTypeRedirect))
-        return true;
-    GoOutside(url, type != NavigationTypeReload);
+    if (isMainFrame && url == permitted_) return true;
+    if (IsPartOfPage(url)) return true;
+    if (kind_ == PageKind::Local && url.isLocalFile()) return IsForPagesNow(LocalPath(url));
+    if (kind_ == PageKind::Web && IsWeb(url)) {
+        if (!isMainFrame || url.host() == permitted_.host() || type == NavigationTypeRedirect) return true;
+    }
+    GoOutside(url);
     return false;
 }
 
@@ -134,18 +105,39 @@ bool BrowserPage::javaScriptPrompt(const QUrl& /*origin*/, const QString& text, 
     return true;
 }
 
-void BrowserPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level*/, const QString& /*message*/,
+void BrowserPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level*/, const QString& message,
                                            int /*line*/, const QString& /*source*/) {
-    CountNoise(1);
+    const std::optional<PageReport> report = ReadReport(message);
+    if (!report) {
+        CountNoise(1);
+    } else if (report->clicked.isEmpty()) {
+        emit Arrived();
+    } else {
+        clicked_ = report->clicked;
+    }
 }
 
-void BrowserPage::GoOutside(const QUrl& url, bool byPerson) {
+// True once for the link that a person has just clicked: one press opens one address. The type of a navigation doesn't
+// tell, because a script that runs after a click seems to follow links.
+bool BrowserPage::TakeClick(const QUrl& url) {
     const bool lately =
         sincePerson_.isValid() && !sincePerson_.hasExpired(std::chrono::milliseconds(personWindow).count());
-    if (!byPerson || !lately) return;
-    if (!IsOutside(url) && url.scheme() != QLatin1String("file")) return;
-    sincePerson_.invalidate();  // one press opens one address
-    emit OutsideLink(url);
+    if (!lately || url.isEmpty() || url != clicked_) return false;
+    clicked_.clear();
+    return true;
+}
+
+void BrowserPage::GoOutside(const QUrl& url) {
+    if (IsWeb(url) && TakeClick(url)) emit OutsideLink(url);
+}
+
+// A local page that asks for a window of its own takes the place of this one.
+void BrowserPage::OpenNewWindow(const QUrl& url) {
+    if (kind_ == PageKind::Local && url.isLocalFile()) {
+        if (TakeClick(url)) load(url);
+    } else {
+        GoOutside(url);
+    }
 }
 
 void BrowserPage::CountNoise(int weight) {

@@ -5,22 +5,36 @@
 #include <QUrl>
 #include <QWebEnginePage>
 
+#include <memory>
+
 namespace vellum {
 
-// Emits a signal for a link that leaves the site instead of following it. Answers the dialogs of scripts at once, a
-// confirm with yes and a prompt with its default, and emits their text. Refuses permissions, downloads, file choosers
-// and new windows. Never shows a window.
+class DoorPass;
+class ShownFolder;
+
+enum class PageKind {
+    Local,  // of this machine, kept from the network and from reading files
+    Web,    // of the net, kept from this machine
+};
+
+// Emits a signal for a link that leaves the site, when a person clicks it, instead of following it. Answers the dialogs
+// of scripts at once, a confirm with yes and a prompt with its default, and emits their text. Refuses permissions,
+// downloads, file choosers and new windows. Never shows a window.
 class BrowserPage : public QWebEnginePage {
     Q_OBJECT
 public:
-    explicit BrowserPage(QObject* parent);
+    BrowserPage(PageKind kind, QObject* parent);
+    ~BrowserPage() override;
 
-    // Lets the main frame go to `address`, and from there to other pages of its host.
-    void Permit(const QUrl& address) { permitted_ = address; }
+    [[nodiscard]] PageKind Kind() const { return kind_; }
 
-    // To be called when a person presses a button or a key in the page. A page can open an address outside only soon
-    // after that.
-    void NotePerson() { sincePerson_.start(); }
+    // Lets the main frame go to `address`, which is of the page's kind, and from there to other pages of its host or of
+    // this machine.
+    void Permit(const QUrl& address);
+
+    // To be called when a person presses a button or a key in the page. An address outside is opened only soon after
+    // that, and only that of the link which was clicked so.
+    void NotePerson();
 
     [[nodiscard]] bool IsDead() const { return dead_; }
 
@@ -28,6 +42,7 @@ public:
     void Kill();
 
 signals:
+    void Arrived();  // a document has come into the main frame; it may not be whole yet
     void OutsideLink(const QUrl& address);
     void ScriptSpoke(const QString& text);
     void Died();
@@ -42,10 +57,16 @@ protected:
                                   const QString& source) override;
 
 private:
-    void GoOutside(const QUrl& url, bool byPerson);
+    bool TakeClick(const QUrl& url);
+    void GoOutside(const QUrl& url);
+    void OpenNewWindow(const QUrl& url);
     void CountNoise(int weight);
 
+    const PageKind kind_;
+    std::unique_ptr<DoorPass> pass_;
+    std::unique_ptr<ShownFolder> folder_;
     QUrl permitted_;
+    QUrl clicked_;  // the link that the person has clicked since the last press
     QElapsedTimer sincePerson_;
     QElapsedTimer noiseWindow_;
     int noise_ = 0;

@@ -44,6 +44,10 @@ void MakeWindowReady(QWidget* surface) {
     seed->hide();
 }
 
+PageKind KindOf(const QUrl& address) {
+    return address.isLocalFile() ? PageKind::Local : PageKind::Web;
+}
+
 QUrl AddressOf(const QString& path) {
     if (path.startsWith(QLatin1String("http://")) || path.startsWith(QLatin1String("https://"))) return QUrl(path);
     return QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
@@ -65,7 +69,7 @@ struct BrowserSurface::Private {
     bool used = false;  // the page has been sent somewhere
     bool loading = false;
     bool stopping = false;  // the former load was told to stop; that of `wanted` begins when it has
-    bool arrived = false;   // there was a first sign of the page that was ordered
+    bool arrived = false;   // the page that was ordered has come, though perhaps not whole
     bool retried = false;   // it was ordered a second time, from a fresh process
     bool asking = false;    // the page was asked for a sign of life and has not given it
     bool awaitsFrame = false;
@@ -109,13 +113,11 @@ void BrowserSurface::Private::StartEngine() {
 }
 
 void BrowserSurface::Private::MakePage() {
-    page = new BrowserPage(surface);
+    page = new BrowserPage(KindOf(wanted), surface);
     used = loading = stopping = asking = false;
     QObject::connect(page, &QWebEnginePage::loadingChanged, surface,
                      [this](const QWebEngineLoadingInfo& info) { LoadingChanged(info); });
-    QObject::connect(page, &QWebEnginePage::urlChanged, surface, [this] { arrived = true; });
-    QObject::connect(page, &QWebEnginePage::contentsSizeChanged, surface, [this] { arrived = true; });
-    QObject::connect(page, &QWebEnginePage::titleChanged, surface, [this] { arrived = true; });
+    QObject::connect(page, &BrowserPage::Arrived, surface, [this] { arrived = true; });
     QObject::connect(page, &BrowserPage::ScriptSpoke, surface, [this](const QString& text) { ShowNote(text); });
     QObject::connect(page, &BrowserPage::Died, surface, [this] { Died(); });
     QObject::connect(page, &BrowserPage::OutsideLink, surface,
@@ -332,7 +334,12 @@ void BrowserSurface::Navigate(const QString& path) {
         return;
     }
     d_->StartEngine();
-    if (d_->page->IsDead()) d_->GiveUpPage();
+    if (d_->page->IsDead()) {
+        d_->GiveUpPage();
+    } else if (d_->page->Kind() != KindOf(d_->wanted)) {
+        d_->DropCurtain();
+        d_->GiveUpPage();
+    }
     if (d_->used) {
         d_->AskForLife();
     } else {

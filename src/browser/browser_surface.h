@@ -9,8 +9,12 @@
 namespace vellum {
 
 // The engine starts at the first Navigate, so a surface costs nothing until it shows something. The keyboard goes to
-// the page only when a person clicks it; neither a page nor a navigation takes it. Links that leave the site and links
-// to new windows open in the system's browser.
+// the page only when a person clicks it; neither a page nor a navigation takes it. Links to the web
+// open in the system's browser when a person clicks them, local links to new windows in the place of the page. No
+// other address is ever handed over.
+//
+// A local page is kept in a cage: it shows what lies on the disk as a browser would, but its scripts read no other
+// file, and nothing leaves the machine.
 class BrowserSurface : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString title READ Title)
