@@ -1,6 +1,7 @@
 #include "browser/browser_engine.h"
 #include "files/file_names.h"
 #include "shell/session.h"
+#include "system/process_end.h"
 
 #include <QApplication>
 #include <QByteArrayList>
@@ -20,8 +21,13 @@ int main(int argc, char** argv) {
     // As bytes, since the name of a file may be no text. What the toolkit understands is taken out by now.
     QByteArrayList words;
     for (int i = 1; i < argc; ++i) words << argv[i];
-    vellum::Session session(vellum::DecodeFileName(words.join(' ')));
-    QObject::connect(&session, &vellum::Session::Ended, &application, &QApplication::quit, Qt::QueuedConnection);
-    session.Run();
-    return QApplication::exec();
+    int code = 0;
+    {
+        vellum::Session session(vellum::DecodeFileName(words.join(' ')));
+        QObject::connect(&session, &vellum::Session::Ended, &application, &QApplication::quit, Qt::QueuedConnection);
+        session.Run();
+        code = QApplication::exec();
+    }
+    vellum::EndProcessWithin(std::chrono::seconds(3), code);
+    return code;
 }

@@ -15,6 +15,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -227,6 +228,41 @@ TEST_F(ProgramTest, TheStartRemovesWhatAKilledSaveLeftHidden) {
     ASSERT_TRUE(program.StartToMainWindow({}));
     EXPECT_FALSE(QFile::exists(QFile::decodeName(hidden)));
     EXPECT_EQ(Saved(), page);
+}
+
+TEST_F(ProgramTest, ExitEndsTheProgramWhateverThePageDoes) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(home.filePath("site/pipe")).constData(), 0600), 0);
+    Store(keys::refreshRate, "1");
+    const QByteArray holds =
+        "<iframe src='pipe'></iframe><img src='pipe'><script src='pipe'></script><video src='pipe'></video>"
+        "<object data='pipe'></object><link rel='stylesheet' href='pipe'>";
+    const QByteArray many =
+        "<script>for(var i=0;i<2000;i++)document.body.appendChild(document.createElement('iframe')).src='page.htm';"
+        "</script>";
+    const QByteArray asks = "<script>window.onbeforeunload=function(){return 'stay'};</script>";
+    const QByteArray works =
+        "<script>for(var i=0;i<2;i++)new Worker(URL.createObjectURL(new Blob(['while(true);'])));</script>";
+    for (const QByteArray& trick :
+         {holds + asks, many, works + "<script>window.onpagehide=function(){while(true);};</script>",
+          QByteArray("<script>setTimeout(function(){while(true);},100);</script>"),
+          QByteArray("<script>while(true);</script>")}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write("<title>waiting</title><body><script>document.title='ready'</script>" + trick);
+        file.close();
+        ProgramUnderTest program(home.path());
+        ASSERT_TRUE(program.StartToMainWindow({path}));
+        ASSERT_TRUE(program.WaitFor([&] { return program.Get("document", "windowTitle") == path; }));
+        ASSERT_TRUE(program.WaitFor([&] { return Contains(program, "Vellumcraft"); })) << "the manual";
+        program.Type("Text1", " ");
+        ASSERT_TRUE(program.WaitFor([&] { return program.Get("WebBrowser1", "title") == "ready"; }))
+            << trick.toStdString();
+        program.Trigger("mnuExitItem");
+        ASSERT_TRUE(program.WaitFor([&] { return program.Ask("dialog").value("open").toBool(); }))
+            << trick.toStdString();
+        program.Click("&No");
+        EXPECT_TRUE(program.WaitForEnd(5000)) << trick.toStdString();
+    }
 }
 
 TEST_F(ProgramTest, ATextThatWasNotSavedSurvivesAKill) {

@@ -98,8 +98,8 @@ bool ProgramUnderTest::WaitFor(const std::function<bool()>& holds) {
     return false;
 }
 
-bool ProgramUnderTest::WaitForEnd() {
-    return process_.waitForFinished(patience) && process_.exitStatus() == QProcess::NormalExit &&
+bool ProgramUnderTest::WaitForEnd(int milliseconds) {
+    return process_.waitForFinished(milliseconds) && process_.exitStatus() == QProcess::NormalExit &&
            process_.exitCode() == 0;
 }
 

@@ -32,8 +32,8 @@ public:
 
     // Asks again until `holds`, for at most 20 seconds.
     bool WaitFor(const std::function<bool()>& holds);
-    // True when the program has ended by itself with exit code 0.
-    bool WaitForEnd();
+    // True when the program has ended by itself with exit code 0, after `milliseconds` at most.
+    bool WaitForEnd(int milliseconds = 20000);
     // Sends a signal; true when the program has ended by it.
     bool EndsBy(int signal);
     void Kill();
