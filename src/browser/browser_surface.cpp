@@ -2,13 +2,13 @@
 
 #include "browser/browser_engine.h"
 #include "browser/browser_page.h"
+#include "files/file_names.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QChildEvent>
 #include <QDesktopServices>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
@@ -50,7 +50,9 @@ PageKind KindOf(const QUrl& address) {
 
 QUrl AddressOf(const QString& path) {
     if (path.startsWith(QLatin1String("http://")) || path.startsWith(QLatin1String("https://"))) return QUrl(path);
-    return QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+    // Byte for byte, because the name of a file need not be text.
+    const QByteArray name = EncodeFileName(AbsolutePath(path)).toPercentEncoding("/!$&'()*+,;=:@");
+    return QUrl::fromEncoded("file://" + name, QUrl::StrictMode);
 }
 
 }  // namespace

@@ -1,19 +1,24 @@
 #include "preview/caching_file.h"
 
+#include "files/file_descriptor.h"
+#include "files/file_names.h"
 #include "files/paths.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <array>
+#include <climits>
+#include <cstdlib>
 
 namespace vellum {
 namespace {
 
 // The path without symbolic links, as far as it exists.
-QString Resolved(const QString& path) {
-    const QFileInfo file(path);
-    if (QString whole = file.canonicalFilePath(); !whole.isEmpty()) return whole;
-    const QString directory = QFileInfo(file.absolutePath()).canonicalFilePath();
-    return directory.isEmpty() ? QDir::cleanPath(file.absoluteFilePath()) : JoinPath(directory, file.fileName());
+QByteArray Resolved(const QString& path) {
+    const QByteArray name = EncodeFileName(path);
+    std::array<char, PATH_MAX> real;
+    if (::realpath(name.constData(), real.data()) != nullptr) return real.data();
+    if (::realpath(FolderOf(name).constData(), real.data()) != nullptr)
+        return QByteArray(real.data()) + '/' + NameOf(name);
+    return EncodeFileName(AbsolutePath(path));
 }
 
 }  // namespace
@@ -34,7 +39,7 @@ QString CachingPath(const QString& caption, const QString& websiteDirectory) {
 
 QString PathBesideDocuments(const QString& path, const QStringList& documents) {
     const qsizetype ending = path.lastIndexOf('/') + 1 + QLatin1String("caching").size();
-    QStringList files;
+    QByteArrayList files;
     for (const QString& document : documents) files << Resolved(document);
     QString candidate = path;
     for (int number = 1;; ++number) {

@@ -1,5 +1,7 @@
 // Local pages in their cage: nothing gets out, nothing is read, and a site shows as in a browser.
 #include "browser/net_door.h"
+#include "files/file_names.h"
+#include "files/safe_write.h"
 #include "tests/browser/browser_fixture.h"
 #include "tests/browser/listener.h"
 #include "tests/browser/network_calls.h"
@@ -186,6 +188,23 @@ TEST_F(CageTest, AFileNameInAnotherEncodingShows) {
     const QByteArray folder = QFile::encodeName(directory_.path()) + "/images/";
     ASSERT_EQ(::rename((folder + "red.png").constData(), (folder + "r\xF6t.png").constData()), 0);
     EXPECT_EQ(OutcomeOf("../images/r%F6t.png"), "shown");
+}
+
+TEST_F(CageTest, AFolderWhoseNameIsNoTextShows) {
+    const QByteArray folder = QFile::encodeName(directory_.path()) + "/caf\xE9 %E9\xC3\xBC";
+    ASSERT_EQ(::mkdir(folder.constData(), 0700), 0);
+    WritePicture("red.png", Qt::red);
+    ASSERT_EQ(
+        ::rename(QFile::encodeName(directory_.filePath("red.png")).constData(), (folder + "/red.png").constData()), 0);
+    const QString page = DecodeFileName(folder + "/a.html");
+    ASSERT_TRUE(WriteFileSafely(
+        page, Page("a", "<img src=\"red.png\" style=\"display:block\"/><script src=\"s.js\"></script>")));
+    ASSERT_TRUE(WriteFileSafely(DecodeFileName(folder + "/s.js"), "document.title += ' script'"));
+    Show(page);
+    EXPECT_TRUE(WaitForTitle("a script")) << surface_.Title().toStdString();
+    EXPECT_TRUE(WaitForPixel(5, 5, Qt::red));
+    Show(page);
+    EXPECT_TRUE(WaitForTitle("a script")) << "once more in the same process";
 }
 
 TEST_F(CageTest, ASiteShowsItsStylesFramesAndScripts) {

@@ -1,10 +1,16 @@
 #include "preview/caching_file.h"
 
+#include "files/file_names.h"
+#include "files/safe_write.h"
+#include "tests/support/remove_all.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vellum {
 namespace {
@@ -98,6 +104,18 @@ TEST(PathBesideDocumentsTest, SeesThroughSymbolicLinks) {
     EXPECT_EQ(PathBesideDocuments(path, {folder.filePath("same/caching.htm")}), spare);
     ASSERT_TRUE(QFile::link(path, folder.filePath("page.htm")));
     EXPECT_EQ(PathBesideDocuments(path, {folder.filePath("page.htm")}), spare);
+}
+
+TEST(PathBesideDocumentsTest, SeesThroughLinksInFoldersWhoseNamesAreNoText) {
+    const QTemporaryDir directory;
+    const QByteArray folder = QFile::encodeName(directory.path()) + "/caf\xE9";
+    ASSERT_EQ(::mkdir(folder.constData(), 0700), 0);
+    const QString path = DecodeFileName(folder + "/caching.htm");
+    ASSERT_TRUE(WriteFileSafely(path, "x"));
+    ASSERT_EQ(::symlink("caching.htm", (folder + "/page.htm").constData()), 0);
+    EXPECT_EQ(PathBesideDocuments(path, {DecodeFileName(folder + "/page.htm")}),
+              DecodeFileName(folder + "/caching-preview.htm"));
+    test::RemoveAll(directory.path());
 }
 
 TEST(ScrollScriptTest, FollowsTheText) {
