@@ -72,7 +72,7 @@ struct BrowserSurface::Private {
     bool loading = false;
     bool stopping = false;  // the former load was told to stop; that of `wanted` begins when it has
     bool arrived = false;   // the page that was ordered has come, though perhaps not whole
-    bool retried = false;   // it was ordered a second time, from a fresh process
+    bool retried = false;   // it was ordered a second time
     bool asking = false;    // the page was asked for a sign of life and has not given it
     bool awaitsFrame = false;
     int question = 0;
@@ -167,10 +167,10 @@ void BrowserSurface::Private::Answered(int number) {
     }
 }
 
-// A page may begin to hang after its last sign of life. No other page can then start in its process.
+// A page may begin to hang after its last sign of life. No other page can then start in its process. In a fresh one
+// nothing holds up the first page, however long that takes.
 void BrowserSurface::Private::MissArrival() {
-    if (!loading || arrived || retried) return;
-    retried = true;
+    if (!loading || arrived) return;
     GiveUpPage();
     Load();
 }
@@ -180,9 +180,9 @@ void BrowserSurface::Private::Load() {
     impatience.stop();
     DropCurtain();
     note->hide();
+    if (used && wanted.isLocalFile()) arrivalTimer.start(patience);
     used = loading = true;
     arrived = false;
-    if (wanted.isLocalFile()) arrivalTimer.start(patience);
     sinceLoad.start();
     page->Permit(wanted);
     page->load(wanted);
