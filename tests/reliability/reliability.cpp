@@ -1,5 +1,6 @@
-// reliability_rounds <count> [<document>]: kills the program that often in each of its rounds and prints a table of
-// what was lost. With a document, its lines between "<!-- figures -->" and "<!-- end of figures -->" become that table.
+// reliability_rounds <count> [<document>]: kills the program that often in each of its rounds, tries the cage of the
+// preview, and prints a table of what was lost and what got out. With a document, its lines between "<!-- figures -->"
+// and "<!-- end of figures -->" become that table.
 #include "tests/reliability/rounds.h"
 
 #include <QCoreApplication>
@@ -35,6 +36,13 @@ QString SavingRow(const SavingRounds& found, bool& fine) {
                QString("%1 torn files, %2 leftovers after the next start").arg(found.torn).arg(found.leftovers), held);
 }
 
+QString CageRow(const CageRound& found, bool& fine) {
+    const bool held = found.whole && found.ways > 0 && found.packets == 0 && found.characters == 0;
+    fine = fine && held;
+    return Row(QString("A page tried %1 ways out of the preview and into other files").arg(found.ways),
+               QString("%1 packets left, %2 characters were read").arg(found.packets).arg(found.characters), held);
+}
+
 bool PutInto(const QString& path, const QString& table) {
     const QString from = "<!-- figures -->\n";
     const QString to = "<!-- end of figures -->\n";
@@ -62,6 +70,7 @@ int main(int argc, char** argv) {
     table += TypingRow("10 KB", KillWhileTyping(count, 10'000), written, fine);
     table += TypingRow("10 MB", KillWhileTyping(count, 10'000'000), written, fine);
     table += SavingRow(KillWhileSaving(count, 1'000'000), fine);
+    table += CageRow(TryTheCage(), fine);
     QTextStream(stdout) << table;
     if (written && !PutInto(arguments[2], table)) qFatal("The document has no place for the figures.");
     return fine ? 0 : 1;

@@ -6,7 +6,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -117,6 +119,20 @@ SavingRounds KillWhileSaving(int count, int pageBytes) {
         result.leftovers += static_cast<int>(
             QDir(home.filePath("site")).entryList({".*"}, QDir::Files | QDir::Hidden | QDir::System).size());
     }
+    return result;
+}
+
+CageRound TryTheCage() {
+    QProcess test;
+    test.start(VELLUM_BROWSER_TESTS, {"--gtest_filter=CageTest.NothingGetsOutAndNothingIsRead"});
+    CageRound result;
+    result.whole = test.waitForFinished(120'000) && test.exitStatus() == QProcess::NormalExit && test.exitCode() == 0;
+    static const QRegularExpression line("^ways: (\\d+), packets: (\\d+), characters: (\\d+)$",
+                                         QRegularExpression::MultilineOption);
+    const QRegularExpressionMatch found = line.match(QString::fromUtf8(test.readAllStandardOutput()));
+    result.ways = found.captured(1).toInt();
+    result.packets = found.captured(2).toInt();
+    result.characters = found.captured(3).toInt();
     return result;
 }
 

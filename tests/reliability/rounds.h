@@ -25,4 +25,14 @@ struct SavingRounds {
 // Saves a page of that size, and kills around the save.
 [[nodiscard]] SavingRounds KillWhileSaving(int count, int pageBytes);
 
+struct CageRound {
+    int ways = 0;        // that a page in the preview tried
+    int packets = 0;     // that left, names that were asked for included
+    int characters = 0;  // of other files that its scripts read
+    bool whole = false;  // the page came to its end, and nothing else came of its ways
+};
+
+// Shows a page that tries every way out of the preview, and every way into other files.
+[[nodiscard]] CageRound TryTheCage();
+
 }  // namespace vellum::reliability
