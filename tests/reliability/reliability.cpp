@@ -1,6 +1,6 @@
 // reliability_rounds <count> [<document>]: kills the program that often in each of its rounds, tries the cage of the
-// preview, and prints a table of what was lost and what got out. With a document, its lines between "<!-- figures -->"
-// and "<!-- end of figures -->" become that table.
+// preview, saves pages in all encodings, and prints a table of what was lost and what got out. With a document, its
+// lines between "<!-- figures -->" and "<!-- end of figures -->" become that table.
 #include "tests/reliability/rounds.h"
 
 #include <QCoreApplication>
@@ -43,6 +43,13 @@ QString CageRow(const CageRound& found, bool& fine) {
                QString("%1 packets left, %2 characters were read").arg(found.packets).arg(found.characters), held);
 }
 
+QString MatrixRow(const MatrixRound& found, bool& fine) {
+    const bool held = found.pages > 0 && found.asMeant == found.pages;
+    fine = fine && held;
+    return Row(QString("Pages in %1 pairs of encoding and line ends, each saved after every edit").arg(found.pages),
+               QString("%1 hold other bytes than they should").arg(found.pages - found.asMeant), held);
+}
+
 bool PutInto(const QString& path, const QString& table) {
     const QString from = "<!-- figures -->\n";
     const QString to = "<!-- end of figures -->\n";
@@ -71,6 +78,7 @@ int main(int argc, char** argv) {
     table += TypingRow("10 MB", KillWhileTyping(count, 10'000'000), written, fine);
     table += SavingRow(KillWhileSaving(count, 1'000'000), fine);
     table += CageRow(TryTheCage(), fine);
+    table += MatrixRow(SaveTheMatrix(), fine);
     QTextStream(stdout) << table;
     if (written && !PutInto(arguments[2], table)) qFatal("The document has no place for the figures.");
     return fine ? 0 : 1;

@@ -37,6 +37,14 @@ QByteArray Read(const QString& path) {
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// Some of a folder's tests; returns what they print.
+QString RunTests(QProcess& test, const char* program, const QString& filter) {
+    constexpr int patience = 300'000;  // milliseconds
+    test.start(program, {"--gtest_color=no", "--gtest_filter=" + filter});
+    if (!test.waitForFinished(patience)) test.kill();
+    return QString::fromUtf8(test.readAllStandardOutput());
+}
+
 bool StartOn(ProgramUnderTest& program, const QString& path) {
     if (!program.StartToMainWindow({path})) return false;
     // A page that has text keeps the tips away.
@@ -124,16 +132,24 @@ SavingRounds KillWhileSaving(int count, int pageBytes) {
 
 CageRound TryTheCage() {
     QProcess test;
-    test.start(VELLUM_BROWSER_TESTS, {"--gtest_filter=CageTest.NothingGetsOutAndNothingIsRead"});
+    const QString output = RunTests(test, VELLUM_BROWSER_TESTS, "CageTest.NothingGetsOutAndNothingIsRead");
     CageRound result;
-    result.whole = test.waitForFinished(120'000) && test.exitStatus() == QProcess::NormalExit && test.exitCode() == 0;
+    result.whole = test.exitStatus() == QProcess::NormalExit && test.exitCode() == 0;
     static const QRegularExpression line("^ways: (\\d+), packets: (\\d+), characters: (\\d+)$",
                                          QRegularExpression::MultilineOption);
-    const QRegularExpressionMatch found = line.match(QString::fromUtf8(test.readAllStandardOutput()));
+    const QRegularExpressionMatch found = line.match(output);
     result.ways = found.captured(1).toInt();
     result.packets = found.captured(2).toInt();
     result.characters = found.captured(3).toInt();
     return result;
+}
+
+MatrixRound SaveTheMatrix() {
+    QProcess test;
+    const QString output = RunTests(test, VELLUM_EDITOR_TESTS, "*EncodingMatrix*");
+    static const QRegularExpression started(R"(^\[=+\] Running (\d+) tests)", QRegularExpression::MultilineOption);
+    static const QRegularExpression passed(R"(^\[  PASSED  \] (\d+) tests)", QRegularExpression::MultilineOption);
+    return {.pages = started.match(output).captured(1).toInt(), .asMeant = passed.match(output).captured(1).toInt()};
 }
 
 }  // namespace vellum::reliability

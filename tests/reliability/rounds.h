@@ -35,4 +35,12 @@ struct CageRound {
 // Shows a page that tries every way out of the preview, and every way into other files.
 [[nodiscard]] CageRound TryTheCage();
 
+struct MatrixRound {
+    int pages = 0;    // each in another encoding or with other line ends
+    int asMeant = 0;  // those that held the right bytes after every edit
+};
+
+// Saves pages in all encodings, with all kinds of line ends, after all edits of the matrix.
+[[nodiscard]] MatrixRound SaveTheMatrix();
+
 }  // namespace vellum::reliability
