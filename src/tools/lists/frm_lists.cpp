@@ -115,7 +115,11 @@ void frmLists::AddNumbering() {
     for (const NumberType& type : numberTypes) types->addItem(type.name);
     types->setCurrentRow(4);
     const int rows = types->count();
-    types->setFixedHeight(rows * types->sizeHintForRow(0) + 2 * types->frameWidth());
+    const int frame = 2 * types->frameWidth();
+    types->setFixedHeight(rows * types->sizeHintForRow(0) + frame);
+    types->setMinimumWidth(types->sizeHintForColumn(0) + frame);
+    types->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    types->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     AddField("Type", types);
     auto* const chosen = new QLabel;
     chosen->setObjectName("Label4");
