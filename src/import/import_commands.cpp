@@ -9,6 +9,8 @@
 
 #include <QWidget>
 
+#include <new>
+
 namespace vellum {
 namespace {
 
@@ -70,9 +72,13 @@ void ImportToDocument(Workbench& bench) {
 std::optional<QString> ImportedMarkup(const QString& path, const QString& font, double points) {
     const QString ending = path.right(3).toUpper();
     if (ending != u"TXT" && ending != u"RTF") return QString();
-    const std::optional<RichText> rich = LoadRichFile(path, font, points);
-    if (!rich) return std::nullopt;
-    return ending == u"TXT" ? ConvertPlainText(rich->text) : ConvertRichText(*rich);
+    try {
+        const std::optional<RichText> rich = LoadRichFile(path, font, points);
+        if (!rich) return std::nullopt;
+        return ending == u"TXT" ? ConvertPlainText(rich->text) : ConvertRichText(*rich);
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;  // a style for each character is many times as long as the file
+    }
 }
 
 QString ImportedPage(const QString& markup) {

@@ -16,7 +16,8 @@ void ImportToNewFile(Workbench& bench);
 void ImportToDocument(Workbench& bench);
 
 // The markup of a file, by the last letters of its name: of "txt" that of plain text, of "rtf" that of text with
-// formats; any other gives none. Empty when the file can't be read. `font` and `points` are for a text without formats.
+// formats; any other gives none. Empty when the file can't be read or has too
+// much for the machine. `font` and `points` are for a text without formats.
 [[nodiscard]] std::optional<QString> ImportedMarkup(const QString& path, const QString& font, double points);
 
 // The page around imported markup.

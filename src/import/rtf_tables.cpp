@@ -64,12 +64,10 @@ void RtfLists::NewList() {
 
 void RtfLists::AddLevel(int kind) {
     constexpr int bullet = 23;
-    constexpr int blank = 255;
     constexpr int most = 9;
     if (begun_.count == most) return;
     const unsigned bit = 1U << static_cast<unsigned>(begun_.count++);
     if (kind == bullet) begun_.bullets |= bit;
-    if (kind == blank) begun_.blanks |= bit;
 }
 
 void RtfLists::SetNumber(int number) {
@@ -86,7 +84,6 @@ RtfNumbering RtfLists::Find(int link, int level) const {
     const auto found = number == links_.cend() ? lists_.cend() : lists_.constFind(*number);
     if (found == lists_.cend() || level < 0 || level >= found->count) return RtfNumbering::Unknown;
     const unsigned bit = 1U << static_cast<unsigned>(level);
-    if (found->blanks & bit) return RtfNumbering::None;
     return found->bullets & bit ? RtfNumbering::Bullet : RtfNumbering::Number;
 }
 

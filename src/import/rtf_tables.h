@@ -68,10 +68,8 @@ public:
     [[nodiscard]] RtfNumbering Find(int link, int level) const;
 
 private:
-    // Bits for the levels from 0.
     struct Levels {
-        unsigned bullets = 0;
-        unsigned blanks = 0;  // neither bullet nor number
+        unsigned bullets = 0;  // a bit for each level that has one, from level 0
         int count = 0;
     };
 

@@ -233,6 +233,12 @@ TEST(RtfReader, NeverLeavesItsDocumentForATable) {
     EXPECT_EQ(Text("a\\* b\\*\\unheard c"), "a bc");
 }
 
+TEST(RtfReader, FindsNoTextInTables) {
+    EXPECT_EQ(ReadRtf("{\\rtf1{\\colortbl;{\\fldrslt a\\par}}b}").text, "b");
+    EXPECT_EQ(ReadRtf("{\\rtf1{\\fonttbl{\\f0 Arial{\\shp{\\shptxt a}};}}b}").text, "b");
+    EXPECT_EQ(ReadRtf("{\\rtf1{\\*\\listtable{\\list{\\listtext 1.}}}{\\*\\pn{\\result a}}b}").text, "b");
+}
+
 TEST(RtfReader, EndsWithItsDocument) {
     EXPECT_EQ(ReadRtf("{\\rtf1 a}b{\\rtf1 c}").text, "a");
     EXPECT_EQ(ReadRtf(QByteArray("{\\rtf1 a}\r\n\0\0", 13)).text, "a");
