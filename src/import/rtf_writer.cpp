@@ -30,7 +30,7 @@ private:
 
 QByteArray RtfWriter::Write() {
     rtf_.reserve(rich_.text.size() + 64 * static_cast<qsizetype>(rich_.paragraphs.size()) + 1024);
-    rtf_ += "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0";
+    rtf_ += R"({\rtf1\ansi\ansicpg1252\uc1\deff0)";
     WriteFonts();
     WriteColors();
     BeginParagraph();
@@ -40,7 +40,8 @@ QByteArray RtfWriter::Write() {
         BeginFormat(run.format);
         WriteText(QStringView(rich_.text).sliced(run.offset, end - run.offset));
     }
-    return std::move(rtf_) + "\\par\r\n}\r\n";
+    rtf_ += "\\par\r\n}\r\n";
+    return std::move(rtf_);
 }
 
 // The font after the text's own is that of the bullets.
@@ -60,7 +61,7 @@ void RtfWriter::WriteFonts() {
     }
     if (std::ranges::any_of(rich_.paragraphs, &RichParagraph::bullet)) {
         WriteWord("{\\f", static_cast<int>(rich_.fonts.size()));
-        rtf_ += "\\fnil\\fcharset2 Symbol;}";
+        rtf_ += R"(\fnil\fcharset2 Symbol;})";
     }
     rtf_ += "}\r\n";
 }
@@ -87,7 +88,7 @@ void RtfWriter::BeginParagraph() {
     if (paragraph.alignment == RichAlignment::Center) rtf_ += "\\qc";
     if (paragraph.bullet) {
         const QByteArray font = "f" + QByteArray::number(rich_.fonts.size());
-        rtf_ += "{\\pntext\\" + font + "\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pn" + font + "{\\pntxtb\\'b7}}\\fi-200\\li200";
+        rtf_ += R"({\pntext\)" + font + R"(\'b7\tab}{\*\pn\pnlvlblt\pn)" + font + R"({\pntxtb\'b7}}\fi-200\li200)";
     }
     rtf_ += ' ';
 }

@@ -91,7 +91,8 @@ QString RichWalk::Markup() {
     WriteChange(end);
     markup_ += "</span>\r\n";
     CloseDivision();
-    return std::move(markup_) + "</span>";
+    markup_ += "</span>";
+    return std::move(markup_);
 }
 
 const RichFormat& RichWalk::FormatAt(int offset) {

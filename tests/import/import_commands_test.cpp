@@ -39,7 +39,7 @@ TEST_F(ImportedMarkupOf, GoesByTheEndOfTheName) {
 }
 
 TEST_F(ImportedMarkupOf, TakesRichTextForWhatItIs) {
-    const QByteArray bytes = "{\\rtf1{\\fonttbl{\\f0 Times;}}a\\tab\\b b\\par c}";
+    const QByteArray bytes = R"({\rtf1{\fonttbl{\f0 Times;}}a\tab\b b\par c})";
     EXPECT_EQ(Import("a.txt", bytes), "a\tb<br />\r\nc") << "its text alone";
     const auto markup = Import("a.rtf", bytes);
     ASSERT_TRUE(markup);

@@ -148,7 +148,7 @@ struct Walk {
     }
 
     QString CloseItem() {
-        const QString tag = inItem ? "</li>" : "";
+        QString tag = inItem ? "</li>" : "";
         inItem = false;
         return tag;
     }

@@ -22,7 +22,7 @@ protected:
 };
 
 TEST_F(RichFile, IsToldByItsFirstBytes) {
-    const auto rich = Load("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\b a\\par}");
+    const auto rich = Load(R"({\rtf1{\fonttbl{\f0 Arial;}}\b a\par})");
     ASSERT_TRUE(rich);
     EXPECT_EQ(rich->text, "a");
     EXPECT_EQ(rich->fonts, QStringList("Arial"));

@@ -17,8 +17,8 @@ QString Lines(const QByteArray& body) {
     return lines.join('/');
 }
 
-constexpr auto bullet = "{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\fi-200\\li200 ";
-constexpr auto number = "{\\pntext 1.\\tab}{\\*\\pn\\pnlvlbody\\pndec{\\pntxta.}}";
+constexpr auto bullet = R"({\pntext\f1\'B7\tab}{\*\pn\pnlvlblt\pnf1\pnindent0{\pntxtb\'B7}}\fi-200\li200 )";
+constexpr auto number = R"({\pntext 1.\tab}{\*\pn\pnlvlbody\pndec{\pntxta.}})";
 
 TEST(RtfLists, HaveBulletsOfTheirParagraphs) {
     EXPECT_EQ(Lines(QByteArray("\\pard") + bullet + "one\\par {\\pntext\\'B7\\tab}two\\par\\pard three\\par"),
@@ -60,7 +60,7 @@ TEST(RtfLists, GoByTheMarkerWhenNothingIsSaidOfThem) {
 }
 
 TEST(RtfLists, HaveMarkersInTheirOwnFormat) {
-    const RichText rich = ReadRtf("{\\rtf1{\\listtext\\b 1.\\tab}\\ls1 a\\par}");
+    const RichText rich = ReadRtf(R"({\rtf1{\listtext\b 1.\tab}\ls1 a\par})");
     EXPECT_EQ(rich.text, "1. a");
     ASSERT_EQ(rich.runs.size(), 2U);
     EXPECT_TRUE(rich.runs.front().format.bold);

@@ -255,7 +255,7 @@ TEST(RtfReader, ReadsWhatIsLeftOfADamagedFile) {
     EXPECT_EQ(ReadRtf("").text, "");
     EXPECT_EQ(Text("\\cell a\\row"), "\ta");
     EXPECT_EQ(Text("\\ls5\\ilvl70000\\pnlvlblt a"), "a");
-    const QByteArray whole = Document("{\\b a}\\par{\\pntext\\'b7\\tab}\\u8364?{\\pict 00}\\cell\\row\\f1 \\'e4");
+    const QByteArray whole = Document(R"({\b a}\par{\pntext\'b7\tab}\u8364?{\pict 00}\cell\row\f1 \'e4)");
     for (int length = 0; length < whole.size(); ++length) {
         const RichText rich = ReadRtf(whole.first(length));
         EXPECT_EQ(rich.paragraphs.size(), static_cast<std::size_t>(rich.text.count("\r\n")) + 1) << length;
