@@ -7,7 +7,7 @@
 namespace vellum::test {
 namespace {
 
-constexpr auto rtf = "{\\rtf1{\\fonttbl{\\f0 Times;}}\\b a<b\\par}";
+constexpr auto rtf = R"({\rtf1{\fonttbl{\f0 Times;}}\b a<b\par})";
 
 // The main window, with what it showed while it was painted as busy.
 class WatchedWindow : public CountingWindow {
