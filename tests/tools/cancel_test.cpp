@@ -11,6 +11,7 @@
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
 #include "tools/scripts/frm_param.h"
+#include "tools/tables/frm_tables.h"
 #include "tools/text/frm_fonts.h"
 #include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
@@ -22,6 +23,7 @@ struct Leaving {
     const char* form;
     void (*open)(Workbench& bench);
     bool focusesText;  // else the keyboard stays where it was
+    const char* cancel = "cmdCancel";
 };
 
 constexpr Leaving tools[] = {
@@ -32,7 +34,7 @@ constexpr Leaving tools[] = {
     {"frmGraphics", ShowTool<frmGraphics>, false},     {"FormWizard", ShowTool<FormWizard>, false},
     {"frmLists", ShowTool<frmLists>, false},           {"frmParagraphs", ShowTool<frmParagraphs>, true},
     {"frmQuickStart", ShowTool<frmQuickStart>, false}, {"FormWizard2", ShowTool<FormWizard2>, true},
-    {"FormWizard3", ShowTool<FormWizard3>, true},
+    {"FormWizard3", ShowTool<FormWizard3>, true},      {"frmTables", ShowTableBuilder, true, "Command4"},
 };
 
 class CancelledTools : public ToolFixture {};
@@ -49,7 +51,7 @@ TEST_F(CancelledTools, WriteNothingAndGiveTheMainWindowBack) {
                                 QTest::keyClicks(tool.focusWidget(), "1");
                                 window.setEnabled(false);
                                 tool.setEnabled(true);
-                                Click(tool, "cmdCancel");
+                                Click(tool, leaving.cancel);
                                 EXPECT_FALSE(tool.isVisible()) << leaving.form;
                             });
         EXPECT_EQ(Text(), "a word.") << leaving.form;

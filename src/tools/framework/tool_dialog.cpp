@@ -14,6 +14,11 @@ namespace vellum {
 ToolDialog::ToolDialog(Workbench& bench, const QString& name, const QString& caption)
     : FieldForm(bench, name, caption) {}
 
+int ToolDialog::exec() {
+    markup_.reset();
+    return QDialog::exec();
+}
+
 void ToolDialog::done(int result) {
     if (QWidget* window = bench_.Window()) window->setEnabled(true);
     QDialog::done(result);

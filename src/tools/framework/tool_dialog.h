@@ -21,6 +21,8 @@ public:
     [[nodiscard]] const std::optional<QString>& Markup() const { return markup_; }
     [[nodiscard]] OnCancel AfterCancel() const { return onCancel_; }
 
+    // A tool that is shown again has come to nothing yet.
+    int exec() override;
     // Also gives the main window back to the author.
     void done(int result) override;
 
