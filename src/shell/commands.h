@@ -19,6 +19,8 @@
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
 #include "tools/scripts/frm_param.h"
+#include "tools/tables/frm_tables.h"
+#include "tools/tables/table_importer.h"
 #include "tools/text/frm_fonts.h"
 #include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
@@ -68,6 +70,7 @@ inline constexpr Command closePage{[](MDIform1& window) { window.documents.Close
 inline constexpr Command closeAllPages{[](MDIform1& window) { window.documents.CloseAll(); }, Needs::Document};
 inline constexpr Command importToNewFile{[](MDIform1& window) { ImportToNewFile(window); }};
 inline constexpr Command importToDocument{[](MDIform1& window) { ImportToDocument(window); }, Needs::Document};
+inline constexpr Command importTable{[](MDIform1& window) { ImportTable(window); }, Needs::Document};
 inline constexpr Command savePage{[](MDIform1& window) { window.Files().Save(); }, Needs::Document};
 inline constexpr Command savePageAs{[](MDIform1& window) { window.Files().SaveAs(); }, Needs::Document};
 inline constexpr Command printPage{[](MDIform1& window) { window.Files().Print(); }, Needs::Document};
@@ -132,7 +135,7 @@ inline constexpr Command scriptingTools = later;
 inline constexpr Command searchEngines = later;
 inline constexpr Command specialEffects = later;
 inline constexpr Command styleSheet = later;
-inline constexpr Command tableBuilder = later;
+inline constexpr Command tableBuilder{[](MDIform1& window) { ShowTableBuilder(window); }};
 inline constexpr Command orbiter = later;
 inline constexpr Command visualEditor{EditVisually, Needs::Preview};
 

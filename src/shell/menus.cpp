@@ -45,7 +45,7 @@ constexpr MenuEntry table[] = {
     {1, "mnuImportItem", "&Import"},
     {2, "mnuImport1", "Import Text to New File...", importToNewFile},
     {2, "mnuImport2", "Import Text To Current Document...", importToDocument},
-    {2, "mnuImport3", "Import Table Into Current Document...", laterForDocuments},
+    {2, "mnuImport3", "Import Table Into Current Document...", importTable},
     {1, "", "-"},
     {1, "mnuSaveItem", "Save &As...", savePageAs, "Ctrl+Shift+S"},
     {1, "mnuSaveregItem", "&Save", savePage, "Ctrl+S"},

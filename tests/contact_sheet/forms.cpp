@@ -18,11 +18,15 @@
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
 #include "tools/scripts/frm_param.h"
+#include "tools/tables/frm_tables.h"
+#include "tools/tables/table_grid.h"
+#include "tools/tables/table_importer.h"
 #include "tools/text/frm_fonts.h"
 #include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
 #include "website/propform.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QImage>
@@ -110,6 +114,38 @@ std::unique_ptr<QWidget> MakeQuickStart(Stage& stage) {
     return form;
 }
 
+// With texts, colours, sizes and a picture in its cells, some of them selected.
+std::unique_ptr<QWidget> MakeTables(Stage& stage) {
+    auto tables = std::make_unique<frmTables>(stage.bench);
+    for (const char* check : {"Check4", "Check2"}) tables->findChild<QCheckBox*>(check)->click();
+    auto& grid = *tables->findChild<TableGrid*>();
+    grid.Resize(6, 4);
+    const char* const texts[] = {"Sheet", "Made of", "A longer text than its cell has room for", "Two\nlines"};
+    for (int column = 0; column < 4; ++column) grid.SetText(0, column, texts[column]);
+    grid.Enter(0, 1);
+    grid.ChangeSelected([](TableCell& cell) { cell.fontSize = 24; });
+    grid.Enter(0, 3);
+    grid.ChangeSelected([](TableCell& cell) { cell.fontSize = 9.75F; });
+    grid.Enter(1, 0);
+    grid.ChangeActive([](TableCell& cell) {
+        cell.text = "Vellum";
+        cell.color = 0x0000C0;
+        cell.backColor = 0xB0F0FF;
+    });
+    grid.Enter(1, 1);
+    grid.ChangeActive([](TableCell& cell) {
+        cell.image = "calf.gif";
+        cell.picture = QImage(60, 40, QImage::Format_RGB32);
+        cell.picture.fill(QColor(0xC0, 0x90, 0x60));
+    });
+    grid.Select({1, 2}, {2, 4});
+    return tables;
+}
+
+std::unique_ptr<QWidget> MakeImporter(Stage& stage) {
+    return std::make_unique<TableImporter>(stage.bench, "/home/author/Documents/prices of parchment.txt");
+}
+
 // Without the tips, which would wait for an answer.
 class MainWindow : public MDIform1 {
 public:
@@ -174,6 +210,8 @@ const std::vector<Form>& Forms() {
         {"frmGraphics", Make<frmGraphics>},
         {"frmQuickStart", MakeQuickStart},
         {"frmParagraphs", MakeParagraphs},
+        {"frmTables", MakeTables},
+        {"TableImporter", MakeImporter},
         {"KitSample", Make<KitSample>},
         {"propform", MakeProperties},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},

@@ -2,6 +2,8 @@
 #include "tests/shell/main_window_fixture.h"
 #include "tests/support/modal.h"
 #include "tools/frames/form_wizard.h"
+#include "tools/tables/frm_tables.h"
+#include "tools/tables/table_importer.h"
 
 #include <QMap>
 #include <QMenu>
@@ -98,7 +100,8 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
                                        {"Frame Builder", "FormWizard"},
                                        {"List Builder", "frmLists"},
                                        {"Quickstart", "frmQuickStart"},
-                                       {"Paragraph Builder", "frmParagraphs"}};
+                                       {"Paragraph Builder", "frmParagraphs"},
+                                       {"Table Builder", "frmTables"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -109,8 +112,46 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 16) << "four of them stand on two popups";
+    EXPECT_EQ(opened.size(), 18) << "five of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
+}
+
+TEST_F(ToolCommands, TheTableBuilderKeepsItsCellsFromOneDocumentToTheNext) {
+    Open();
+    Active().Text1->SetText({});
+    InModal<frmTables>([&] { Trigger("mnuTableItem"); },
+                       [](frmTables& form) {
+                           QTest::keyClicks(form.focusWidget(), "a");
+                           QTest::keyClick(form.focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+                       });
+    const QString table = Active().Text1->Text();
+    EXPECT_TRUE(table.contains("12pt\">\r\na\r\n</span>"));
+    EXPECT_EQ(window->focusWidget(), Active().Text1);
+    Active().HandleUndo();
+    EXPECT_EQ(Active().Text1->Text(), "");
+    Trigger("mnuClose");
+    window->NewForm();
+    InModal<frmTables>(
+        [&] { Trigger("mnuTableItem"); },
+        [](frmTables& form) { QTest::keyClick(form.focusWidget(), Qt::Key_Return, Qt::ControlModifier); });
+    EXPECT_EQ(Active().Text1->Text(), table);
+    window->close();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(ToolCommands, ATableIsImportedIntoTheTableBuilder) {
+    Open();
+    Active().Text1->SetText({});
+    prompts.openNames = {MakeFile("cells.txt", "a\tb\n")};
+    InModal<frmTables>(
+        [&] {
+            InModal<TableImporter>([&] { Trigger("mnuImport3"); },
+                                   [](TableImporter& form) { QTest::keyClick(form.focusWidget(), Qt::Key_Return); });
+        },
+        [](frmTables& form) { QTest::keyClick(form.focusWidget(), Qt::Key_Return, Qt::ControlModifier); });
+    EXPECT_EQ(prompts.requests.back().directory, site.path());
+    EXPECT_EQ(Active().Text1->Text().count("<td "), 4);
+    EXPECT_TRUE(Active().Text1->Text().contains("12pt\">\r\nb\r\n</span>"));
 }
 
 // As when the session ends around an open form.
