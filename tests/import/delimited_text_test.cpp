@@ -1,6 +1,7 @@
 #include "import/delimited_text.h"
 
-#include <algorithm>
+#include "tests/import/literal_delimited_text.h"
+
 #include <gtest/gtest.h>
 #include <random>
 
@@ -69,36 +70,6 @@ TEST(DelimitedTexts, SkipCarriageReturnsWhereverTheyStand) {
     EXPECT_EQ(ReadDelimitedText(u"a\rb,\r\r\n", u',').cells, (Cells{{"ab", ""}, {""}}));
 }
 
-// Character by character, as the rules are told.
-DelimitedText ReadLiterally(QStringView text, std::optional<QChar> delimiter) {
-    DelimitedText read;
-    int count = 1;
-    for (const QChar c : text) {
-        if (c == delimiter) ++count;
-        if (c == u'\n') {
-            ++read.rows;
-            if (count > read.columns) read.columns = count;
-            count = 1;
-        }
-    }
-    read.cells.assign(static_cast<std::size_t>(read.rows), {""});
-    std::size_t row = 0;
-    int column = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c == delimiter) {
-            if (++column < read.columns) read.cells[row] << "";
-        } else if (c == u'\n') {
-            if (i == text.size() - 1) break;
-            ++row;
-            column = 0;
-        } else if (c != u'\r' && column < read.columns) {
-            read.cells[row].last() += c;
-        }
-    }
-    return read;
-}
-
 TEST(DelimitedTexts, AreReadAsAWalkByCharacterReadsThem) {
     std::mt19937 random(7);
     const QString characters = ",\n\rab \t";
@@ -108,7 +79,7 @@ TEST(DelimitedTexts, AreReadAsAWalkByCharacterReadsThem) {
         for (int i = 0; i < length; ++i) text += characters.at(random() % static_cast<unsigned>(characters.size()));
         const std::optional<QChar> delimiter = round % 5 == 0 ? std::nullopt : std::optional<QChar>(u',');
         const DelimitedText read = ReadDelimitedText(text, delimiter);
-        const DelimitedText literal = ReadLiterally(text, delimiter);
+        const DelimitedText literal = test::LiteralDelimitedText(text, delimiter);
         ASSERT_EQ(read.rows, literal.rows) << text.toStdString();
         ASSERT_EQ(read.columns, literal.columns) << text.toStdString();
         ASSERT_EQ(read.cells, literal.cells) << text.toStdString();
