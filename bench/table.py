@@ -22,6 +22,8 @@ RATIOS = [
     ("A key typed in a tag, against QScintilla", "TypeInTag/10", "TypeInTagInScintilla/10", "median_ms", 1),
     ("RTF of 5 MB to markup, against unrtf", "ImportRtf/5", "ImportRtfByUnrtf/5", "real_time", 0.2),
     ("Text of an RTF of 10 MB to markup, against 1 MB", "ConvertRich/10", "ConvertRich/1", "real_time", 12),
+    ("100,000 cells into the Table Builder, against the toolkit's grid", "ReadIntoTable/100", "ReadIntoTableWidget/100",
+     "real_time", 1),
     ("Read the XHTML type, against an XML parser", "ReadXhtmlDtd", "ParseXhtmlDtdByLibxml2", "real_time", 1),
 ]
 
@@ -36,6 +38,9 @@ LIMITS = [
     ("One step back in 10 MB", "UndoOneLine/10", "real_time", "ms", 20),
     ("Full stacks of undo and redo in 10 MB", "FullHistory/10", "percent_of_heap", "% of the text", 5),
     ("Memory for the markup of an RTF of 5 MB", "ImportRtf/5", "times_of_file", "times the file", 12),
+    ("100,000 cells into the Table Builder", "ReadIntoTable/100", "real_time", "ms", 1000),
+    ("OK with 100,000 cells", "PressTableOk/100", "real_time", "ms", 500),
+    ("A row or column of 200 by 17 more or fewer", "AddAndTakeLines", "p95_ms", "ms", 20),
     ("The reference tree with every type", "FillReferenceTree", "real_time", "ms", 150),
 ]
 

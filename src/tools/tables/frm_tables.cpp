@@ -52,6 +52,7 @@ void Run(Workbench& bench, frmTables& tool) {
     const OnCancel onCancel = tool.AfterCancel();
     const bool stays = tool.Retains() && tool.parent();
     if (!stays) delete &tool;
+    const WaitPointer wait;  // a large table takes its time to be laid out in the document
     CloseTool(bench, markup, onCancel);
 }
 
@@ -222,9 +223,8 @@ void frmTables::PickBackColor() {
 // A file that is no picture leaves the cell as it was.
 void frmTables::PickImage() {
     const QString path = PickFile("Image Files (*.GIF;*.JPG;*.BMP)|*.GIF;*.JPG;*.BMP");
-    if (!path.isEmpty()) {
-        const QImage picture = ReadPicture(path).image;
-        if (picture.isNull()) return;
+    const QImage picture = path.isEmpty() ? QImage() : ReadPicture(path).image;
+    if (!picture.isNull()) {
         grid_->ChangeActive([&](TableCell& cell) {
             cell.text.clear();
             cell.image = QFileInfo(path).fileName();

@@ -5,6 +5,7 @@
 
 #include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
@@ -51,6 +52,7 @@ TableGrid::TableGrid(QWidget* parent)
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setBackgroundRole(QPalette::Window);  // so that the paper of the cells tells where they end
     SetUpHeaders();
     for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()}) {
         connect(bar, &QScrollBar::valueChanged, editor_, &TableCellEditor::Place);
@@ -71,6 +73,10 @@ void TableGrid::SetUpHeaders() {
     horizontalHeader()->setMinimumHeight(PixelsFromTwips(headerHeight));
     verticalHeader()->setMinimumWidth(PixelsFromTwips(headerWidth));
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    // Rows are as high as on the page, however large the desktop's letters are.
+    QFont font = verticalHeader()->font();
+    font.setPixelSize(std::min(QFontInfo(font).pixelSize(), PixelsFromTwips(TableCells::rowHeight) * 2 / 3));
+    verticalHeader()->setFont(font);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int column, int /*before*/, int pixels) { TakeWidth(column, pixels); });
     connect(verticalHeader(), &QHeaderView::sectionResized, this,

@@ -1,11 +1,10 @@
 #include "tools/tables/table_markup.h"
 
 #include "import/text_import.h"
+#include "surface/document_text.h"
 #include "tools/framework/attributes.h"
 #include "values/color_hex.h"
 #include "values/number_rules.h"
-
-#include <cmath>
 
 namespace vellum {
 namespace {
@@ -43,10 +42,6 @@ QString Head(const QString& title, int columns) {
            Line("</thead>");
 }
 
-QString WithCrLf(QString text) {
-    return text.replace("\r\n", "\n").replace('\r', '\n').replace('\n', "\r\n");
-}
-
 QString BackColorOf(const TableCell& cell) {
     constexpr ColorNumber white = 0xFFFFFF;
     const QString hex = ColorToHex(cell.backColor == 0 ? white : cell.backColor);
@@ -57,8 +52,9 @@ QString BackColorOf(const TableCell& cell) {
 class CellWriter {
 public:
     CellWriter(const TableCells& cells, const TableSettings& settings, int tablePixels)
-        : cells_(cells), settings_(settings), afterColor_(AttributeIfAny("align", settings.textAlignment)) {
-        afterColor_ += AttributeIfAny("valign", settings.verticalAlignment) + '>' + lineEnd;
+        : cells_(cells), settings_(settings) {
+        afterColor_ = AttributeIfAny("align", settings.textAlignment) +
+                      AttributeIfAny("valign", settings.verticalAlignment) + '>' + lineEnd + "<span style=\"";
         for (int column = 0; column < cells.Columns(); ++column) {
             const double pixels = Pixels(cells.ColumnWidth(column));
             const QString width = settings.percentWidth
@@ -68,32 +64,44 @@ public:
         }
     }
 
-    void AppendRow(QString& markup, int row) const {
+    void AppendRow(QString& markup, int row) {
         const QString height =
             settings_.cellHeights ? Attribute("height", NumberText(Pixels(cells_.RowHeight(row)))) : QString();
-        markup += "<tr>" + lineEnd;
+        markup += Line("<tr>");
         for (int column = 0; column < cells_.Columns(); ++column) {
-            markup += openings_.at(static_cast<std::size_t>(column)) + height;
+            markup += openings_.at(static_cast<std::size_t>(column));
+            markup += height;
             AppendCell(markup, cells_.At(row, column));
         }
-        markup += "</tr>" + lineEnd;
+        markup += Line("</tr>");
     }
 
 private:
-    void AppendCell(QString& markup, const TableCell& cell) const {
+    void AppendCell(QString& markup, const TableCell& cell) {
         if (!settings_.clearBackgrounds) markup += Attribute("bgcolor", BackColorOf(cell));
-        markup += afterColor_ + "<span style=\"";
+        markup += afterColor_;
         if (settings_.textColors) markup += "color: " + ColorToHex(cell.color) + "; ";
-        markup += "font-size: " + NumberText(cell.fontSize) + "pt\">" + lineEnd;
+        markup += SizeOf(cell);
         if (!cell.image.isEmpty()) markup += "<img src=\"" + cell.image + "\">";
-        if (!cell.text.isEmpty()) markup += ConvertPlainText(WithCrLf(cell.text));
-        markup += lineEnd + "</span>" + lineEnd + "</td>" + lineEnd;
+        if (!cell.text.isEmpty()) markup += ConvertPlainText(WithCrLf(WithLf(cell.text)));
+        markup += QLatin1String("\r\n</span>\r\n</td>\r\n");
+    }
+
+    // The end of the style; most cells have the size of the one before.
+    const QString& SizeOf(const TableCell& cell) {
+        if (cell.fontSize != sizeWritten_) {
+            sizeWritten_ = cell.fontSize;
+            size_ = Line("font-size: " + NumberText(cell.fontSize) + "pt\">");
+        }
+        return size_;
     }
 
     const TableCells& cells_;
     const TableSettings& settings_;
     QString afterColor_;
     std::vector<QString> openings_;  // one a column
+    float sizeWritten_ = -1;
+    QString size_;
 };
 
 }  // namespace
@@ -112,7 +120,7 @@ std::optional<QString> TableMarkup(const TableCells& cells, const TableSettings&
     if (settings.alignment.toLower() == u"center") markup += Line("<center>");
     markup += TableTag(settings);
     if (!settings.title.isEmpty()) markup += Head(settings.title, cells.Columns()) + Line("<tbody>");
-    const CellWriter writer(cells, settings, *pixels);
+    CellWriter writer(cells, settings, *pixels);
     for (int row = 0; row < cells.Rows(); ++row) writer.AppendRow(markup, row);
     if (!settings.title.isEmpty()) markup += Line("</tbody>");
     markup += Line("</table>");
