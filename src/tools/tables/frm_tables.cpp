@@ -215,7 +215,9 @@ void frmTables::PickTextColor() {
 }
 
 void frmTables::PickBackColor() {
-    const auto color = bench_.Ask().PickColor(this, grid_->ActiveCell().backColor);
+    constexpr ColorNumber white = 0xFFFFFF;
+    const ColorNumber first = grid_->ActiveCell().backColor;
+    const auto color = bench_.Ask().PickColor(this, first == 0 ? white : first);
     if (color) grid_->ChangeSelected([color](TableCell& cell) { cell.backColor = std::max(*color, ColorNumber{1}); });
     grid_->setFocus();
 }

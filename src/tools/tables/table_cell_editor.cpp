@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTextBlock>
 
 namespace vellum {
@@ -77,6 +78,9 @@ void TableCellEditor::Place() {
     if (!grid_.Active().isValid()) return;
     const QRect cell = grid_.visualRect(grid_.Active());
     setGeometry(cell.adjusted(0, 0, PixelsFromTwips(extraWidth), 0));
+    // A field that has grown shows again what was scrolled away.
+    verticalScrollBar()->setValue(0);
+    ensureCursorVisible();
     // At rest the next cell shows beside it.
     if (editing_) {
         clearMask();

@@ -9,7 +9,7 @@
 namespace vellum {
 namespace {
 
-constexpr int textFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextExpandTabs;
+constexpr int textFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextExpandTabs | Qt::TextDontClip;
 constexpr int mostShown = 2000;  // characters of a text, which is more than a cell has room for
 
 QString ShownText(const TableCell& cell) {

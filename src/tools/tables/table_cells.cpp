@@ -48,9 +48,10 @@ int FontSizeIndex(float points) {
 int HeightFor(const TableCell& cell) {
     constexpr float twipsPerPoint = 20;
     constexpr float lineHeight = 1.25F;  // in heights of a letter
-    constexpr int tallest = 9000;
+    constexpr float tallest = 9000;
     const auto lines = static_cast<float>(cell.text.count(u'\n') + 1);
-    return static_cast<int>(std::min<float>(std::ceil(lines * cell.fontSize * twipsPerPoint * lineHeight), tallest));
+    const float height = std::ceil(lines * cell.fontSize * twipsPerPoint * lineHeight);
+    return static_cast<int>(std::min(height, tallest)) + twipsPerPixel;  // and the line of the grid
 }
 
 int ScrollMaximum(int before, const std::vector<int>& sizes) {

@@ -24,7 +24,7 @@ struct TableCell {
 class TableCells {
 public:
     static constexpr int columnWidth = 1900;
-    static constexpr int rowHeight = 300;
+    static constexpr int rowHeight = 315;
 
     TableCells() { Resize(2, 2); }
 

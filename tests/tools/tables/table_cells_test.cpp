@@ -10,7 +10,7 @@ TEST(TableCellsOf, ANewTableAreTwoByTwo) {
     EXPECT_EQ(cells.Rows(), 2);
     EXPECT_EQ(cells.Columns(), 2);
     EXPECT_EQ(cells.ColumnWidth(1), 1900);
-    EXPECT_EQ(cells.RowHeight(1), 300);
+    EXPECT_EQ(cells.RowHeight(1), 315);
     EXPECT_EQ(cells.At(1, 1).text, "");
     EXPECT_EQ(cells.At(1, 1).color, 0U);
     EXPECT_EQ(cells.At(1, 1).backColor, 0U);
@@ -62,10 +62,10 @@ TEST(FontSizes, AreShownByTheLargestThatIsNotAbove) {
 }
 
 TEST(RowHeights, FollowTheLinesAndTheirSize) {
-    EXPECT_EQ(HeightFor({}), 300);
-    EXPECT_EQ(HeightFor({.text = "a\nb"}), 600);
-    EXPECT_EQ(HeightFor({.fontSize = 36}), 900);
-    EXPECT_EQ(HeightFor({.text = QString(1000, '\n')}), 9000) << "no higher than a screen";
+    EXPECT_EQ(HeightFor({}), 315);
+    EXPECT_EQ(HeightFor({.text = "a\nb"}), 615);
+    EXPECT_EQ(HeightFor({.fontSize = 36}), 915);
+    EXPECT_EQ(HeightFor({.text = QString(1000, '\n')}), 9015) << "no higher than a screen";
 }
 
 TEST(ScrollMaxima, AreTenthsOfTheEndOfTheLastOne) {

@@ -166,7 +166,7 @@ TEST_F(TableMarkups, AreNoneOfATableThatIsTooWide) {
 
 TEST_F(TableMarkups, TellHeightsWhenTheyAreWanted) {
     settings.cellHeights = true;
-    ExpectCell(CellTag(" width=\"126.666666666667\" height=\"20\" align=\"LEFT\" valign=\"TOP\""));
+    ExpectCell(CellTag(" width=\"126.666666666667\" height=\"21\" align=\"LEFT\" valign=\"TOP\""));
     cells.SetRowHeight(0, 310);
     ExpectCell(CellTag(" width=\"126.666666666667\" height=\"20.6666666666667\" align=\"LEFT\" valign=\"TOP\""));
 }
@@ -237,7 +237,7 @@ TEST_F(TableMarkups, TellEverythingOfACellInOneOrder) {
     EXPECT_EQ(
         Markup(),
         Whole("<table cellpadding=\"3\" cellspacing=\"2\" width=\"100%\">",
-              OneCell(CellTag(" width=\"99%\" height=\"20\" bgcolor=\"#000000\" align=\"RIGHT\" valign=\"BOTTOM\"",
+              OneCell(CellTag(" width=\"99%\" height=\"21\" bgcolor=\"#000000\" align=\"RIGHT\" valign=\"BOTTOM\"",
                               "<img src=\"i.gif\">x", "color: #00FF00; font-size: 36pt"))));
 }
 
