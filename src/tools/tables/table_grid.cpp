@@ -48,6 +48,7 @@ TableGrid::TableGrid(QWidget* parent)
     setModel(model_);
     setItemDelegate(painter_);
     setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -321,7 +322,7 @@ void TableGrid::focusInEvent(QFocusEvent* event) {
 }
 
 bool TableGrid::focusNextPrevChild(bool next) {
-    return StepCell(next ? 1 : -1) || QAbstractScrollArea::focusNextPrevChild(next);
+    return StepCell(next ? 1 : -1) || QTableView::focusNextPrevChild(next);
 }
 
 QModelIndex TableGrid::CellAt(QPoint place) const {
