@@ -67,7 +67,7 @@ frmTables::frmTables(Workbench& bench) : ToolDialog(bench, "frmTables", "The Tab
     AddTableSettings();
     NextColumn();
     AddCellSettings();
-    Finish([this] { return Build(); }, OnCancel::FocusText);
+    Finish([this] { return Build(); }, OnCancel::FocusText)->setToolTip(tr("Ctrl+Enter in the grid"));
     findChild<QPushButton*>("cmdCancel")->setObjectName("Command4");
     // After the kit, which would go to the first button.
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int pane) {

@@ -1,59 +1,11 @@
 #include "tools/tables/frm_tables.h"
 
-#include "tests/tools/tables/table_fixture.h"
-#include "tests/tools/tool_fixture.h"
-
-#include <QImage>
-#include <QScrollBar>
+#include "tests/tools/tables/builder_fixture.h"
 
 namespace vellum::test {
 namespace {
 
-class TableBuilder : public ToolFixture {
-protected:
-    void Open(const std::function<void(frmTables&)>& steps) {
-        InModal<frmTables>([this] { ShowTableBuilder(bench); }, steps);
-    }
-
-    // What OK writes after the steps.
-    QString Written(const std::function<void(frmTables&)>& steps) {
-        document.Text1->SetText({});
-        Open([&](frmTables& tool) {
-            steps(tool);
-            Click(tool, "cmdOK");
-        });
-        return Text();
-    }
-
-    static TableGrid& Grid(const QWidget& tool) { return Get<TableGrid>(tool, "Grid1"); }
-    static TableCellEditor& Editor(const QWidget& tool) { return Get<TableCellEditor>(tool, "Text1"); }
-    static bool Enabled(const QWidget& tool, const char* name) { return Get<QWidget>(tool, name).isEnabled(); }
-
-    static void TypeIn(const QWidget& tool, int row, int column, const QString& text) {
-        ClickCell(Grid(tool), row, column);
-        QTest::keyClicks(tool.focusWidget(), text);
-    }
-
-    static void ChooseSize(const QWidget& tool, const QString& size) {
-        auto& box = Get<QComboBox>(tool, "Combo2");
-        box.setFocus();
-        while (box.currentText() != size) {
-            const bool up = box.currentText().toInt() > size.toInt();
-            QTest::keyClick(&box, up ? Qt::Key_Up : Qt::Key_Down);
-        }
-    }
-
-    static const TableCell& Cell(const QWidget& tool, int row, int column) {
-        return Grid(tool).Cells().At(row, column);
-    }
-
-    QString MakePicture(const QString& name) const {
-        QImage picture(30, 20, QImage::Format_RGB32);
-        picture.fill(Qt::green);
-        EXPECT_TRUE(picture.save(folder.filePath(name), "PNG"));
-        return folder.filePath(name);
-    }
-};
+class TableBuilder : public BuilderFixture {};
 
 QString CellTag(const QString& width, const QString& rest, const QString& style, const QString& content) {
     return "<td width=\"" + width + "\"" + rest + " align=\"LEFT\" valign=\"TOP\">\r\n<span style=\"" + style +
@@ -362,115 +314,6 @@ TEST_F(TableBuilder, TellsThatATableIsTooWideAndKeepsIt) {
     EXPECT_EQ(Text().count("<td "), 34);
 }
 
-TEST_F(TableBuilder, KeepsEverythingThroughOkAndCancel) {
-    bench.prompts.openNames = {MakePicture("a.gif")};
-    const QWidget* first = nullptr;
-    Open([&](frmTables& tool) {
-        first = &tool;
-        EXPECT_TRUE(Get<QCheckBox>(tool, "Check1").isChecked());
-        TypeIn(tool, 0, 0, "x");
-        ClickCell(Grid(tool), 1, 1);
-        Click(tool, "Command2");
-        Click(tool, "cmdRowPlus");
-        DragSection(*Grid(tool).horizontalHeader(), 0, 34);
-        Tab(tool, 1);
-        Type(tool, "Text9", "Title");
-        Click(tool, "cmdOK");
-    });
-    const QString written = Text();
-    EXPECT_TRUE(written.contains("a.gif"));
-    Open([&](frmTables& tool) {
-        EXPECT_EQ(&tool, first);
-        EXPECT_EQ(Field(tool, "Text9"), "Title");
-        Tab(tool, 0);
-        EXPECT_EQ(Cell(tool, 0, 0).text, "x");
-        EXPECT_FALSE(Cell(tool, 1, 1).picture.isNull());
-        TypeIn(tool, 0, 1, "y");
-        Click(tool, "Command4");
-    });
-    EXPECT_EQ(Text(), written) << "Cancel writes nothing";
-    EXPECT_EQ(window.focusWidget(), document.Text1);
-    document.Text1->SetText({});
-    Open([&](frmTables& tool) {
-        EXPECT_EQ(tool.focusWidget(), &Editor(tool));
-        EXPECT_EQ(Cell(tool, 0, 1).text, "y");
-        QTest::keyClick(tool.focusWidget(), Qt::Key_Escape);
-    });
-    EXPECT_EQ(Text(), "") << "what OK wrote once isn't written again";
-    Open([](frmTables& tool) { Click(tool, "cmdOK"); });
-    EXPECT_EQ(Text().count("<td width=\"160\""), 3);
-}
-
-TEST_F(TableBuilder, IsGoneWithoutTheCheck) {
-    for (const char* button : {"cmdOK", "Command4"}) {
-        Open([&](frmTables& tool) {
-            EXPECT_EQ(Cell(tool, 0, 0).text, "") << "the defaults";
-            EXPECT_TRUE(Get<QCheckBox>(tool, "Check1").isChecked());
-            TypeIn(tool, 0, 0, "x");
-            Click(tool, "Check1");
-            Click(tool, button);
-        });
-        EXPECT_EQ(window.findChild<frmTables*>(), nullptr);
-        EXPECT_EQ(window.focusWidget(), document.Text1) << button;
-    }
-    EXPECT_EQ(Text().count(">\r\nx\r\n<"), 1);
-}
-
-TEST_F(TableBuilder, GivesTheMainWindowBack) {
-    for (const char* button : {"cmdOK", "Command4"}) {
-        Open([&](frmTables& tool) {
-            window.setEnabled(false);
-            tool.setEnabled(true);
-            Click(tool, button);
-        });
-        EXPECT_TRUE(window.isEnabled()) << button;
-    }
-}
-
-class CountingTables : public frmTables {
-public:
-    using frmTables::frmTables;
-    void Hidden() override { ++hidden; }
-    int hidden = 0;
-};
-
-TEST_F(TableBuilder, TellsThatCancelHidIt) {
-    auto* const tables = new CountingTables(bench);
-    Open([](frmTables& tool) { Click(tool, "cmdOK"); });
-    EXPECT_EQ(tables->hidden, 0);
-    Open([](frmTables& tool) { Click(tool, "Command4"); });
-    EXPECT_EQ(tables->hidden, 1);
-    Open([](frmTables& tool) { QTest::keyClick(tool.focusWidget(), Qt::Key_Escape); });
-    EXPECT_EQ(tables->hidden, 2);
-    int hidden = 0;
-    Open([&](frmTables& tool) {
-        Click(tool, "Check1");
-        Click(tool, "Command4");
-        hidden = tables->hidden;
-    });
-    EXPECT_EQ(hidden, 2) << "it isn't hidden then but gone";
-}
-
-TEST_F(TableBuilder, OutlivesTheDocumentItWroteInto) {
-    Open([](frmTables& tool) { TypeIn(tool, 0, 0, "x"); });
-    bench.active = nullptr;
-    Open([](frmTables& tool) {
-        EXPECT_EQ(Cell(tool, 0, 0).text, "x");
-        Click(tool, "cmdOK");
-    });
-    EXPECT_EQ(Text(), "");
-}
-
-TEST_F(TableBuilder, ForgetsItsImagesWhenItsArraysAreChecked) {
-    bench.prompts.openNames = {MakePicture("a.gif")};
-    Open([](frmTables& tool) {
-        Click(tool, "Command2");
-        tool.CheckArrays();
-        EXPECT_EQ(Cell(tool, 0, 0).image, "");
-        EXPECT_FALSE(Editor(tool).isHidden());
-    });
-}
-
 TEST_F(TableBuilder, OffersItsLists) {
     Open([](frmTables& tool) {
         const QStringList sides{"LEFT", "CENTER", "RIGHT"};
@@ -539,50 +382,6 @@ TEST_F(TableBuilder, TurnsItsPanesFromWithinTheGrid) {
         QTest::keyClick(tool.focusWidget(), Qt::Key_PageUp, Qt::ControlModifier);
         EXPECT_EQ(tabs.currentIndex(), 0);
         EXPECT_EQ(tool.focusWidget(), &Editor(tool));
-    });
-}
-
-TEST_F(TableBuilder, ScrollsInStepsOfTenTwips) {
-    Open([](frmTables& tool) {
-        const auto& across = Get<QScrollBar>(tool, "HScroll1");
-        auto& down = Get<QScrollBar>(tool, "VScroll1");
-        const TableGrid& grid = Grid(tool);
-        EXPECT_EQ(across.maximum(), (500 + 2 * 1900) / 10);
-        EXPECT_EQ(down.maximum(), (315 + 2 * 315) / 10);
-        Click(tool, "cmdColPlus");
-        Click(tool, "cmdRowPlus");
-        EXPECT_EQ(across.maximum(), 620);
-        EXPECT_EQ(down.maximum(), 126);
-        DragSection(*grid.horizontalHeader(), 0, 34);
-        EXPECT_EQ(across.maximum(), 670);
-        down.setValue(1);
-        EXPECT_EQ(down.value(), 1) << "less than a pixel";
-        down.setValue(45);
-        EXPECT_EQ(grid.visualRect(grid.model()->index(0, 0)).top(), -30);
-        down.setValue(down.maximum());
-        EXPECT_EQ(grid.visualRect(grid.model()->index(2, 0)).bottom(), -23) << "the whole grid has left";
-        for (int i = 0; i < 60; ++i) Click(tool, "cmdRowPlus");
-        ClickCell(grid, 1, 0);
-        QTest::keyClick(tool.focusWidget(), Qt::Key_End, Qt::ControlModifier);
-        EXPECT_NEAR(down.value() * 10 / 15, grid.verticalScrollBar()->value(), 1) << "the bar follows the keyboard";
-    });
-}
-
-TEST_F(TableBuilder, ReachesRowsThatItsScrollBarCantCount) {
-    Open([](frmTables& tool) {
-        Grid(tool).Resize(1039, 2);
-        const auto& down = Get<QScrollBar>(tool, "VScroll1");
-        EXPECT_EQ(down.maximum(), 32760);
-        Click(tool, "cmdRowPlus");
-        EXPECT_EQ(Get<QLabel>(tool, "Label14").text(), "1040");
-        EXPECT_EQ(down.maximum(), 32760) << "16 bits hold no more";
-        Grid(tool).Resize(3000, 2);
-        ClickCell(Grid(tool), 0, 0);
-        QTest::keyClick(tool.focusWidget(), Qt::Key_Down, Qt::ControlModifier);
-        EXPECT_TRUE(Grid(tool).viewport()->rect().contains(Editor(tool).geometry().topLeft()));
-        EXPECT_EQ(down.value(), 32760);
-        QTest::keyClicks(tool.focusWidget(), "x");
-        EXPECT_EQ(Cell(tool, 2999, 0).text, "x");
     });
 }
 

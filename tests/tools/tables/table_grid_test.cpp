@@ -1,77 +1,11 @@
 #include "tools/tables/table_grid.h"
 
-#include "tests/support/modal.h"
-#include "tests/tools/tables/table_fixture.h"
-
-#include <QClipboard>
-#include <QDialog>
-#include <QHBoxLayout>
-#include <QItemSelectionModel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScrollBar>
+#include "tests/tools/tables/grid_fixture.h"
 
 namespace vellum::test {
 namespace {
 
-// A grid of three rows and columns, with a field before and a button after it.
-class TableGrids : public testing::Test {
-protected:
-    void SetUp() override {
-        auto* const layout = new QVBoxLayout(&form);
-        layout->addWidget(before);
-        layout->addWidget(grid);
-        layout->addWidget(after);
-        layout->addWidget(ok);
-        ok->setDefault(true);
-        QObject::connect(ok, &QPushButton::clicked, &form, [this] { ++confirmed; });
-        grid->Resize(3, 3);
-        for (int row = 0; row < 3; ++row) {
-            for (int column = 0; column < 3; ++column) grid->SetText(row, column, QString("%1%2").arg(row).arg(column));
-        }
-        form.resize(640, 400);
-        form.show();
-        form.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-        ClickCell(*grid, 0, 0);
-    }
-
-    [[nodiscard]] QString Cell(int row, int column) const { return grid->Cells().At(row, column).text; }
-    [[nodiscard]] QPoint Place() const { return {grid->Active().column(), grid->Active().row()}; }
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(form.focusWidget(), key, modifiers); }
-    void Type(const QString& text) { QTest::keyClicks(form.focusWidget(), text); }
-
-    // The field stands over a cell, at rest, with the keyboard.
-    void ExpectIn(int row, int column) const {
-        EXPECT_EQ(Place(), QPoint(column, row));
-        EXPECT_EQ(form.focusWidget(), editor);
-        EXPECT_EQ(editor->toPlainText(), Cell(row, column));
-        EXPECT_EQ(editor->textCursor().selectedText(), Cell(row, column));
-        const QRect cell = grid->visualRect(grid->model()->index(row, column));
-        EXPECT_EQ(editor->pos(), cell.topLeft());
-        EXPECT_EQ(editor->width(), cell.width() + 280 / 15);
-        EXPECT_EQ(editor->height(), cell.height());
-    }
-
-    // All texts, row by row.
-    [[nodiscard]] QString Texts() const {
-        QStringList rows;
-        for (int row = 0; row < grid->Cells().Rows(); ++row) {
-            QStringList cells;
-            for (int column = 0; column < grid->Cells().Columns(); ++column) cells << Cell(row, column);
-            rows << cells.join(',');
-        }
-        return rows.join('|');
-    }
-
-    QDialog form;
-    QLineEdit* before = new QLineEdit(&form);
-    TableGrid* grid = new TableGrid(&form);
-    QPushButton* after = new QPushButton("After", &form);
-    QPushButton* ok = new QPushButton("OK", &form);
-    TableCellEditor* editor = grid->findChild<TableCellEditor*>("Text1");
-    int confirmed = 0;
-};
+class TableGrids : public GridFixture {};
 
 TEST_F(TableGrids, EnterACellByAClick) {
     ExpectIn(0, 0);
@@ -279,19 +213,6 @@ TEST_F(TableGrids, GoOnSelectingWhileTheMouseIsBeyondTheEdge) {
     EXPECT_EQ(Place(), QPoint(0, 1));
 }
 
-TEST_F(TableGrids, ClearTextsAndImagesByDelete) {
-    grid->ChangeActive([](TableCell& cell) { cell.image = "a.gif"; });
-    EXPECT_TRUE(editor->isHidden()) << "an image can't be typed into";
-    EXPECT_EQ(form.focusWidget(), grid);
-    Type("x");
-    EXPECT_EQ(Cell(0, 0), "00");
-    Key(Qt::Key_Right, Qt::ShiftModifier);
-    Key(Qt::Key_Delete);
-    EXPECT_EQ(Texts(), ",,02|10,11,12|20,21,22");
-    EXPECT_EQ(grid->Cells().At(0, 0).image, "");
-    ExpectIn(0, 0);
-}
-
 TEST_F(TableGrids, PassACellWithAnImage) {
     grid->ChangeActive([](TableCell& cell) { cell.image = "a.gif"; });
     Key(Qt::Key_Right);
@@ -306,76 +227,6 @@ TEST_F(TableGrids, PassACellWithAnImage) {
     Key(Qt::Key_Up);
     Key(Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
-}
-
-TEST_F(TableGrids, CopyABlockAndPasteIt) {
-    DragCells(*grid, {0, 0}, {1, 1});
-    Key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "00\t01\n10\t11");
-    ClickCell(*grid, 1, 1);
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Texts(), "00,01,02|10,00,01|20,10,11");
-    Key(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(Texts(), "00,01,02|10,,|20,,") << "what was pasted is selected";
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "00\t01\n10\t11");
-}
-
-TEST_F(TableGrids, GrowWithWhatIsPasted) {
-    QGuiApplication::clipboard()->setText("a\tb\tc\r\nd\r\n\"e\nf\"\tg\r\n");
-    ClickCell(*grid, 2, 1);
-    grid->ChangeActive([](TableCell& cell) { cell.image = "a.gif"; });
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Texts(), "00,01,02,|10,11,12,|20,a,b,c|,d,,|,e\nf,g,");
-    EXPECT_EQ(grid->Cells().At(2, 1).image, "");
-    EXPECT_EQ(grid->Cells().ColumnWidth(3), 1900);
-    EXPECT_EQ(grid->Cells().RowHeight(4), 615);
-    ExpectIn(2, 1);
-}
-
-TEST_F(TableGrids, PasteASingleTextIntoEverySelectedCell) {
-    QGuiApplication::clipboard()->setText("x");
-    ClickCell(*grid, 0, 1);
-    ClickCell(*grid, 2, 1, Qt::ControlModifier);
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Texts(), "00,x,02|10,11,12|20,x,22");
-    QGuiApplication::clipboard()->clear();
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Texts(), "00,x,02|10,11,12|20,x,22");
-}
-
-TEST_F(TableGrids, PasteIntoTheTextThatIsTyped) {
-    QGuiApplication::clipboard()->setText("x\ty");
-    Type("a");
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Cell(0, 0), "ax\ty");
-    EXPECT_EQ(Cell(0, 1), "01");
-}
-
-TEST_F(TableGrids, HaveTheClipboardInAMenu) {
-    DragCells(*grid, {0, 0}, {1, 0});
-    const auto choose = [this](int row, int column, const QString& caption) {
-        const auto [widget, place] = Under(*grid, row, column);
-        QTest::mousePress(widget, Qt::RightButton, {}, place);
-        InPopup(
-            [&, target = widget, at = place] {
-                QContextMenuEvent event(QContextMenuEvent::Mouse, at, target->mapToGlobal(at));
-                QCoreApplication::sendEvent(target, &event);
-            },
-            [&](QMenu& menu) {
-                for (QAction* action : menu.actions()) {
-                    if (action->text().remove('&') == caption) action->trigger();
-                }
-            });
-    };
-    choose(0, 1, "Cut");
-    EXPECT_EQ(Texts(), ",,02|10,11,12|20,21,22") << "within the selection the button leaves it";
-    choose(2, 1, "Paste");
-    EXPECT_EQ(Texts(), ",,02|10,11,12|20,00,01") << "elsewhere it moves it";
-    choose(2, 1, "Clear");
-    EXPECT_EQ(Texts(), ",,02|10,11,12|20,,");
-    ClickCell(*grid, 1, 0);
-    choose(1, 0, "Copy");
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "10");
 }
 
 TEST_F(TableGrids, TakeWidthsAndHeightsThatTheMouseDrags) {
