@@ -51,6 +51,7 @@ protected:
         EXPECT_EQ(editor->pos(), cell.topLeft());
         EXPECT_EQ(editor->width(), cell.width() + 280 / 15);
         EXPECT_EQ(editor->height(), cell.height());
+        EXPECT_EQ(editor->mask().boundingRect().size(), cell.size()) << "the next cell shows beside it";
     }
 
     // All texts, row by row.

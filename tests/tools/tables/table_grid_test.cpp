@@ -17,6 +17,7 @@ TEST_F(TableGrids, EnterACellByAClick) {
 TEST_F(TableGrids, TakeWhatIsTypedInPlaceOfTheText) {
     Type("new");
     EXPECT_EQ(Cell(0, 0), "new");
+    EXPECT_TRUE(editor->mask().isEmpty()) << "what is typed has the room beside the cell";
     Key(Qt::Key_Tab);
     ExpectIn(0, 1);
     Key(Qt::Key_Backspace);
