@@ -206,6 +206,10 @@ std::optional<QByteArray> ReadRegularFile(const QString& path, QString* error) {
 
 }  // namespace
 
+QString LoadedText::ReadableText() const {
+    return format.badBytes ? DecodeUtf8(EncodeUtf8(text)) : text;
+}
+
 LoadedText DecodeText(const QByteArray& bytes) {
     LoadedText loaded;
     if (!DecodeMarked(bytes, loaded)) DecodeUnmarked(bytes, loaded);

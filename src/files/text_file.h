@@ -34,6 +34,9 @@ struct LoadedText {
     TextFormat format;
     std::vector<OtherLineEnd> otherLineEnds;  // those that are not format.lineEnd, ascending
     QByteArray bytes;                         // what the text was made of
+
+    // For another place than the file's own document: bytes that are no text are replacement characters.
+    [[nodiscard]] QString ReadableText() const;
 };
 
 // Bytes to text. Never fails: what no stricter reading fits is Windows-1252, which every byte sequence fits. A reading

@@ -119,8 +119,7 @@ QString DecodePage(const QByteArray& bytes, const QByteArray& contentType) {
         }
     }
     UnifyLineEnds(page.text, LineEnd::Lf);
-    // Bytes that are no text stand in it as halves of surrogate pairs, which mean nothing away from their file.
-    return page.format.badBytes ? QString::fromUtf8(*EncodeUnits(page.text, utf8Name)) : page.text;
+    return page.ReadableText();
 }
 
 }  // namespace vellum

@@ -1,7 +1,6 @@
 #include "import/rich_file.h"
 
 #include "files/text_file.h"
-#include "files/utf8.h"
 #include "import/rtf_reader.h"
 #include "surface/document_text.h"
 
@@ -14,9 +13,7 @@ std::optional<RichText> LoadRichFile(const QString& path, const QString& font, d
         loaded->text.clear();  // which is larger than the file
         return ReadRtf(loaded->bytes);
     }
-    // Bytes that are no text stand in it as halves of surrogate pairs, which only the file's own document can keep.
-    const QString text = loaded->format.badBytes ? DecodeUtf8(EncodeUtf8(loaded->text)) : loaded->text;
-    return PlainRichText(WithCrLf(text), font, points);
+    return PlainRichText(WithCrLf(loaded->ReadableText()), font, points);
 }
 
 }  // namespace vellum

@@ -154,6 +154,11 @@ TEST(DecodeText, ReadsLatin1AsTheWebDoes) {
     }
 }
 
+TEST(LoadedText, IsReadableWithReplacementCharactersForBadBytes) {
+    EXPECT_EQ(DecodeText("\xC3\xA4\xC3\xB6\xFFz\n").ReadableText(), u"\u00E4\u00F6\uFFFDz\n"_qs);
+    EXPECT_EQ(DecodeText("plain").ReadableText(), "plain");
+}
+
 // Each bad byte is half a surrogate pair in the text, and goes back.
 TEST(DecodeText, KeepsTheBadBytesOfUtf8) {
     const Bytes mark = "\xEF\xBB\xBF";

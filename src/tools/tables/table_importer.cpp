@@ -44,7 +44,7 @@ void TableImporter::Read(const QString& delimiter) {
     {
         const WaitPointer wait;
         file = ReadTextFile(path_, &error);
-        if (file) table_ = ReadDelimitedText(file->text, DelimiterOf(delimiter));
+        if (file) table_ = ReadDelimitedText(file->ReadableText(), DelimiterOf(delimiter));
     }
     if (!file) return bench_.Ask().Message(this, error);
     accept();

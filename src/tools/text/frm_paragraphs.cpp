@@ -1,6 +1,5 @@
 #include "tools/text/frm_paragraphs.h"
 
-#include "files/encodings.h"
 #include "files/safe_write.h"
 #include "files/text_file.h"
 #include "import/rtf_reader.h"
@@ -61,10 +60,8 @@ QString WithLineFeeds(QString text) {
 
 // In the format that an empty text has.
 RichText PlainText(const LoadedText& file) {
-    // Bytes that are no text stand in it as halves of surrogate pairs, which mean nothing away from their file.
-    const QString text = file.format.badBytes ? QString::fromUtf8(*EncodeUnits(file.text, utf8Name)) : file.text;
     const RichText empty;
-    return PlainRichText(WithCrLf(text), empty.fonts.front(), empty.runs.front().format.Points());
+    return PlainRichText(WithCrLf(file.ReadableText()), empty.fonts.front(), empty.runs.front().format.Points());
 }
 
 QByteArray BytesOf(const RichText& rich, bool asRtf) {

@@ -112,6 +112,10 @@ TEST_F(TableImports, ReadFilesInTheirOwnEncoding) {
     EXPECT_EQ(Imported("\xE4,b\n", "Comma"), QString::fromUtf8("\xC3\xA4^b|^"));
 }
 
+TEST_F(TableImports, ShowBytesThatAreNoText) {
+    EXPECT_EQ(Imported("\xC3\xA4\t\xC3\xB6\xFF\n", "Tab"), u"\u00E4^\u00F6\uFFFD|^"_qs);
+}
+
 TEST_F(TableImports, TakeThePlaceOfWhatAHiddenBuilderKept) {
     QImage picture(3, 3, QImage::Format_RGB32);
     picture.fill(Qt::red);
