@@ -54,6 +54,12 @@ protected:
         QCursor::setPos(window->TabStrip1->mapToGlobal(place));
         QTest::mouseClick(window->TabStrip1, Qt::LeftButton, {}, place);
     }
+
+    // The platform of the tests may leave the window inactive after a popup, unlike a desktop.
+    [[nodiscard]] bool GetsKeyboardBack(const EditSurface& surface) const {
+        window->activateWindow();
+        return QTest::qWaitFor([&] { return surface.hasFocus(); });
+    }
 };
 
 TEST_F(TagBarTest, HasNineTabsWithTheirPopups) {
@@ -120,9 +126,7 @@ TEST_F(TagBarTest, AClickOnAnItemWritesAndLeavesTheKeyboardInTheText) {
                 });
     }
     EXPECT_EQ(surface.Text(), "<tr>row</tr><tr></tr>");
-    window->activateWindow();  // which the popups have taken the keyboard from
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    EXPECT_TRUE(surface.hasFocus());
+    EXPECT_TRUE(GetsKeyboardBack(surface));
     QTest::keyClicks(&surface, "x");
     EXPECT_EQ(surface.Text(), "<tr>row</tr><tr></tr>x");
 }
@@ -144,7 +148,7 @@ TEST_F(TagBarTest, TheKeyboardOpensAPopupBelowItsTab) {
                 QTest::keyClick(&menu, Qt::Key_Return);
             });
     EXPECT_EQ(surface.Text(), "<b></b>");
-    EXPECT_TRUE(surface.hasFocus());
+    EXPECT_TRUE(GetsKeyboardBack(surface));
 }
 
 TEST_F(TagBarTest, AScriptTakesTagsToo) {
