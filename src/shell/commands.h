@@ -18,7 +18,10 @@
 #include "tools/pages/new_wizards.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
+#include "tools/scripts/frm_insert_script.h"
 #include "tools/scripts/frm_param.h"
+#include "tools/scripts/frm_script_wizard.h"
+#include "tools/scripts/in_script.h"
 #include "tools/tables/frm_tables.h"
 #include "tools/tables/table_importer.h"
 #include "tools/text/frm_fonts.h"
@@ -121,7 +124,7 @@ inline constexpr Command horizontalRule = Open<HRule>();
 inline constexpr Command image = Open<frmGraphics>();
 inline constexpr Command imageMap = later;
 inline constexpr Command inlineStyle = later;
-inline constexpr Command inTagScript = later;
+inline constexpr Command inTagScript{[](MDIform1& window) { ShowInScript(window); }};
 inline constexpr Command inTagStyle = later;
 inline constexpr Command applet = Open<frmApplet>();
 inline constexpr Command listBuilder = Open<frmLists>();
@@ -130,8 +133,8 @@ inline constexpr Command object = later;
 inline constexpr Command paragraphBuilder = Open<frmParagraphs>();
 inline constexpr Command parameters = Open<frmParam>();
 inline constexpr Command quickstart = Open<frmQuickStart>();
-inline constexpr Command scriptTags = later;
-inline constexpr Command scriptingTools = later;
+inline constexpr Command scriptTags = Open<frmInsertScript>();
+inline constexpr Command scriptingTools = Open<frmScriptWizard>();
 inline constexpr Command searchEngines = later;
 inline constexpr Command specialEffects = later;
 inline constexpr Command styleSheet = later;

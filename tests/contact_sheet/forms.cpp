@@ -17,7 +17,10 @@
 #include "tools/pages/new_wizards.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
+#include "tools/scripts/frm_insert_script.h"
 #include "tools/scripts/frm_param.h"
+#include "tools/scripts/frm_script_wizard.h"
+#include "tools/scripts/in_script.h"
 #include "tools/tables/frm_tables.h"
 #include "tools/tables/table_grid.h"
 #include "tools/tables/table_importer.h"
@@ -146,6 +149,16 @@ std::unique_ptr<QWidget> MakeImporter(Stage& stage) {
     return std::make_unique<TableImporter>(stage.bench, "/home/author/Documents/prices of parchment.txt");
 }
 
+// With colours to choose from and to fade.
+std::unique_ptr<QWidget> MakeScripts(Stage& stage) {
+    stage.bench.prompts.colors = {0x0060FF, 0x40C000, 0xC04000, 0x603000, 0x80E0FF};
+    auto form = std::make_unique<frmScriptWizard>(stage.bench);
+    for (int i = 0; i < 3; ++i) form->findChild<QPushButton*>("cmdBCAdd")->click();
+    form->findChild<QPushButton*>("lblCBColor1")->click();
+    form->findChild<QPushButton*>("lblCBColor2")->click();
+    return form;
+}
+
 // Without the tips, which would wait for an answer.
 class MainWindow : public MDIform1 {
 public:
@@ -207,6 +220,9 @@ const std::vector<Form>& Forms() {
         {"frmLists", Make<frmLists>},
         {"frmLists, definitions", MakeDefinitions},
         {"ASP", Make<ASP>},
+        {"frmScriptWizard", MakeScripts},
+        {"frmInsertScript", Make<frmInsertScript>},
+        {"InScript", Make<InScript>},
         {"frmGraphics", Make<frmGraphics>},
         {"frmQuickStart", MakeQuickStart},
         {"frmParagraphs", MakeParagraphs},

@@ -32,6 +32,8 @@ const Opened tools[] = {
     {"mnuImageItem", "frmGraphics", "vrml", "<img vrml=\"\" />"},
     {"mnuAppletItem", "frmApplet", "C",
      "<applet name=\"\" codebase=\"\" code=\"C\" width=\"100\" height=\"100\" hspace=\"100\" vspace=\"100\"></applet>"},
+    {"mnuScriptTagsItem", "frmInsertScript", "VBS",
+     "<script language=\"VBS\">\r\n<!--\r\n' <![CDATA[\r\n\r\n\r\n' ]]>\r\n-->\r\n</script>"},
     {"mnuListBuilderItem", "frmLists", "i",
      "<!-- Begin List -->\r\n<ol start=\"1\" type=\"1\">\r\n<li>i</li>\r\n</ol>\r\n<!-- End List -->"},
     {"mnuQuickstartItem", "frmQuickStart", "T",
@@ -101,7 +103,10 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
                                        {"List Builder", "frmLists"},
                                        {"Quickstart", "frmQuickStart"},
                                        {"Paragraph Builder", "frmParagraphs"},
-                                       {"Table Builder", "frmTables"}};
+                                       {"Table Builder", "frmTables"},
+                                       {"Script Tags", "frmInsertScript"},
+                                       {"In-tag Scripts", "InScript"},
+                                       {"Scripting Tools", "frmScriptWizard"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -112,7 +117,7 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 18) << "five of them stand on two popups";
+    EXPECT_EQ(opened.size(), 21) << "five of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
 }
 
@@ -152,6 +157,35 @@ TEST_F(ToolCommands, ATableIsImportedIntoTheTableBuilder) {
     EXPECT_EQ(prompts.requests.back().directory, site.path());
     EXPECT_EQ(Active().Text1->Text().count("<td "), 4);
     EXPECT_TRUE(Active().Text1->Text().contains("12pt\">\r\nb\r\n</span>"));
+}
+
+// Those whose first field makes no markup by itself.
+TEST_F(ToolCommands, ScriptsComeFromTheMenu) {
+    Open();
+    Select();
+    InModal<ToolDialog>([&] { Trigger("mnuInTagScriptItem"); },
+                        [](ToolDialog& form) {
+                            EXPECT_EQ(form.objectName(), "InScript");
+                            const char* const typed[] = {"VBS", "onclick", "f"};
+                            for (const char* text : typed) {
+                                QTest::keyClicks(form.focusWidget(), text);
+                                QTest::keyClick(form.focusWidget(), text == typed[2] ? Qt::Key_Return : Qt::Key_Tab);
+                            }
+                        });
+    EXPECT_EQ(Active().Text1->Text(), "a language=\"VBS\" onclick=\"f\"b");
+    Active().HandleUndo();
+    EXPECT_EQ(Active().Text1->Text(), "axb");
+
+    InModal<ToolDialog>([&] { Trigger("mnuScriptingToolsItem"); },
+                        [](ToolDialog& form) {
+                            EXPECT_EQ(form.objectName(), "frmScriptWizard");
+                            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+                            QTest::keyClick(form.focusWidget(), Qt::Key_Down);
+                            QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+                        });
+    EXPECT_TRUE(Active().Text1->Text().contains("script language=\"VBScript\"")) << "the second list";
+    Active().HandleUndo();
+    EXPECT_EQ(Active().Text1->Text(), "axb");
 }
 
 // As when the session ends around an open form.

@@ -10,7 +10,10 @@
 #include "tools/pages/frm_quick_start.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
+#include "tools/scripts/frm_insert_script.h"
 #include "tools/scripts/frm_param.h"
+#include "tools/scripts/frm_script_wizard.h"
+#include "tools/scripts/in_script.h"
 #include "tools/tables/frm_tables.h"
 #include "tools/text/frm_fonts.h"
 #include "tools/text/frm_paragraphs.h"
@@ -27,14 +30,25 @@ struct Leaving {
 };
 
 constexpr Leaving tools[] = {
-    {"frmAnchors", ShowTool<frmAnchors>, true},        {"frmApplet", ShowTool<frmApplet>, false},
-    {"frmSound", ShowTool<frmSound>, false},           {"frmFonts", ShowTool<frmFonts>, true},
-    {"frmIFrame", ShowTool<frmIFrame>, false},         {"HRule", ShowTool<HRule>, false},
-    {"frmParam", ShowTool<frmParam>, false},           {"ASP", ShowTool<ASP>, false},
-    {"frmGraphics", ShowTool<frmGraphics>, false},     {"FormWizard", ShowTool<FormWizard>, false},
-    {"frmLists", ShowTool<frmLists>, false},           {"frmParagraphs", ShowTool<frmParagraphs>, true},
-    {"frmQuickStart", ShowTool<frmQuickStart>, false}, {"FormWizard2", ShowTool<FormWizard2>, true},
-    {"FormWizard3", ShowTool<FormWizard3>, true},      {"frmTables", ShowTableBuilder, true, "Command4"},
+    {"frmAnchors", ShowTool<frmAnchors>, true},
+    {"frmApplet", ShowTool<frmApplet>, false},
+    {"frmSound", ShowTool<frmSound>, false},
+    {"frmFonts", ShowTool<frmFonts>, true},
+    {"frmIFrame", ShowTool<frmIFrame>, false},
+    {"HRule", ShowTool<HRule>, false},
+    {"frmParam", ShowTool<frmParam>, false},
+    {"ASP", ShowTool<ASP>, false},
+    {"frmGraphics", ShowTool<frmGraphics>, false},
+    {"FormWizard", ShowTool<FormWizard>, false},
+    {"frmLists", ShowTool<frmLists>, false},
+    {"frmParagraphs", ShowTool<frmParagraphs>, true},
+    {"frmQuickStart", ShowTool<frmQuickStart>, false},
+    {"FormWizard2", ShowTool<FormWizard2>, true},
+    {"FormWizard3", ShowTool<FormWizard3>, true},
+    {"frmScriptWizard", ShowTool<frmScriptWizard>, true},
+    {"frmInsertScript", ShowTool<frmInsertScript>, true},
+    {"InScript", ShowInScript, false},
+    {"frmTables", ShowTableBuilder, true, "Command4"},
 };
 
 class CancelledTools : public ToolFixture {};
