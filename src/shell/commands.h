@@ -18,6 +18,7 @@
 #include "tools/pages/new_wizards.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
+#include "tools/scripts/frm_controls.h"
 #include "tools/scripts/frm_insert_script.h"
 #include "tools/scripts/frm_param.h"
 #include "tools/scripts/frm_script_wizard.h"
@@ -129,7 +130,7 @@ inline constexpr Command inTagStyle = later;
 inline constexpr Command applet = Open<frmApplet>();
 inline constexpr Command listBuilder = Open<frmLists>();
 inline constexpr Command marquee = later;
-inline constexpr Command object = later;
+inline constexpr Command object = Open<frmControls>();
 inline constexpr Command paragraphBuilder = Open<frmParagraphs>();
 inline constexpr Command parameters = Open<frmParam>();
 inline constexpr Command quickstart = Open<frmQuickStart>();

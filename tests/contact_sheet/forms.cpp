@@ -17,7 +17,9 @@
 #include "tools/pages/new_wizards.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
+#include "tools/scripts/frm_controls.h"
 #include "tools/scripts/frm_insert_script.h"
+#include "tools/scripts/frm_options.h"
 #include "tools/scripts/frm_param.h"
 #include "tools/scripts/frm_script_wizard.h"
 #include "tools/scripts/in_script.h"
@@ -223,6 +225,12 @@ const std::vector<Form>& Forms() {
         {"frmScriptWizard", MakeScripts},
         {"frmInsertScript", Make<frmInsertScript>},
         {"InScript", Make<InScript>},
+        {"frmControls", Make<frmControls>},
+        {"frmOptions",
+         [](Stage& stage) {
+             const Control control{"Button", "{0000AAAA-0000-0000-0000-000000000001}", "Forms.Button.1"};
+             return std::make_unique<frmOptions>(stage.bench, control);
+         }},
         {"frmGraphics", Make<frmGraphics>},
         {"frmQuickStart", MakeQuickStart},
         {"frmParagraphs", MakeParagraphs},

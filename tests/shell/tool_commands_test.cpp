@@ -106,7 +106,8 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
                                        {"Table Builder", "frmTables"},
                                        {"Script Tags", "frmInsertScript"},
                                        {"In-tag Scripts", "InScript"},
-                                       {"Scripting Tools", "frmScriptWizard"}};
+                                       {"Scripting Tools", "frmScriptWizard"},
+                                       {"Object Tags", "frmControls"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -117,7 +118,7 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 21) << "five of them stand on two popups";
+    EXPECT_EQ(opened.size(), 22) << "five of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
 }
 
@@ -160,7 +161,7 @@ TEST_F(ToolCommands, ATableIsImportedIntoTheTableBuilder) {
 }
 
 // Those whose first field makes no markup by itself.
-TEST_F(ToolCommands, ScriptsComeFromTheMenu) {
+TEST_F(ToolCommands, ScriptsAndControlsComeFromTheMenu) {
     Open();
     Select();
     InModal<ToolDialog>([&] { Trigger("mnuInTagScriptItem"); },
@@ -185,6 +186,13 @@ TEST_F(ToolCommands, ScriptsComeFromTheMenu) {
                         });
     EXPECT_TRUE(Active().Text1->Text().contains("script language=\"VBScript\"")) << "the second list";
     Active().HandleUndo();
+    EXPECT_EQ(Active().Text1->Text(), "axb");
+
+    InModal<ToolDialog>([&] { Trigger("mnuObjectItem"); },
+                        [](ToolDialog& form) {
+                            EXPECT_EQ(form.objectName(), "frmControls");
+                            QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+                        });
     EXPECT_EQ(Active().Text1->Text(), "axb");
 }
 

@@ -10,6 +10,7 @@
 #include "tools/pages/frm_quick_start.h"
 #include "tools/scripts/asp.h"
 #include "tools/scripts/frm_applet.h"
+#include "tools/scripts/frm_controls.h"
 #include "tools/scripts/frm_insert_script.h"
 #include "tools/scripts/frm_param.h"
 #include "tools/scripts/frm_script_wizard.h"
@@ -48,6 +49,7 @@ constexpr Leaving tools[] = {
     {"frmScriptWizard", ShowTool<frmScriptWizard>, true},
     {"frmInsertScript", ShowTool<frmInsertScript>, true},
     {"InScript", ShowInScript, false},
+    {"frmControls", ShowTool<frmControls>, false},
     {"frmTables", ShowTableBuilder, true, "Command4"},
 };
 

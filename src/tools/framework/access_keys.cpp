@@ -1,6 +1,7 @@
 #include "tools/framework/access_keys.h"
 
 #include <QAbstractButton>
+#include <QGroupBox>
 #include <QLabel>
 #include <QTabWidget>
 
@@ -69,6 +70,10 @@ std::vector<Caption> CaptionsOf(QWidget& form, QTabWidget* tabs) {
         captions.push_back({tabs->tabText(i), [tabs, i](const QString& text) { tabs->setTabText(i, text); }});
     }
     for (QWidget* widget : form.findChildren<QWidget*>()) {
+        if (auto* group = qobject_cast<QGroupBox*>(widget); group && MarkedLetter(group->title()) > 0) {
+            // It keeps its own; the others have none.
+            captions.push_back({group->title(), [](const QString&) {}, PaneOf(widget, tabs)});
+        }
         if (!IsField(widget)) continue;
         if (auto* label = qobject_cast<QLabel*>(widget)) {
             captions.push_back(

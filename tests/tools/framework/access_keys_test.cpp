@@ -2,6 +2,7 @@
 
 #include "tests/tools/tool_fixture.h"
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 
@@ -29,6 +30,28 @@ TEST(AccessKeys, KeepClearOfThoseThatAreTaken) {
 
 TEST(AccessKeys, RunOut) {
     EXPECT_EQ(WithAccessKeys({"aa", "a", "..."}), (QStringList{"&aa", "a", "..."}));
+}
+
+// A frame with a letter of its own, and one without, whose fields want it too.
+class FramedTool : public ToolDialog {
+public:
+    explicit FramedTool(Workbench& bench) : ToolDialog(bench, "FramedTool", "Frames") {
+        AddFrame("&Lines", [this] { AddCheck(check_, "chkOne", "Lower"); });
+        AddFrame("More", [this] { AddCheck(check_, "chkTwo", "Mixed"); });
+        Finish([] { return QString(); });
+    }
+
+private:
+    bool check_ = false;
+};
+
+TEST_F(ToolFixture, AFrameKeepsItsLetterForItself) {
+    const FramedTool tool(bench);
+    EXPECT_EQ(Get<QCheckBox>(tool, "chkOne").text(), "Lo&wer");
+    EXPECT_EQ(Get<QCheckBox>(tool, "chkTwo").text(), "&Mixed");
+    QStringList titles;
+    for (const QGroupBox* frame : tool.findChildren<QGroupBox*>()) titles << frame->title();
+    EXPECT_EQ(titles, (QStringList{"&Lines", "More"}));
 }
 
 // Two panes with a field each.
