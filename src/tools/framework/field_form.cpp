@@ -1,5 +1,6 @@
 #include "tools/framework/field_form.h"
 
+#include "tools/framework/side_tabs.h"
 #include "values/color_hex.h"
 #include "widgets/color_swatch.h"
 
@@ -54,7 +55,8 @@ FieldForm::FieldForm(Workbench& bench, const QString& name, const QString& capti
 }
 
 void FieldForm::AddTabs() {
-    tabs_ = Named<QTabWidget>(QStringLiteral("TabStrip1"));
+    tabs_ =
+        tabsAside_ ? Named<SideTabWidget>(QStringLiteral("TabStrip1")) : Named<QTabWidget>(QStringLiteral("TabStrip1"));
     tabs_->setAccessibleName(windowTitle());
     AddGrowing(tabs_);
     for (QToolButton* scroller : tabs_->findChildren<QToolButton*>()) scroller->setFocusPolicy(Qt::NoFocus);
@@ -216,7 +218,8 @@ QPushButton* FieldForm::AddClosingRow(const Captioned& button, const std::functi
     if (tabs_) {
         End();
         // Tabs that can scroll ask for no room of their own.
-        outer->addStrut(std::min(tabs_->tabBar()->sizeHint().width(), screen()->availableSize().width() * 9 / 10));
+        if (!tabsAside_)
+            outer->addStrut(std::min(tabs_->tabBar()->sizeHint().width(), screen()->availableSize().width() * 9 / 10));
     }
     End();
     auto* const row = new QHBoxLayout;

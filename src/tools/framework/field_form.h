@@ -36,6 +36,8 @@ signals:
 protected:
     FieldForm(Workbench& bench, const QString& name, const QString& caption);
 
+    // Before the first pane: the tabs will stand one below the other, as their captions are too long for a row.
+    void PutTabsAside() { tabsAside_ = true; }
     // A tab of TabStrip1 and its pane picOption(n); what is added next stands on it. Ctrl+Tab and Ctrl+Page Down turn
     // the panes wherever the keyboard is, with Shift and by Page Up the other way.
     void AddPane(const QString& caption, const QString& toolTip = {});
@@ -99,6 +101,7 @@ private:
 
     std::vector<std::function<void()>> shows_;
     bool showing_ = false;
+    bool tabsAside_ = false;
 };
 
 }  // namespace vellum

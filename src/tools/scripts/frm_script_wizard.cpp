@@ -38,6 +38,7 @@ QPixmap Patches(const QStringList& colors, QSize size) {
 }  // namespace
 
 frmScriptWizard::frmScriptWizard(Workbench& bench) : ToolDialog(bench, "frmScriptWizard", "Premade Scripts") {
+    PutTabsAside();
     AddPane("Premade Scripts");
     AddPremade();
     AddPane("Popup Image", {}, [this] { return BuildPopupImage(); });
