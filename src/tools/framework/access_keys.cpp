@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
+#include <QStackedWidget>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -16,7 +17,7 @@ namespace {
 struct Caption {
     QString text;
     std::function<void(const QString&)> set;
-    const QWidget* pane = nullptr;  // the pane of a tab widget that it stands on
+    const QWidget* pane = nullptr;  // the innermost pane of a tab widget or a stack that it stands on
 };
 
 // The index of the marked letter; -1 when none is marked. Two in a row are a plain ampersand.
@@ -57,30 +58,33 @@ bool IsField(const QWidget* widget) {
     return button && !button->text().isEmpty() && !button->inherits("QToolButton");
 }
 
-const QWidget* PaneOf(const QWidget* widget, const QTabWidget* tabs) {
-    for (int i = 0; tabs && i < tabs->count(); ++i) {
-        if (tabs->widget(i)->isAncestorOf(widget)) return tabs->widget(i);
+// The panes of a tab widget stand in a stack of its own.
+const QWidget* PaneOf(const QWidget* widget) {
+    for (; !widget->isWindow() && widget->parentWidget(); widget = widget->parentWidget()) {
+        if (qobject_cast<const QStackedWidget*>(widget->parentWidget())) return widget;
     }
     return nullptr;
 }
 
-std::vector<Caption> CaptionsOf(QWidget& form, QTabWidget* tabs) {
+std::vector<Caption> CaptionsOf(QWidget& form) {
     std::vector<Caption> captions;
-    for (int i = 0; tabs && i < tabs->count(); ++i) {
-        captions.push_back({tabs->tabText(i), [tabs, i](const QString& text) { tabs->setTabText(i, text); }});
+    for (QTabWidget* tabs : form.findChildren<QTabWidget*>()) {
+        for (int i = 0; i < tabs->count(); ++i) {
+            captions.push_back(
+                {tabs->tabText(i), [tabs, i](const QString& text) { tabs->setTabText(i, text); }, PaneOf(tabs)});
+        }
     }
     for (QWidget* widget : form.findChildren<QWidget*>()) {
         if (auto* group = qobject_cast<QGroupBox*>(widget); group && MarkedLetter(group->title()) > 0) {
             // It keeps its own; the others have none.
-            captions.push_back({group->title(), [](const QString&) {}, PaneOf(widget, tabs)});
+            captions.push_back({group->title(), [](const QString&) {}, PaneOf(widget)});
         }
         if (!IsField(widget)) continue;
         if (auto* label = qobject_cast<QLabel*>(widget)) {
-            captions.push_back(
-                {label->text(), [label](const QString& text) { label->setText(text); }, PaneOf(widget, tabs)});
+            captions.push_back({label->text(), [label](const QString& text) { label->setText(text); }, PaneOf(widget)});
         } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
             captions.push_back(
-                {button->text(), [button](const QString& text) { button->setText(text); }, PaneOf(widget, tabs)});
+                {button->text(), [button](const QString& text) { button->setText(text); }, PaneOf(widget)});
         }
     }
     return captions;
@@ -98,6 +102,16 @@ QString SetOn(const std::vector<Caption>& captions, const QWidget* pane, const Q
     const QStringList marked = WithAccessKeys(texts, taken);
     for (std::size_t i = 0; i < here.size(); ++i) here[i]->set(marked.at(static_cast<qsizetype>(i)));
     return taken + MarkedLetters(marked);
+}
+
+// On a pane, or on what stands on none, and then on the panes in it.
+void SetOnAndInside(const QWidget& form, const std::vector<Caption>& captions, const QWidget* pane,
+                    const QString& taken) {
+    const QString shared = SetOn(captions, pane, taken);
+    for (const QStackedWidget* stack : form.findChildren<QStackedWidget*>()) {
+        if (PaneOf(stack) != pane) continue;
+        for (int i = 0; i < stack->count(); ++i) SetOnAndInside(form, captions, stack->widget(i), shared);
+    }
 }
 
 }  // namespace
@@ -118,10 +132,7 @@ QStringList WithAccessKeys(const QStringList& captions, const QString& taken) {
 }
 
 void SetAccessKeys(QWidget& form) {
-    auto* tabs = form.findChild<QTabWidget*>();
-    const std::vector<Caption> captions = CaptionsOf(form, tabs);
-    const QString shared = SetOn(captions, nullptr, {});
-    for (int i = 0; tabs && i < tabs->count(); ++i) SetOn(captions, tabs->widget(i), shared);
+    SetOnAndInside(form, CaptionsOf(form), nullptr, {});
 }
 
 }  // namespace vellum

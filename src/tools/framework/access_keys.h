@@ -13,8 +13,8 @@ namespace vellum {
 [[nodiscard]] QStringList WithAccessKeys(const QStringList& captions, const QString& taken = {});
 
 // Sets them on what stands in a form, in the order of the Tab key: labels that belong to a field, check boxes, options
-// and buttons. The panes of a tab widget show one at a time, so each has the alphabet for itself, without the letters
-// of the tabs and of what stands outside.
+// and buttons. The panes of a tab widget or of a stack show one at a time, so each has the alphabet for itself, without
+// the letters of the tabs and of what stands outside.
 void SetAccessKeys(QWidget& form);
 
 }  // namespace vellum

@@ -85,5 +85,32 @@ TEST_F(ToolFixture, EachPaneHasTheLettersForItself) {
     EXPECT_EQ(Get<QPushButton>(tool, "cmdOK").text(), "&OK");
 }
 
+// Two panes that take turns, with a field each.
+class StackedTool : public ToolDialog {
+public:
+    explicit StackedTool(Workbench& bench) : ToolDialog(bench, "StackedTool", "Panes") {
+        AddText(text_, "txtOutside", "Place");
+        AddStack("picPane", {[this] { AddText(text_, "txtOne", "Name"); },
+                             [this] {
+                                 AddText(text_, "txtTwo", "Name");
+                                 AddText(text_, "txtThree", "Part");
+                             }});
+        Finish([] { return QString(); });
+    }
+
+private:
+    QString text_;
+};
+
+TEST_F(ToolFixture, PanesThatTakeTurnsHaveTheLettersForThemselves) {
+    const StackedTool tool(bench);
+    QStringList labels;
+    for (const QLabel* label : tool.findChildren<QLabel*>()) {
+        if (label->buddy()) labels << label->text();
+    }
+    labels.sort();
+    EXPECT_EQ(labels, (QStringList{"&Name", "&Name", "&Place", "P&art"}));
+}
+
 }  // namespace
 }  // namespace vellum::test
