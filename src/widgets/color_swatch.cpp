@@ -19,18 +19,29 @@ ColorSwatch::ColorSwatch(Prompts& prompts, QWidget* parent) : QPushButton(parent
 
 void ColorSwatch::SetColor(ColorNumber color) {
     color_ = color;
-    const QColor shown = ColorFromNumber(color);
+    ShowColor(ColorFromNumber(color));
+    emit ColorChanged(color);
+}
+
+void ColorSwatch::SetNone() {
+    color_ = 0;
+    ShowColor({});
+}
+
+void ColorSwatch::ShowColor(const QColor& color) {
     QPixmap pixmap(iconSize() * devicePixelRatioF());
     pixmap.setDevicePixelRatio(devicePixelRatioF());
-    pixmap.fill(shown);
+    pixmap.fill(color.isValid() ? color : Qt::transparent);
     QPainter painter(&pixmap);
     painter.setPen(Qt::gray);  // seen against a light button as against a dark one
-    painter.drawRect(QRect(QPoint(0, 0), iconSize()).adjusted(0, 0, -1, -1));
+    const QRect edge = QRect(QPoint(0, 0), iconSize()).adjusted(0, 0, -1, -1);
+    painter.drawRect(edge);
+    if (!color.isValid()) painter.drawLine(edge.bottomLeft(), edge.topRight());
     painter.end();
     setIcon(pixmap);
-    setToolTip(shown.name().toUpper());
-    setAccessibleDescription(shown.name().toUpper());
-    emit ColorChanged(color);
+    const QString told = color.isValid() ? color.name().toUpper() : tr("No color");
+    setToolTip(told);
+    setAccessibleDescription(told);
 }
 
 }  // namespace vellum

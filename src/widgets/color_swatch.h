@@ -16,11 +16,15 @@ public:
 
     [[nodiscard]] ColorNumber Color() const { return color_; }
     void SetColor(ColorNumber color);  // also tells it, as "#RRGGBB", to the pointer and to the screen reader
+    void SetNone();                    // shows that no colour is set; the colour dialog starts with black then
 
 signals:
     void ColorChanged(ColorNumber color);
 
 private:
+    // Crossed out where there is none.
+    void ShowColor(const QColor& color);
+
     ColorNumber color_ = 0;
 };
 

@@ -33,6 +33,16 @@ TEST_F(ColorSwatches, ShowAndTellTheirColor) {
     EXPECT_EQ(Middle(), QColor(255, 255, 255));
 }
 
+TEST_F(ColorSwatches, ShowThatThereIsNone) {
+    const QImage black = swatch.grab().toImage();
+    swatch.SetNone();
+    EXPECT_EQ(swatch.toolTip(), "No color");
+    EXPECT_EQ(swatch.accessibleDescription(), "No color");
+    EXPECT_NE(swatch.grab().toImage(), black);
+    swatch.SetColor(0);
+    EXPECT_EQ(swatch.grab().toImage(), black);
+}
+
 TEST_F(ColorSwatches, AskForAnotherColorFromTheirOwnOn) {
     std::vector<ColorNumber> told;
     QObject::connect(&swatch, &ColorSwatch::ColorChanged, [&](ColorNumber color) { told.push_back(color); });
