@@ -1,6 +1,7 @@
 #include "tools/framework/color_ramp.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace vellum {
 namespace {
@@ -39,6 +40,40 @@ TEST(ColorRampOf, OneStepIsTheFirstColor) {
 TEST(ColorRampOf, MoreStepsThanThereAreColorsStayAtTheFirst) {
     EXPECT_EQ(ColorRamp(black, white, 256).join(' '), QStringList(256, "#000000").join(' '));
     EXPECT_EQ(ColorRamp(black, white, 255).last(), "#FEFEFE");
+}
+
+// The channel of a step by plain arithmetic.
+int Channel(int first, int last, int steps, int step) {
+    const int difference = last - first;
+    const int increment = difference < 0 ? -(-difference / steps) : difference / steps;
+    return increment * step + first;
+}
+
+TEST(ColorRampOf, AnyPairOfColorsInAnyNumberOfSteps) {
+    std::mt19937 random(20020);
+    std::uniform_int_distribution<int> channels(0, 255);
+    std::uniform_int_distribution<int> counts(1, 300);
+    for (int round = 0; round < 2000; ++round) {
+        const int first[] = {channels(random), channels(random), channels(random)};
+        const int last[] = {channels(random), channels(random), channels(random)};
+        const int steps = counts(random);
+        const auto number = [](const int(&rgb)[3]) {
+            return static_cast<ColorNumber>(rgb[0] | rgb[1] << 8 | rgb[2] << 16);
+        };
+        const QStringList colors = ColorRamp(number(first), number(last), steps);
+        ASSERT_EQ(colors.size(), steps);
+        for (int step = 0; step < steps; ++step) {
+            QString expected = "#";
+            for (int i = 0; i < 3; ++i) {
+                const int channel = Channel(first[i], last[i], steps, step);
+                ASSERT_GE(channel, 0);
+                ASSERT_LE(channel, 255);
+                const QString hex = QString::number(channel, 16).toUpper();
+                expected += hex.size() == 1 ? '0' + hex : hex;
+            }
+            ASSERT_EQ(colors.at(step), expected) << "step " << step << " of " << steps;
+        }
+    }
 }
 
 TEST(ColorRampOf, NoStepsAreNoColors) {
