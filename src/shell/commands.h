@@ -23,8 +23,10 @@
 #include "tools/scripts/frm_param.h"
 #include "tools/scripts/frm_script_wizard.h"
 #include "tools/scripts/in_script.h"
+#include "tools/styles/css.h"
 #include "tools/tables/frm_tables.h"
 #include "tools/tables/table_importer.h"
+#include "tools/text/cstuff.h"
 #include "tools/text/frm_fonts.h"
 #include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
@@ -124,9 +126,9 @@ inline constexpr Command formInput = later;
 inline constexpr Command horizontalRule = Open<HRule>();
 inline constexpr Command image = Open<frmGraphics>();
 inline constexpr Command imageMap = later;
-inline constexpr Command inlineStyle = later;
+inline constexpr Command inlineStyle{[](MDIform1& window) { ShowTool<CSS>(window, StyleMode::Inline); }};
 inline constexpr Command inTagScript{[](MDIform1& window) { ShowInScript(window); }};
-inline constexpr Command inTagStyle = later;
+inline constexpr Command inTagStyle{[](MDIform1& window) { ShowInTagStyle(window); }};
 inline constexpr Command applet = Open<frmApplet>();
 inline constexpr Command listBuilder = Open<frmLists>();
 inline constexpr Command marquee = later;
@@ -137,8 +139,8 @@ inline constexpr Command quickstart = Open<frmQuickStart>();
 inline constexpr Command scriptTags = Open<frmInsertScript>();
 inline constexpr Command scriptingTools = Open<frmScriptWizard>();
 inline constexpr Command searchEngines = later;
-inline constexpr Command specialEffects = later;
-inline constexpr Command styleSheet = later;
+inline constexpr Command specialEffects = Open<CStuff>();
+inline constexpr Command styleSheet = Open<CSS>();
 inline constexpr Command tableBuilder{[](MDIform1& window) { ShowTableBuilder(window); }};
 inline constexpr Command orbiter = later;
 inline constexpr Command visualEditor{EditVisually, Needs::Preview};

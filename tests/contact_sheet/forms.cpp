@@ -23,9 +23,11 @@
 #include "tools/scripts/frm_param.h"
 #include "tools/scripts/frm_script_wizard.h"
 #include "tools/scripts/in_script.h"
+#include "tools/styles/css.h"
 #include "tools/tables/frm_tables.h"
 #include "tools/tables/table_grid.h"
 #include "tools/tables/table_importer.h"
+#include "tools/text/cstuff.h"
 #include "tools/text/frm_fonts.h"
 #include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
@@ -107,6 +109,33 @@ std::unique_ptr<QWidget> MakeParagraphs(Stage& stage) {
     rich.paragraphs = {{.alignment = RichAlignment::Center}, {}, {.bullet = true}, {.bullet = true}, {}};
     auto form = std::make_unique<frmParagraphs>(stage.bench);
     form->findChild<RichSurface*>("Text1")->SetContent(rich);
+    return form;
+}
+
+// With values of many pages, and the one that shows.
+template <StyleMode mode, int page>
+std::unique_ptr<QWidget> MakeStyles(Stage& stage) {
+    auto form = std::make_unique<CSS>(stage.bench, mode);
+    const std::pair<int, const char*> values[] = {{1, "14pt"},  {4, "bold"},      {7, "center"},  {13, "#FFF4D0"},
+                                                  {17, "NAVY"}, {22, "OLIVE"},    {29, "groove"}, {33, "6px"},
+                                                  {37, "8px"},  {38, "12px"},     {40, "10px"},   {44, "8px"},
+                                                  {52, "10px"}, {54, "relative"}, {58, "2"}};
+    for (const auto& [property, value] : values) {
+        form->findChild<QComboBox*>(QString("cboStyle(%1)").arg(property))->setEditText(value);
+    }
+    form->findChild<QComboBox*>("cboCategory")->setCurrentIndex(page);
+    return form;
+}
+
+// With something to see on each tab.
+std::unique_ptr<QWidget> MakeEffects(Stage& stage) {
+    auto form = std::make_unique<CStuff>(stage.bench);
+    form->findChild<QLineEdit*>("Text17")->setText("Made of calfskin");
+    form->findChild<QLineEdit*>("Text1")->setText("Vellum goes up and down");
+    form->findChild<QComboBox*>("Combo2")->setCurrentIndex(5);
+    form->findChild<QLineEdit*>("Text2")->setText("24");
+    form->findChild<QLineEdit*>("Text16")->setText("Vellum lasts for centuries");
+    form->findChild<QComboBox*>("Combo3")->setEditText("24pt");
     return form;
 }
 
@@ -236,6 +265,11 @@ const std::vector<Form>& Forms() {
         {"frmParagraphs", MakeParagraphs},
         {"frmTables", MakeTables},
         {"TableImporter", MakeImporter},
+        {"CSS", MakeStyles<StyleMode::Sheet, 0>},
+        {"CSS, layout", MakeStyles<StyleMode::Sheet, 2>},
+        {"CSS, inline", MakeStyles<StyleMode::Inline, 1>},
+        {"CSS, in a tag", MakeStyles<StyleMode::InTag, 4>},
+        {"CStuff", MakeEffects},
         {"KitSample", Make<KitSample>},
         {"propform", MakeProperties},
         {"frmSettings", [](Stage& stage) { return std::make_unique<frmSettings>(stage.bench, stage.bench); }},

@@ -5,6 +5,7 @@
 #include "tools/frames/frame_page.h"
 #include "tools/pages/new_wizards.h"
 #include "tools/pages/page_skeletons.h"
+#include "tools/styles/css.h"
 
 #include <QToolButton>
 
@@ -62,6 +63,18 @@ TEST_F(NewCommand, BuildsFramesInANewDocument) {
                           "</head>\r\n\r\n",
                           "</head>\r\n\r\n<frame src=\"\" name=\"Row1Col1\" frameborder=\"0\" scrolling=\"no\" "
                           "noresize=\"noresize\">\r\n"));
+}
+
+TEST_F(NewCommand, WritesAStyleSheetIntoANewDocument) {
+    Open();
+    Active().Text1->SetText("old");
+    InModal<CSS>([this] { Pick(8); },
+                 [](CSS& form) {
+                     QTest::keyClicks(form.focusWidget(), "Arial");
+                     QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+                 });
+    EXPECT_EQ(Active().Caption(), "New 2");
+    EXPECT_EQ(Text(), "body {\r\n font-family: Arial;\r\n}\r\n\r\n");
 }
 
 }  // namespace

@@ -46,6 +46,17 @@ const Opened tools[] = {
      "<div style=\"text-align: left; font-size: 12pt; font-family: Times New Roman; color: #000000;\">\r\n"
      "<span>p</span>\r\n</div>\r\n</span>\r\n</p>\r\n<!-- End Paragraph -->",
      Qt::ControlModifier},
+    {"mnuStyleItem", "CSS", "f",
+     "<style type=\"text/css\">\r\n<!--\r\n/* <![CDATA[ */\r\n\r\nbody {\r\n font-family: f;\r\n}\r\n\r\n"
+     "/* ]]> */\r\n-->\r\n</style>"},
+    {"mnuInlineItem", "CSS", "f", "<div style=\" font-family: f;\">\r\nx\r\n</div>"},
+    {"inStyleItem", "CSS", "f", " style=\" font-family: f;\""},
+    {"mnuSpecialEffectsItem", "CStuff", "t",
+     "<!-- Begin 3D Text -->\r\n"
+     "<div style=\"margin-left: 0px; margin-top: 0px; font-family: Arial; font-size: 30pt; fontsize: 30pt; "
+     "font-weight: medium; font-style: normal; color: #C0C0C0;\">\r\nt\r\n</div>\r\n"
+     "<div style=\"margin-left: 2px; margin-top: -48px ; font-family: Arial; font-size: 30pt; fontsize: 30pt; "
+     "font-weight: medium; font-style: normal; color: #000000;\">\r\nt\r\n</div>\r\n<!-- End 3D Text -->"},
     {"mnuParameterItem", "frmParam", "n", "<param name=\"n\" value=\"\" />\r\n"},
 };
 
@@ -107,7 +118,11 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
                                        {"Script Tags", "frmInsertScript"},
                                        {"In-tag Scripts", "InScript"},
                                        {"Scripting Tools", "frmScriptWizard"},
-                                       {"Object Tags", "frmControls"}};
+                                       {"Object Tags", "frmControls"},
+                                       {"Style Sheet", "CSS"},
+                                       {"In-line Style Sheet", "CSS"},
+                                       {"In-tag Style", "CSS"},
+                                       {"Special Effects", "CStuff"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -118,7 +133,7 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 22) << "five of them stand on two popups";
+    EXPECT_EQ(opened.size(), 27) << "six of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
 }
 

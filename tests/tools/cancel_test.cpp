@@ -15,7 +15,9 @@
 #include "tools/scripts/frm_param.h"
 #include "tools/scripts/frm_script_wizard.h"
 #include "tools/scripts/in_script.h"
+#include "tools/styles/css.h"
 #include "tools/tables/frm_tables.h"
+#include "tools/text/cstuff.h"
 #include "tools/text/frm_fonts.h"
 #include "tools/text/frm_paragraphs.h"
 #include "tools/text/hrule.h"
@@ -51,6 +53,9 @@ constexpr Leaving tools[] = {
     {"InScript", ShowInScript, false},
     {"frmControls", ShowTool<frmControls>, false},
     {"frmTables", ShowTableBuilder, true, "Command4"},
+    {"CSS", ShowTool<CSS>, false},
+    {"CSS", ShowInTagStyle, false},
+    {"CStuff", ShowTool<CStuff>, false},
 };
 
 class CancelledTools : public ToolFixture {};

@@ -6,6 +6,7 @@
 #include "tools/framework/access_keys.h"
 #include "tools/pages/frm_quick_start.h"
 #include "tools/pages/page_skeletons.h"
+#include "tools/styles/css.h"
 #include "widgets/icons.h"
 
 #include <QEvent>
@@ -37,6 +38,10 @@ void StartStructure(Workbench& bench) {
     bench.PortableColor(markup);
 }
 
+void StartStyleSheet(Workbench& bench) {
+    ShowTool<CSS>(bench, StyleMode::NewSheet);
+}
+
 struct Choice {
     const char* label;
     const char* icon;
@@ -52,7 +57,7 @@ constexpr std::array<Choice, 9> choices{{
     {"Structural Tags", "structural", StartStructure},
     {"Table of Contents", "contents", nullptr},
     {"HTML Application", "application", nullptr},
-    {"External Style Sheet", "style-sheet", nullptr},
+    {"External Style Sheet", "style-sheet", StartStyleSheet},
 }};
 
 const Choice& ChoiceAt(int index) {
