@@ -15,11 +15,11 @@
 namespace vellum {
 namespace {
 
-const PageSurroundings plain{.homes = {"/home/me", "/work/home"}, .folders = {"/work/site"}};
+const PageSurroundings plain{.homes = {"/home/me", "/data/home"}, .folders = {"/data/site"}};
 
 TEST(MayBeShownRule, FilesOfPeopleAreForPages) {
     for (const char* file :
-         {"/work/site/a.png", "/work/images/a.png", "/home/me/site/a.png", "/home/you/site/a.png", "/srv/www/a.png",
+         {"/data/site/a.png", "/data/images/a.png", "/home/me/site/a.png", "/home/you/site/a.png", "/srv/www/a.png",
           "/tmp/a.png", "/media/me/disk/a.png", "/mnt/a.png", "/opt/a.png", "/etcetera/a.png", "/a.png"})
         EXPECT_TRUE(MayBeShown(file, plain)) << file;
 }
@@ -40,9 +40,9 @@ TEST(MayBeShownRule, SystemFoldersThatHoldSitesDisksAndSharedPicturesAreOpen) {
 
 TEST(MayBeShownRule, HiddenFilesOfAnyHomeAreNot) {
     for (const char* file : {"/home/me/.ssh/key", "/home/me/.netrc", "/home/me/site/.git/config", "/home/you/.ssh/key",
-                             "/work/home/.config/deep/down/x", "/var/home/you/.ssh/key"})
+                             "/data/home/.config/deep/down/x", "/var/home/you/.ssh/key"})
         EXPECT_FALSE(MayBeShown(file, plain)) << file;
-    EXPECT_TRUE(MayBeShown("/work/.hidden/a.png", plain)) << "in no home";
+    EXPECT_TRUE(MayBeShown("/data/.hidden/a.png", plain)) << "in no home";
     EXPECT_TRUE(MayBeShown("/home/.shared/a.png", plain)) << "in no home";
 }
 
