@@ -4,6 +4,7 @@
 #include "tools/framework/access_keys.h"
 
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -55,6 +56,8 @@ void ToolDialog::FocusFirstField() {
     const QWidget* const pane = tabs_ ? tabs_->currentWidget() : this;
     for (QWidget* field = pane->nextInFocusChain(); pane->isAncestorOf(field); field = field->nextInFocusChain()) {
         if ((field->focusPolicy() & Qt::TabFocus) == 0 || !field->isEnabled() || !field->isVisibleTo(pane)) continue;
+        const auto* const option = qobject_cast<const QRadioButton*>(field);
+        if (option && !option->isChecked()) continue;  // the one that is on stands for its group
         field->setFocus(Qt::TabFocusReason);
         return;
     }

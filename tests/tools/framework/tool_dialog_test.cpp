@@ -59,6 +59,19 @@ private:
     QString text_;
 };
 
+// Begins with options, of which not the first is on.
+class OptionTool : public ToolDialog {
+public:
+    explicit OptionTool(Workbench& bench) : ToolDialog(bench, "OptionTool", "Options") {
+        AddOption(which_, 1, "optOne", "One");
+        AddOption(which_, 2, "optTwo", "Two");
+        Finish([this] { return QString::number(which_); });
+    }
+
+private:
+    int which_ = 2;
+};
+
 class ToolDialogs : public ToolFixture {};
 
 TEST_F(ToolDialogs, StartInTheirFirstFieldWithItsTextSelected) {
@@ -70,6 +83,14 @@ TEST_F(ToolDialogs, StartInTheirFirstFieldWithItsTextSelected) {
         EXPECT_EQ(tool.focusWidget()->objectName(), "txtOne");
         EXPECT_EQ(Get<QLineEdit>(tool, "txtOne").selectedText(), "1");
     });
+}
+
+TEST_F(ToolDialogs, StartInTheOptionThatIsOn) {
+    Open<OptionTool>([](OptionTool& tool) {
+        EXPECT_EQ(tool.focusWidget()->objectName(), "optTwo");
+        Press(tool, Qt::Key_Return);
+    });
+    EXPECT_EQ(Text(), "2");
 }
 
 TEST_F(ToolDialogs, GoToTheFirstFieldOfAPaneThatIsTurnedTo) {
