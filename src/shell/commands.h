@@ -8,6 +8,9 @@
 #include "shell/mdi_arrange.h"
 #include "shell/mdiform1.h"
 #include "shell/window_commands.h"
+#include "tools/forms/frm_forms.h"
+#include "tools/forms/frm_input.h"
+#include "tools/forms/frm_search_engines.h"
 #include "tools/frames/form_wizard.h"
 #include "tools/frames/frm_iframe.h"
 #include "tools/links/frm_anchors.h"
@@ -121,8 +124,8 @@ inline constexpr Command sound = Open<frmSound>();
 inline constexpr Command floatingFrame = Open<frmIFrame>();
 inline constexpr Command frameBuilder{[](MDIform1& window) { ShowFrameBuilder(window); }};
 inline constexpr Command font = Open<frmFonts>();
-inline constexpr Command formWizard = later;
-inline constexpr Command formInput = later;
+inline constexpr Command formWizard = Open<frmForms>();
+inline constexpr Command formInput = Open<frmInput>();
 inline constexpr Command horizontalRule = Open<HRule>();
 inline constexpr Command image = Open<frmGraphics>();
 inline constexpr Command imageMap = later;
@@ -138,7 +141,7 @@ inline constexpr Command parameters = Open<frmParam>();
 inline constexpr Command quickstart = Open<frmQuickStart>();
 inline constexpr Command scriptTags = Open<frmInsertScript>();
 inline constexpr Command scriptingTools = Open<frmScriptWizard>();
-inline constexpr Command searchEngines = later;
+inline constexpr Command searchEngines = Open<frmSearchEngines>();
 inline constexpr Command specialEffects = Open<CStuff>();
 inline constexpr Command styleSheet = Open<CSS>();
 inline constexpr Command tableBuilder{[](MDIform1& window) { ShowTableBuilder(window); }};

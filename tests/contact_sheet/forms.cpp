@@ -5,6 +5,9 @@
 #include "shell/frm_settings.h"
 #include "shell/start.h"
 #include "tests/contact_sheet/kit_sample.h"
+#include "tools/forms/frm_forms.h"
+#include "tools/forms/frm_input.h"
+#include "tools/forms/frm_search_engines.h"
 #include "tools/frames/form_wizard.h"
 #include "tools/frames/frame_grid.h"
 #include "tools/frames/frame_page.h"
@@ -40,6 +43,7 @@
 #include <QLineEdit>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
@@ -93,6 +97,46 @@ std::unique_ptr<QWidget> MakeDefinitions(Stage& stage) {
     }
     grid->setRangeSelected({0, 1, 1, 1}, true);
     return form;
+}
+
+std::unique_ptr<QWidget> MakeMailForm(Stage& stage) {
+    stage.bench.prompts.inputs = {"scriptorium@example.com"};
+    auto form = std::make_unique<frmForms>(stage.bench);
+    form->findChild<QPushButton*>("cmdEmail")->click();
+    return form;
+}
+
+// With the fields of one kind, and a few of the common ones.
+std::unique_ptr<frmInput> MakeInput(Stage& stage, const char* option, const char* name) {
+    auto form = std::make_unique<frmInput>(stage.bench);
+    form->findChild<QRadioButton*>(option)->click();
+    form->findChild<QLineEdit*>("txtName")->setText(name);
+    form->findChild<QLineEdit*>("txtAccess")->setText("m");
+    return form;
+}
+
+std::unique_ptr<QWidget> MakeListbox(Stage& stage) {
+    auto form = MakeInput(stage, "Option10", "material");
+    auto* const grid = form->findChild<QTableWidget*>("Grid1");
+    const std::pair<const char*, const char*> rows[] = {
+        {"calf", "Vellum of calfskin"}, {"sheep", "Parchment"}, {"reed", "Papyrus"}};
+    for (int row = 0; const auto& [value, text] : rows) {
+        if (row > 0) form->findChild<QPushButton*>("cmdListPlus")->click();
+        grid->model()->setData(grid->model()->index(row, 0), value);
+        grid->model()->setData(grid->model()->index(row++, 1), text);
+    }
+    form->findChild<QComboBox*>("cboListSize")->setEditText("3");
+    return form;
+}
+
+std::unique_ptr<QWidget> MakeTextbox(Stage& stage) {
+    auto form = MakeInput(stage, "Option9", "remarks");
+    form->findChild<QPlainTextEdit*>("Text26")->setPlainText("Dear parchmenter,\n\n");
+    return form;
+}
+
+std::unique_ptr<QWidget> MakePassword(Stage& stage) {
+    return MakeInput(stage, "Option4", "password");
 }
 
 // With something of everything.
@@ -260,6 +304,12 @@ const std::vector<Form>& Forms() {
              const Control control{"Button", "{0000AAAA-0000-0000-0000-000000000001}", "Forms.Button.1"};
              return std::make_unique<frmOptions>(stage.bench, control);
          }},
+        {"frmForms", MakeMailForm},
+        {"frmInput", Make<frmInput>},
+        {"frmInput, list box", MakeListbox},
+        {"frmInput, text box", MakeTextbox},
+        {"frmInput, password", MakePassword},
+        {"frmSearchEngines", Make<frmSearchEngines>},
         {"frmGraphics", Make<frmGraphics>},
         {"frmQuickStart", MakeQuickStart},
         {"frmParagraphs", MakeParagraphs},

@@ -5,7 +5,6 @@
 
 #include <QFileInfo>
 #include <QLabel>
-#include <QStackedWidget>
 
 namespace vellum::contact_sheet {
 
@@ -14,8 +13,6 @@ KitSample::KitSample(Workbench& bench) : ToolDialog(bench, "KitSample", "Sample 
     AddSlides();
     AddPane("Colors");
     AddGradient();
-    AddPane("Options");
-    AddInput();
     Finish([] { return QString(); });
 }
 
@@ -57,24 +54,6 @@ void KitSample::AddGradient() {
                   const auto color = bench_.Ask().PickColor(this, 0);
                   return color ? QStringList(ColorToHex(*color)) : QStringList();
               }});
-}
-
-void KitSample::AddInput() {
-    AddFrame("Input", [this] {
-        AddOption(kind_, Kind::Button, "optButton", "Button");
-        AddOption(kind_, Kind::Password, "optPassword", "Password");
-        AddOption(kind_, Kind::Textbox, "optTextbox", "Textbox");
-    });
-    NextColumn();
-    QStackedWidget* const panes = AddStack("picInput", {[this] { AddText(label_, "txtLabel", "Button Label"); },
-                                                        [this] {
-                                                            AddText(width_, "txtWidth", "Width (In Spaces)");
-                                                            AddText(length_, "txtLength", "Maximum Length");
-                                                        },
-                                                        [this] { AddText(contents_, "txtContents", "Contents"); }});
-    Follow([this, panes] { panes->setCurrentIndex(static_cast<int>(kind_)); });
-    AddCheck(disabled_, "chkDisabled", "Input Disabled");
-    ShowWhile(AddFrame("Disabled", [this] { AddText(reason_, "txtReason", "Reason"); }), [this] { return disabled_; });
 }
 
 }  // namespace vellum::contact_sheet

@@ -11,11 +11,8 @@ public:
     explicit KitSample(Workbench& bench);
 
 private:
-    enum class Kind { Button, Password, Textbox };
-
     void AddSlides();
     void AddGradient();
-    void AddInput();
     [[nodiscard]] QStringList NewSlide(const QStringList& typed);
 
     QStringList sources_{"sunset.jpg", "calf.jpg"};
@@ -25,14 +22,6 @@ private:
     ColorNumber first_ = 0x800000;
     ColorNumber last_ = 0x40C0FF;
     QString steps_ = "12";
-
-    Kind kind_ = Kind::Password;
-    QString label_;
-    QString width_ = "20";
-    QString length_ = "8";
-    QString contents_;
-    bool disabled_ = true;
-    QString reason_;
 };
 
 }  // namespace vellum::contact_sheet

@@ -28,6 +28,12 @@ const Opened tools[] = {
     {"mnuBackgroundSoundItem", "frmSound", "s", "<bgsound src=\"s\" loop=\"INFINITE\">"},
     {"mnuFloatingFrameItem", "frmIFrame", "L", "<IFRAME align=\"L\" frameborder=\"0\" scrolling=\"no\"></iframe>"},
     {"mnuFontWizardItem", "frmFonts", "3", "<font size=\"3\">x</font>"},
+    {"mnuFormWizardItem", "frmForms", "f",
+     "<!-- Begin Form -->\r\n<form name=\"f\">\r\n\r\n\r\n</form>\r\n<!-- Form End -->"},
+    {"mnuFormInputItem", "frmInput", "", "<button></button>"},
+    {"mnuSearchEnginesItem", "frmSearchEngines", "Y",
+     "<form action=\"https://search.yahoo.com/bin/search\">\r\n<input size=\"30\" name=\"p\" />"
+     "<input type=\"submit\" value=\"Yahoo\" />\r\n</form>"},
     {"mnuHorizontalRuleItem", "HRule", "RED", "<hr color=\"RED\" size=\"4\" width=\"100%\" />"},
     {"mnuImageItem", "frmGraphics", "vrml", "<img vrml=\"\" />"},
     {"mnuAppletItem", "frmApplet", "C",
@@ -122,7 +128,10 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
                                        {"Style Sheet", "CSS"},
                                        {"In-line Style Sheet", "CSS"},
                                        {"In-tag Style", "CSS"},
-                                       {"Special Effects", "CStuff"}};
+                                       {"Special Effects", "CStuff"},
+                                       {"Form Wizard", "frmForms"},
+                                       {"Form Input", "frmInput"},
+                                       {"Search Engines", "frmSearchEngines"}};
     QStringList opened;
     for (const QMenu* popup : window->findChildren<QMenu*>(QRegularExpression("^pop"))) {
         for (QAction* item : popup->actions()) {
@@ -133,7 +142,7 @@ TEST_F(ToolCommands, TheTagBarOpensTheSameForms) {
             opened << item->text();
         }
     }
-    EXPECT_EQ(opened.size(), 27) << "six of them stand on two popups";
+    EXPECT_EQ(opened.size(), 30) << "six of them stand on two popups";
     EXPECT_EQ(QSet<QString>(opened.begin(), opened.end()).size(), forms.size());
 }
 

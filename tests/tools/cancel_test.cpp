@@ -1,5 +1,8 @@
 // What Cancel leaves behind, over all tools.
 #include "tests/tools/tool_fixture.h"
+#include "tools/forms/frm_forms.h"
+#include "tools/forms/frm_input.h"
+#include "tools/forms/frm_search_engines.h"
 #include "tools/frames/form_wizard.h"
 #include "tools/frames/frame_page.h"
 #include "tools/frames/frm_iframe.h"
@@ -56,6 +59,9 @@ constexpr Leaving tools[] = {
     {"CSS", ShowTool<CSS>, false},
     {"CSS", ShowInTagStyle, false},
     {"CStuff", ShowTool<CStuff>, false},
+    {"frmForms", ShowTool<frmForms>, false},
+    {"frmInput", ShowTool<frmInput>, false},
+    {"frmSearchEngines", ShowTool<frmSearchEngines>, false},
 };
 
 class CancelledTools : public ToolFixture {};
