@@ -160,6 +160,8 @@ TEST_F(InputForm, WritesEveryKind) {
              Press(tool, Qt::Key_Return);
              Keys(tool, "b");
              Press(tool, Qt::Key_Return, Qt::ControlModifier);
+             EXPECT_FALSE(tool.isVisible());
+             EXPECT_EQ(tool.Markup(), "<textarea cols=\"9\" rows=\"2\">a\r\nb</textarea>") << "CR LF already here";
          },
          "<textarea cols=\"9\" rows=\"2\">a\r\nb</textarea>"},
         {[](frmInput& tool) {
