@@ -1,6 +1,7 @@
 #include "tools/forms/frm_input.h"
 
 #include "surface/document_text.h"
+#include "tools/framework/ok_keys.h"
 #include "tools/framework/values.h"
 
 #include <QComboBox>
@@ -10,7 +11,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QStackedWidget>
 
 #include <algorithm>
@@ -57,10 +57,7 @@ frmInput::frmInput(Workbench& bench) : ToolDialog(bench, "frmInput", "Form Input
     QPushButton* const ok = Finish([this] { return InputMarkup(fields_); });
     // Its letter belongs to the check box, and Esc is its key.
     findChild<QPushButton*>("cmdCancel")->setText("Cancel");
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        connect(new QShortcut(Qt::CTRL | static_cast<Qt::Key>(key), this), &QShortcut::activated, ok,
-                &QPushButton::click);
-    }
+    PressByCtrlEnter(*ok);
 }
 
 void frmInput::AddKinds() {

@@ -1,6 +1,7 @@
 #include "tools/framework/text_grid.h"
 
 #include "tools/framework/cell_editor.h"
+#include "tools/framework/paper.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -39,13 +40,6 @@ public:
 ColorNumber ColorOf(const QModelIndex& cell) {
     const QVariant color = cell.data(Qt::ForegroundRole);
     return color.isValid() ? NumberFromColor(color.value<QBrush>().color()) : 0;
-}
-
-// Dark below a light text, else none of its own.
-QVariant BackgroundFor(const QColor& text) {
-    constexpr int light = 120;
-    constexpr QRgb dark = 0x202020;
-    return qGray(text.rgb()) > light ? QBrush(QColor(dark)) : QVariant();
 }
 
 // In any theme, as the page has no other colours than those that the author picks.
@@ -162,12 +156,13 @@ ColorNumber TextGrid::CurrentColor() const {
 
 void TextGrid::ColorSelection(ColorNumber color) {
     TakePageColors(*grid_);
-    const QColor shown = ColorFromNumber(color);
+    const QBrush text = ColorFromNumber(color);
+    const QBrush paper = ColorFromNumber(PaperFor(color));
     QModelIndexList cells = grid_->selectionModel()->selectedIndexes();
     if (cells.isEmpty()) cells << grid_->currentIndex();
     for (const QModelIndex& cell : cells) {
-        grid_->model()->setData(cell, QBrush(shown), Qt::ForegroundRole);
-        grid_->model()->setData(cell, BackgroundFor(shown), Qt::BackgroundRole);
+        grid_->model()->setData(cell, text, Qt::ForegroundRole);
+        grid_->model()->setData(cell, paper, Qt::BackgroundRole);
     }
     editor_->ShowColors();
 }

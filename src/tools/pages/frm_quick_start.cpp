@@ -1,6 +1,7 @@
 #include "tools/pages/frm_quick_start.h"
 
 #include "tools/framework/attributes.h"
+#include "tools/framework/paper.h"
 #include "tools/pages/page_skeletons.h"
 #include "values/color_hex.h"
 
@@ -69,14 +70,6 @@ QString BodyTag(const QuickStartFields& fields) {
 
 std::optional<ColorNumber> NamedColor(const QString& name) {
     return ColorNames().contains(name, Qt::CaseInsensitive) ? ColorFromText(name) : std::nullopt;
-}
-
-// What a text in this color is seen on.
-ColorNumber PaperFor(ColorNumber text) {
-    constexpr int light = 120;
-    constexpr ColorNumber white = 0xFFFFFF;
-    constexpr ColorNumber dark = 0x202020;
-    return qGray(ColorFromNumber(text).rgb()) > light ? dark : white;
 }
 
 }  // namespace

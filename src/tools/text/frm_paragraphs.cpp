@@ -6,6 +6,7 @@
 #include "import/rtf_writer.h"
 #include "import/text_import.h"
 #include "surface/document_text.h"
+#include "tools/framework/ok_keys.h"
 #include "widgets/icons.h"
 #include "widgets/wait_pointer.h"
 
@@ -107,10 +108,7 @@ frmParagraphs::frmParagraphs(Workbench& bench)
     AddTools();
     AddGrowing(Text1);
     QPushButton* const ok = Finish([this] { return ParagraphMarkup(Text1->Content()); }, OnCancel::FocusText);
-    // Enter is a line end here.
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
-        connect(new QShortcut(Qt::CTRL | key, this), &QShortcut::activated, ok, &QPushButton::click);
-    }
+    PressByCtrlEnter(*ok);  // Enter is a line end here
     connect(Text1, &RichSurface::SelChanged, this, &frmParagraphs::ShowSelection);
     ShowSelection();
     Text1->setFocus();
